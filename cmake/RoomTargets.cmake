@@ -1,0 +1,65 @@
+# The functions with which every folder declares its targets.
+
+include(CMakeParseArguments)
+
+add_library(room_options INTERFACE)
+target_compile_features(room_options INTERFACE cxx_std_17)
+target_compile_definitions(room_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
+target_compile_options(room_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                       $<$<BOOL:${ROOM_WARNINGS_AS_ERRORS}>:-Werror>)
+
+# room_library(NAME SOURCES ... [PUBLIC ...] [PRIVATE ...] [NO_QT_GENERATORS])
+#
+# A static library whose folder is its include folder: the headers of a library are visible only to those
+# that link it, so an include against the layering does not compile.
+function(room_library name)
+  cmake_parse_arguments(ARG "NO_QT_GENERATORS" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE room_options ${ARG_PRIVATE})
+  room_common_properties(${name})
+  if(NOT ARG_NO_QT_GENERATORS)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+  endif()
+endfunction()
+
+function(room_common_properties name)
+  set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
+                        VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
+endfunction()
+
+# room_executable(NAME SOURCES ... LINKS ...)
+function(room_executable name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE room_options ${ARG_LINKS})
+  room_common_properties(${name})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+endfunction()
+
+# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds])
+#
+# One test executable for one folder, run twice: in the C locale and in one with a decimal comma. Unless
+# WITHOUT_DISPLAY is given it runs on an X server of its own, so that tests can run side by side.
+function(room_test name)
+  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  set(target test_${name})
+  if(ARG_WITHOUT_DISPLAY)
+    set(main testmain_core)
+    set(launcher)
+  else()
+    set(main testmain_gui)
+    set(launcher ${CMAKE_SOURCE_DIR}/cmake/with-display)
+  endif()
+  if(NOT ARG_TIMEOUT)
+    set(ARG_TIMEOUT 300)
+  endif()
+  room_executable(${target} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} ${main} testlib Qt5::Test)
+  add_test(NAME ${name} COMMAND ${launcher} $<TARGET_FILE:${target}>)
+  add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}>)
+  set(quiet "QT_LOGGING_RULES=qt.qpa.*=false;QT_ACCESSIBILITY=0;LIBGL_ALWAYS_SOFTWARE=1")
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "LC_ALL=C.UTF-8;${quiet}")
+  set_tests_properties(${name}.comma PROPERTIES TIMEOUT ${ARG_TIMEOUT}
+    ENVIRONMENT "LOCPATH=${ROOM_LOCALE_PATH};LC_ALL=de_DE.UTF-8;ROOM_EXPECT_DECIMAL_COMMA=1;${quiet}")
+endfunction()

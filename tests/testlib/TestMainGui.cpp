@@ -1,0 +1,9 @@
+#include "TestRegistry.h"
+
+#include <QApplication>
+
+int main(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    return TestRegistry::runAll(argc, argv);
+}

@@ -1,0 +1,56 @@
+#include "TestRegistry.h"
+
+#include <QObject>
+#include <QtTest>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+constexpr int largestFailureCount = 100;
+constexpr int notRunnable = 101;
+
+std::vector<TestRegistry::Factory> &factories()
+{
+    static std::vector<TestRegistry::Factory> list;
+    return list;
+}
+
+bool localeIsAsExpected()
+{
+    if (std::getenv("ROOM_EXPECT_DECIMAL_COMMA") == nullptr)
+        return true;
+    std::setlocale(LC_ALL, "");
+    if (std::localeconv()->decimal_point[0] == ',')
+        return true;
+    std::fputs("The locale of this run does not print a decimal comma.\n", stderr);
+    return false;
+}
+
+} // namespace
+
+namespace TestRegistry {
+
+bool add(Factory factory)
+{
+    factories().push_back(factory);
+    return true;
+}
+
+int runAll(int argc, char **argv)
+{
+    if (!localeIsAsExpected() || factories().empty())
+        return notRunnable;
+    int failures = 0;
+    for (const Factory factory : factories()) {
+        const std::unique_ptr<QObject> test = factory();
+        failures += QTest::qExec(test.get(), argc, argv);
+    }
+    return std::min(failures, largestFailureCount);
+}
+
+} // namespace TestRegistry
