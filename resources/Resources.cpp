@@ -1,0 +1,8 @@
+#include "Resources.h"
+
+#include <QtGlobal>
+
+void loadResources()
+{
+    Q_INIT_RESOURCE(room_adjustment);
+}
