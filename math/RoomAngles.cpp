@@ -1,0 +1,126 @@
+#include "RoomAngles.h"
+
+#include "bsMatrix.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr double degreesPerRadian = 57.29577951308232;
+
+/// The whole number -1, 0 or 1 that the value is near to, or the value itself.
+double snapped(double value)
+{
+    constexpr double near = 1e-6;
+    if (value > -near && value < near)
+        return 0.0;
+    if (value > 0.999999 && value < 1.000001)
+        return 1.0;
+    if (value > -1.000001 && value < -0.999999)
+        return -1.0;
+    return value;
+}
+
+bool isNearWholeNumber(double value)
+{
+    const double whole = snapped(value);
+    return whole == 0.0 || whole == 1.0 || whole == -1.0;
+}
+
+double withPositiveHalfTurn(double degrees)
+{
+    return degrees > -180.01 && degrees <= -180.0 ? 180.0 : degrees;
+}
+
+double finiteOrZero(double value)
+{
+    return std::isfinite(value) ? value : 0.0;
+}
+
+} // namespace
+
+bool operator==(const RoomAngles &a, const RoomAngles &b)
+{
+    return a.eta == b.eta && a.theta == b.theta && a.phi == b.phi;
+}
+
+bool operator!=(const RoomAngles &a, const RoomAngles &b)
+{
+    return !(a == b);
+}
+
+bsMatrix rotationFromAngles(double eta, double theta, double phi)
+{
+    const double cx = std::cos(eta / degreesPerRadian);
+    const double sx = std::sin(eta / degreesPerRadian);
+    const double cy = std::cos(theta / degreesPerRadian);
+    const double sy = std::sin(theta / degreesPerRadian);
+    const double cz = std::cos(phi / degreesPerRadian);
+    const double sz = std::sin(phi / degreesPerRadian);
+    bsMatrix result;
+    result.setColumn(0, {cz * cy, cz * sy * sx + cx * sz, sz * sx - cz * sy * cx}, 0.0);
+    result.setColumn(1, {-sz * cy, cz * cx - sz * sy * sx, sz * sy * cx + cz * sx}, 0.0);
+    result.setColumn(2, {sy, -cy * sx, cy * cx}, 0.0);
+    return result;
+}
+
+bsMatrix rotationFromAngles(const RoomAngles &angles)
+{
+    return rotationFromAngles(angles.eta, angles.theta, angles.phi);
+}
+
+void snapAxisAligned(std::array<double, 9> &values)
+{
+    if (std::all_of(values.begin(), values.end(), isNearWholeNumber))
+        std::transform(values.begin(), values.end(), values.begin(), snapped);
+}
+
+void snapAxisAligned(bsMatrix &matrix)
+{
+    std::array<double, 9> rows = controllerRows(matrix);
+    snapAxisAligned(rows);
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column)
+            matrix.at(row, column) = rows[static_cast<std::size_t>(3 * row + column)];
+    }
+}
+
+RoomAngles anglesFromRotation(const std::array<double, 9> &rows)
+{
+    const auto [r00, r01, r02, r10, r11, r12, r20, r21, r22] = rows;
+    RoomAngles angles;
+    const double theta = std::asin(std::clamp(r02, -1.0, 1.0));
+    const bool gimbalLock = (r12 == 0.0 && r22 == 0.0) || (r01 == 0.0 && r00 == 0.0);
+    const double phi = gimbalLock ? 0.0 : -std::atan2(r01, r00);
+    const double eta = gimbalLock ? std::atan2(r21, r11) : -std::atan2(r12, r22);
+    angles.eta = withPositiveHalfTurn(eta * degreesPerRadian);
+    angles.theta = withPositiveHalfTurn(theta * degreesPerRadian);
+    angles.phi = withPositiveHalfTurn(phi * degreesPerRadian);
+    return angles;
+}
+
+RoomAngles displayedAngles(const std::array<double, 9> &rows)
+{
+    std::array<double, 9> copy = rows;
+    snapAxisAligned(copy);
+    const RoomAngles angles = anglesFromRotation(copy);
+    return {finiteOrZero(angles.eta), finiteOrZero(angles.theta), finiteOrZero(angles.phi)};
+}
+
+std::array<double, 9> controllerRows(const bsMatrix &matrix)
+{
+    return {matrix.at(0, 0), matrix.at(0, 1), matrix.at(0, 2), matrix.at(1, 0), matrix.at(1, 1),
+            matrix.at(1, 2), matrix.at(2, 0), matrix.at(2, 1), matrix.at(2, 2)};
+}
+
+bsMatrix rotationFromControllerRows(const std::array<double, 9> &rows)
+{
+    bsMatrix result;
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < 3; ++column)
+            result.at(row, column) = rows[static_cast<std::size_t>(3 * row + column)];
+    }
+    return result;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+
+class bsMatrix;
+
+/// The three rotation angles of the room in degrees: rx (eta), ry (theta), rz (phi).
+///
+/// They stand for the rotation Rx(eta) * Ry(theta) * Rz(phi).
+struct RoomAngles {
+    double eta = 0.0;
+    double theta = 0.0;
+    double phi = 0.0;
+};
+
+/// Exact comparison.
+bool operator==(const RoomAngles &a, const RoomAngles &b);
+bool operator!=(const RoomAngles &a, const RoomAngles &b);
+
+/// The rotation of three angles in degrees, in the upper 3x3 of the result.
+bsMatrix rotationFromAngles(double eta, double theta, double phi);
+bsMatrix rotationFromAngles(const RoomAngles &angles);
+
+/// Makes the nine values exact if every one of them is within 1e-6 of 0, 1 or -1; else changes nothing.
+///
+/// The order of the values does not matter. A zero of either sign becomes +0.
+void snapAxisAligned(std::array<double, 9> &values);
+
+/// The same for the upper 3x3 of a matrix.
+void snapAxisAligned(bsMatrix &matrix);
+
+/// The angles of a rotation that is given row by row: eta and phi in [-180, 180], theta in [-90, 90].
+///
+/// A half turn is +180. In gimbal lock (exact tests, so snap first) phi is 0 and eta holds the whole turn.
+/// The sine of theta is clamped to [-1, 1]; values that are not finite give angles that are not finite.
+RoomAngles anglesFromRotation(const std::array<double, 9> &rows);
+
+/// The angles to show to the user: those of a snapped copy, with 0 for each that is not finite.
+RoomAngles displayedAngles(const std::array<double, 9> &rows);
+
+/// The upper 3x3 row by row, as the controller reads and writes it.
+std::array<double, 9> controllerRows(const bsMatrix &matrix);
+
+/// The matrix whose upper 3x3 was given row by row; translation 0.
+bsMatrix rotationFromControllerRows(const std::array<double, 9> &rows);

@@ -1,0 +1,197 @@
+#include "RoomAngles.h"
+
+#include "MathSamples.h"
+#include "TestRegistry.h"
+
+#include <QtTest>
+
+#include <cmath>
+
+using namespace MathSamples;
+
+namespace
+{
+
+using Rows = std::array<double, 9>;
+
+bool isNear(const RoomAngles &angles, double eta, double theta, double phi, double tolerance = 1e-9)
+{
+    return std::abs(angles.eta - eta) <= tolerance && std::abs(angles.theta - theta) <= tolerance &&
+           std::abs(angles.phi - phi) <= tolerance;
+}
+
+} // namespace
+
+class RoomAnglesTest : public QObject
+{
+    Q_OBJECT
+private slots:
+    void shouldRotateAboutXLastInAColumnVector()
+    {
+        for (double eta = -170.0; eta <= 180.0; eta += 35.0) {
+            for (double theta = -85.0; theta <= 90.0; theta += 25.0) {
+                for (double phi = -180.0; phi <= 180.0; phi += 45.0)
+                    QVERIFY(distance(rotationFromAngles(eta, theta, phi), rotation(eta, theta, phi)) < 1e-14);
+            }
+        }
+    }
+
+    void shouldAgreeWithTheQuaternionOfThreeAngles()
+    {
+        const bsMatrix fromQuaternion =
+            bsMatrix::fromQuaternion(bsQuaternion::fromAngles(33.0, -41.0, 157.0));
+        QVERIFY(!rotationFromAngles(RoomAngles{33.0, -41.0, 157.0}).differs(fromQuaternion));
+    }
+
+    void shouldMakeAQuarterTurnExact()
+    {
+        bsMatrix quarter = rotationFromAngles(0.0, 0.0, 90.0);
+        snapAxisAligned(quarter);
+        const Rows expected = {0.0, -1.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0};
+        QVERIFY(controllerRows(quarter) == expected);
+        QVERIFY(isNear(anglesFromRotation(controllerRows(quarter)), 0.0, 0.0, 90.0));
+    }
+
+    void shouldGoBetweenRowOrderAndMatrix()
+    {
+        const Rows rows = {1.0, 2.0, 3.0, 4.0, 5.0, 6.0, 7.0, 8.0, 9.0};
+        const bsMatrix matrix = rotationFromControllerRows(rows);
+        QCOMPARE(matrix.at(0, 1), 2.0);
+        QCOMPARE(matrix.at(2, 0), 7.0);
+        QCOMPARE(matrix.at(3, 3), 1.0);
+        QVERIFY(matrix.column(3) == bsVector());
+        QVERIFY(controllerRows(matrix) == rows);
+    }
+
+    void shouldSnapOnlyWhenAllNineValuesAreNear_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<double>("snapped");
+        QTest::addColumn<bool>("near");
+        QTest::newRow("zero") << 0.0 << 0.0 << true;
+        QTest::newRow("negative zero") << -0.0 << 0.0 << true;
+        QTest::newRow("just above zero") << 0.9e-6 << 0.0 << true;
+        QTest::newRow("just below zero") << -0.9e-6 << 0.0 << true;
+        QTest::newRow("the limit above zero") << 1e-6 << 1e-6 << false;
+        QTest::newRow("the limit below zero") << -1e-6 << -1e-6 << false;
+        QTest::newRow("just above one") << 1.0000009 << 1.0 << true;
+        QTest::newRow("the limit above one") << 1.000001 << 1.000001 << false;
+        QTest::newRow("just below one") << 0.9999991 << 1.0 << true;
+        QTest::newRow("the limit below one") << 0.999999 << 0.999999 << false;
+        QTest::newRow("just below minus one") << -1.0000009 << -1.0 << true;
+        QTest::newRow("the limit below minus one") << -1.000001 << -1.000001 << false;
+        QTest::newRow("just above minus one") << -0.9999991 << -1.0 << true;
+        QTest::newRow("the limit above minus one") << -0.999999 << -0.999999 << false;
+        QTest::newRow("a half") << 0.5 << 0.5 << false;
+        QTest::newRow("infinity") << infinity << infinity << false;
+    }
+    void shouldSnapOnlyWhenAllNineValuesAreNear()
+    {
+        QFETCH(double, value);
+        QFETCH(double, snapped);
+        QFETCH(bool, near);
+        for (std::size_t place = 0; place < 9; ++place) {
+            Rows values = {1e-9, -1e-9, 1.0 + 1e-9, -0.0, 1.0 - 1e-9, -1.0 + 1e-9, -1.0, 1.0, 0.0};
+            const Rows untouched = values;
+            values[place] = value;
+            snapAxisAligned(values);
+            QCOMPARE(values[place], snapped);
+            QCOMPARE(std::signbit(values[place]), near ? snapped < 0.0 : std::signbit(value));
+            const std::size_t other = (place + 1) % 9;
+            QCOMPARE(values[other], near ? std::round(untouched[other]) : untouched[other]);
+        }
+    }
+
+    void shouldNotSnapWhenAValueIsNotANumber()
+    {
+        Rows values = {1.0 + 1e-9, 0.0, 0.0, 0.0, 1.0, 0.0, 0.0, 0.0, notANumber};
+        snapAxisAligned(values);
+        QCOMPARE(values[0], 1.0 + 1e-9);
+    }
+
+    void shouldReadBackTheAngles()
+    {
+        for (double eta = -175.0; eta < 180.0; eta += 35.5) {
+            for (double theta = -89.0; theta < 90.0; theta += 22.25) {
+                for (double phi = -179.5; phi < 180.0; phi += 44.0) {
+                    const RoomAngles angles = anglesFromRotation(rows(rotation(eta, theta, phi)));
+                    QVERIFY(isNear(angles, eta, theta, phi));
+                }
+            }
+        }
+    }
+
+    void shouldShowAHalfTurnAsPositive_data()
+    {
+        QTest::addColumn<double>("eta");
+        QTest::addColumn<double>("phi");
+        QTest::newRow("about x") << 180.0 << 0.0;
+        QTest::newRow("about minus x") << -180.0 << 0.0;
+        QTest::newRow("about z") << 0.0 << 180.0;
+        QTest::newRow("about minus z") << 0.0 << -180.0;
+        QTest::newRow("about both") << -180.0 << -180.0;
+    }
+    void shouldShowAHalfTurnAsPositive()
+    {
+        QFETCH(double, eta);
+        QFETCH(double, phi);
+        const RoomAngles angles = displayedAngles(rows(rotation(eta, 0.0, phi)));
+        QVERIFY(isNear(angles, std::abs(eta), 0.0, std::abs(phi)));
+    }
+
+    void shouldReportTheWholeTurnInEtaInGimbalLock_data()
+    {
+        QTest::addColumn<double>("eta");
+        QTest::addColumn<double>("theta");
+        QTest::addColumn<double>("phi");
+        QTest::addColumn<double>("expectedEta");
+        QTest::newRow("turn about z, up") << 0.0 << 90.0 << 90.0 << 90.0;
+        QTest::newRow("turn about x, up") << 90.0 << 90.0 << 0.0 << 90.0;
+        QTest::newRow("turn about z, down") << 0.0 << -90.0 << 90.0 << -90.0;
+        QTest::newRow("turns add up") << 90.0 << 90.0 << 90.0 << 180.0;
+        QTest::newRow("turns cancel") << 90.0 << -90.0 << 90.0 << 0.0;
+    }
+    void shouldReportTheWholeTurnInEtaInGimbalLock()
+    {
+        QFETCH(double, eta);
+        QFETCH(double, theta);
+        QFETCH(double, phi);
+        QFETCH(double, expectedEta);
+        QVERIFY(isNear(displayedAngles(rows(rotation(eta, theta, phi))), expectedEta, theta, 0.0));
+    }
+
+    void shouldTestForGimbalLockExactly()
+    {
+        const Rows almost = {0.0, 0.0, 1.0, 0.6, 0.8, 1e-300, -0.8, 0.6, 0.0};
+        QVERIFY(isNear(anglesFromRotation(almost), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
+        Rows open = almost;
+        open[0] = 1e-300;
+        QVERIFY(isNear(anglesFromRotation(open), -90.0, 90.0, 0.0));
+    }
+
+    void shouldNotLoseThetaWhenItsSineExceedsOne()
+    {
+        const Rows over = {0.0, 0.0, 1.0 + 1e-12, 0.6, 0.8, 0.0, -0.8, 0.6, 0.0};
+        QCOMPARE(anglesFromRotation(over).theta, 90.0);
+        const Rows under = {0.0, 0.0, -1.0 - 1e-12, 0.6, 0.8, 0.0, -0.8, 0.6, 0.0};
+        QCOMPARE(anglesFromRotation(under).theta, -90.0);
+    }
+
+    void shouldShowZeroForAnglesThatAreNotFinite()
+    {
+        QVERIFY(displayedAngles({notANumber, notANumber, notANumber, notANumber, notANumber, notANumber,
+                                 notANumber, notANumber, notANumber}) == RoomAngles());
+        QVERIFY(std::isnan(anglesFromRotation({1.0, 0.0, notANumber, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0}).theta));
+        const RoomAngles mixed = displayedAngles({0.0, -1.0, notANumber, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0});
+        QVERIFY(isNear(mixed, 0.0, 0.0, 90.0));
+    }
+
+    void shouldCompareExactly()
+    {
+        QVERIFY((RoomAngles{1.0, 2.0, 3.0} == RoomAngles{1.0, 2.0, 3.0}));
+        QVERIFY((RoomAngles{1.0, 2.0, 3.0} != RoomAngles{1.0, 2.0, 3.0000000001}));
+    }
+};
+
+ROOM_TEST_CLASS(RoomAnglesTest)
+#include "RoomAnglesTest.moc"
