@@ -13,10 +13,10 @@ class Requester;
 
 /// The host's command channel to the tracking controller.
 ///
-/// Every operation with a result returns 0 on success and any other value on failure. The host formats: a caller
-/// passes a printf format and its values (`int` for %d, `double` for %f, `const char *` for %s). All texts are
-/// 8-bit and NUL-terminated. Buffers belong to the caller and must hold more than 200 characters. All operations
-/// are synchronous and are called on the GUI thread.
+/// Every operation with a result returns 0 on success and any other value on failure. The host formats: a
+/// caller passes a printf format and its values (`int` for %d, `double` for %f, `const char *` for %s). All
+/// texts are 8-bit and NUL-terminated. Buffers belong to the caller and must hold more than 200 characters.
+/// All operations are synchronous and are called on the GUI thread.
 ///
 /// Binary contract: the order of the virtual operations is fixed, reserved places included, and no destructor
 /// takes a place among them.

@@ -1,0 +1,137 @@
+#pragma once
+
+#include "ControllerVersion.h"
+#include "RoomTrafoData.h"
+
+#include <QByteArray>
+
+#include <array>
+#include <optional>
+
+class IOManager;
+struct BackendVersions;
+
+/// A yes-or-no answer of the controller. Only the exact words count.
+enum class Reply { Failed, Yes, No, Other };
+
+/// What the controller is doing.
+enum class Activity { Failed, None, Measuring, Calibrating, Error, Other };
+
+/// The room of a camera as the controller tells it.
+enum class CameraRoom { Failed, None, Present };
+
+/// The coordinate type of a room calibration; the numbers are the codes that the coarse adjustment works
+/// with.
+enum class CoordinateType {
+    Unknown = -1,
+    Normal = 0,
+    Powerwall = 1,
+    PowerwallStanding = 2,
+    MidCamera = 3,
+    None = 5
+};
+
+/// The module's one way to the controller: a named operation for every command and parameter that it uses.
+///
+/// Every text for the controller, every failure report and every version threshold of the module stands
+/// behind this class. An operation that fails reports the failure to the host in its own words, where it has
+/// any, and then returns false, nothing, or the default that its comment names; the rest of an operation that
+/// consists of several calls is as its comment says. Values of a failed read are never used. A missing
+/// command channel behaves like one whose every call fails.
+///
+/// Units: millimetres, seconds. Cameras and tools are numbered from 1. All calls are synchronous and belong
+/// on the GUI thread. Neither pointer is owned; both may be null.
+class ControllerAccess
+{
+public:
+    ControllerAccess(IOManager *commands, const BackendVersions *versions);
+
+    bool supports(ControllerFeature feature) const;
+
+    // --- Tracking
+    // -----------------------------------------------------------------------------------------------
+
+    /// Silent on failure.
+    Reply trackingAvailable() const;
+    Activity activity() const;
+
+    [[nodiscard]] bool startTracking() const;
+    /// Asks for the activity and stops tracking only while the controller measures.
+    bool stopTrackingIfMeasuring() const;
+    /// The bare commands, whose results nobody looks at.
+    void sendTrackingStart() const;
+    void sendTrackingStop() const;
+
+    // --- Configuration and cameras
+    // ------------------------------------------------------------------------------
+
+    /// Silent on failure.
+    Reply configurationChangeable() const;
+    std::optional<int> numberOfCameras() const;
+    /// False on failure, without a report.
+    bool cameraHasRoom(int camera) const;
+    /// Silent on failure.
+    CameraRoom roomOfCamera(int camera) const;
+    /// The camera's position in mm; zeros when it cannot be read, has no room, or the answer holds fewer
+    /// numbers.
+    std::array<double, 3> positionOfCamera(int camera) const;
+
+    // --- Extra transformation, as the dialog edits it
+    // -----------------------------------------------------------
+
+    /// Silent; what cannot be read, or does not convert, is neutral (identity, zeros, 1). Controllers without
+    /// the extra transformation are not asked.
+    RoomTrafoData roomAdjustment() const;
+    /// Writes rotation, translation and scaling; each is attempted whatever became of the others. Controllers
+    /// without the extra transformation get nothing.
+    void writeRoomAdjustment(const RoomTrafoData &data) const;
+
+    // --- Extra transformation and reference target, as the measuring frame needs them
+    // -----------------------------
+
+    /// Silent on failure.
+    std::optional<double> extraScaling() const;
+    /// Translation, rotation, scaling; ends at the first failure.
+    std::optional<RoomTrafoData> extraTransformation() const;
+    /// Each of the three is attempted.
+    void setNeutralExtraTransformation() const;
+    void restoreExtraTransformation(const RoomTrafoData &data) const;
+
+    /// The name of the reference target; empty when there is none or the read failed.
+    QByteArray referenceTarget() const;
+    [[nodiscard]] bool unsetReferenceTarget() const;
+    [[nodiscard]] bool restoreReferenceTarget(const QByteArray &target) const;
+
+    // --- Measurement tool
+    // ---------------------------------------------------------------------------------------
+
+    /// Asks as the fine panel does, for the report of a failure only.
+    void checkMeasurementTool() const;
+    /// Silent on failure.
+    Reply measurementToolAvailable() const;
+    /// 0 on failure.
+    int numberOfMeasurementTools() const;
+    /// False on failure, with a report.
+    bool tipIsCalibrated(int tool) const;
+    /// False on failure, without a report.
+    bool tipIsCalibratedQuietly(int tool) const;
+    /// Seconds; 1.0 on failure, without a report.
+    double measurementDuration(int tool) const;
+    /// Millimetres; 1.5 on failure.
+    double tipTolerance(int tool) const;
+    bool startTipMeasurement(int tool) const;
+
+    // --- Coordinate type of the room calibration
+    // ------------------------------------------------------------------
+
+    /// The type of the last room calibration, or the current one where the controller does not know the last.
+    CoordinateType coordinateType() const;
+
+private:
+    void report(const char *message) const;
+    bool reportUnless(bool success, const char *message) const;
+    std::optional<QByteArray> coordinateTypeText() const;
+
+    IOManager *m_commands;
+    const BackendVersions *m_versions;
+};
