@@ -9,7 +9,8 @@
 #include <cstdlib>
 #include <vector>
 
-namespace {
+namespace
+{
 
 constexpr int largestFailureCount = 100;
 constexpr int notRunnable = 101;
@@ -33,7 +34,8 @@ bool localeIsAsExpected()
 
 } // namespace
 
-namespace TestRegistry {
+namespace TestRegistry
+{
 
 bool add(Factory factory)
 {

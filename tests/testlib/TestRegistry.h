@@ -5,7 +5,8 @@
 class QObject;
 
 /// The test classes of one executable. Every test source registers its class with ROOM_TEST_CLASS.
-namespace TestRegistry {
+namespace TestRegistry
+{
 
 using Factory = std::unique_ptr<QObject> (*)();
 
@@ -14,14 +15,14 @@ bool add(Factory factory);
 
 /// Runs every registered class with the program's arguments.
 ///
-/// In the run with the decimal comma (environment variable ROOM_EXPECT_DECIMAL_COMMA) it first makes sure that
-/// the C library really prints a comma. Returns the number of failed functions, at most 100, or 101 when the
-/// locale is wrong or nothing was registered.
+/// In the run with the decimal comma (environment variable ROOM_EXPECT_DECIMAL_COMMA) it first makes sure
+/// that the C library really prints a comma. Returns the number of failed functions, at most 100, or 101 when
+/// the locale is wrong or nothing was registered.
 int runAll(int argc, char **argv);
 
 } // namespace TestRegistry
 
 /// Put behind the class in its source: ROOM_TEST_CLASS(MatrixTest)
-#define ROOM_TEST_CLASS(Class)                                                                                \
-    static const bool registered##Class =                                                                     \
+#define ROOM_TEST_CLASS(Class)                                                                               \
+    static const bool registered##Class =                                                                    \
         TestRegistry::add([]() -> std::unique_ptr<QObject> { return std::make_unique<Class>(); });
