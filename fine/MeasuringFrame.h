@@ -1,0 +1,38 @@
+#pragma once
+
+#include "RoomTrafoData.h"
+
+#include <QByteArray>
+
+class ControllerAccess;
+class TrackingControl;
+
+/// Keeps the controller free of its extra transformation and its reference target while points are measured.
+///
+/// Measured points must be in the coordinates of the room calibration. prepare() remembers what the
+/// controller holds and neutralises it; restoreReference() and restoreTransformation() put it back. What
+/// could not be read counts as neutral, so that nothing half-read is ever written. Failures are reported by
+/// the controller access; the sequence goes on. Tracking is stopped before each change and started after it.
+class MeasuringFrame
+{
+public:
+    /// Neither is owned. `tracking` may be null: then the extra transformation is never touched.
+    MeasuringFrame(const ControllerAccess &controller, TrackingControl *tracking);
+
+    void prepareTransformation();
+    /// Where the reference target cannot be unset, tracking stays stopped.
+    void prepareReference();
+
+    /// Only a target of exactly two words is restored. Where that fails, tracking stays stopped.
+    void restoreReference();
+    void restoreTransformation();
+
+private:
+    void stopTracking();
+    void startTracking();
+
+    const ControllerAccess &m_controller;
+    TrackingControl *m_tracking;
+    RoomTrafoData m_savedTransformation;
+    QByteArray m_savedReference;
+};
