@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 /// Reading of numbers that does not depend on the C library's locale.
 ///
 /// QApplication sets that locale from the environment; under one with a decimal comma the plain strtod stops
@@ -14,5 +16,11 @@ double real(const char *text, char **end);
 
 /// strtof as it works in the "C" locale: the single-precision number nearest to the text.
 float singleReal(const char *text, char **end);
+
+/// strtol in base 0 (0x10 is 16, 010 is 8); a number outside the range of int becomes its nearest limit.
+int integer(const char *text, char **end);
+
+/// strtoul in base 0; a number above the range becomes its upper limit.
+std::uint32_t unsignedInteger(const char *text, char **end);
 
 } // namespace NumberReader
