@@ -58,8 +58,11 @@ function(room_test name)
   room_executable(${target} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} ${main} testlib Qt5::Test)
   add_test(NAME ${name} COMMAND ${launcher} $<TARGET_FILE:${target}>)
   add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}>)
+  set(sanitizers "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan-suppressions:print_suppressions=0"
+                 "UBSAN_OPTIONS=print_stacktrace=1")
   set(quiet "QT_LOGGING_RULES=qt.qpa.*=false;QT_ACCESSIBILITY=0;LIBGL_ALWAYS_SOFTWARE=1")
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT "LC_ALL=C.UTF-8;${quiet}")
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
+    "LC_ALL=C.UTF-8;${quiet};${sanitizers}")
   set_tests_properties(${name}.comma PROPERTIES TIMEOUT ${ARG_TIMEOUT}
-    ENVIRONMENT "LOCPATH=${ROOM_LOCALE_PATH};LC_ALL=de_DE.UTF-8;ROOM_EXPECT_DECIMAL_COMMA=1;${quiet}")
+    ENVIRONMENT "LOCPATH=${ROOM_LOCALE_PATH};LC_ALL=de_DE.UTF-8;ROOM_EXPECT_DECIMAL_COMMA=1;${quiet};${sanitizers}")
 endfunction()
