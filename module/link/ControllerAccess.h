@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CalibrationAnswers.h"
 #include "ControllerVersion.h"
 #include "RoomTrafoData.h"
 
@@ -7,6 +8,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 class IOManager;
 struct BackendVersions;
@@ -29,6 +31,12 @@ enum class CoordinateType {
     PowerwallStanding = 2,
     MidCamera = 3,
     None = 5
+};
+
+/// A coordinate type that the controller offers for the calibration with the angle tool.
+struct OfferedCoordinateType {
+    QByteArray identifier;
+    QByteArray description; ///< for people, as the controller sends it; the identifier when it sends none
 };
 
 /// The module's one way to the controller: a named operation for every command and parameter that it uses.
@@ -127,7 +135,66 @@ public:
     /// The type of the last room calibration, or the current one where the controller does not know the last.
     CoordinateType coordinateType() const;
 
+    // --- Calibrations that the controller performs itself
+    // ---------------------------------------------------------
+    // `kind` is the controller's name of a calibration; steps count from 1. Only the count of the cameras
+    // reports its failure. Raw commands are judged by the answer alone.
+
+    /// Empty on failure.
+    QByteArray calibrationDescription(const QByteArray &kind) const;
+    /// 1 on failure.
+    int calibrationSteps(const QByteArray &kind) const;
+    /// Seconds before a step, 0 for none or on failure.
+    int announcedPause(const QByteArray &kind, int step) const;
+    /// The same from the raw query: nothing when the answer is not yes.
+    std::optional<int> stepPause(const QByteArray &kind, int step) const;
+    [[nodiscard]] bool startCalibration(const QByteArray &kind) const;
+    void stopCalibration(const QByteArray &kind) const;
+    /// Fraction of the whole calibration, 0 to 1.
+    std::optional<double> calibrationProgress() const;
+    CalibrationStep activeStep() const;
+    std::optional<StepProgress> stepProgress() const;
+    /// Seconds.
+    std::optional<double> stepDuration(const QByteArray &kind, int step) const;
+    /// The controller's sentence about its error, in its own encoding.
+    QByteArray calibrationError() const;
+    /// At most 1000, never negative.
+    std::optional<int> numberOfCamerasToCalibrate() const;
+    QByteArray cameraSerial(int camera) const;
+    /// Fraction, 0 when it cannot be read.
+    float cameraProgress(int camera) const;
+
+    // --- Room calibration with the angle tool
+    // -------------------------------------------------------------------
+
+    /// Those that suit the angle tool, in the controller's order. One without a readable identifier is left
+    /// out; at most 1000 are asked for.
+    std::vector<OfferedCoordinateType> coordinateTypesForAngleTool() const;
+    /// The identifier of the chosen type, "normal" on failure.
+    QByteArray chosenCoordinateType() const;
+    /// Marker distances A, B, C in mm.
+    std::optional<std::array<double, 3>> angleToolDistances() const;
+    /// Millimetres; controllers that do not know the height are not asked.
+    std::optional<double> angleToolHeight() const;
+    [[nodiscard]] bool chooseAngleToolCalibration() const;
+    void setAngleToolDistances(const std::array<double, 3> &distances) const;
+    void setAngleToolHeight(double height) const;
+    /// Seconds; 30 on failure and for controllers without this parameter.
+    double roomCalibrationDuration() const;
+    /// To the few seconds that the angle tool needs.
+    void shortenRoomCalibration() const;
+    void restoreRoomCalibrationDuration(double seconds) const;
+    void chooseCoordinateType(const QByteArray &identifier) const;
+    /// Notes for the host's log.
+    void noteCalibrationStarted() const;
+    void noteCalibrationCancelled() const;
+    /// Makes the controller adopt the calibration that has just ended.
+    [[nodiscard]] bool acceptNewCalibration() const;
+    /// Starts tracking when the controller is idle or in error and tracking is possible.
+    void restartTrackingAfterCalibration() const;
+
 private:
+    int numberOfCoordinateTypes() const;
     void report(const char *message) const;
     bool reportUnless(bool success, const char *message) const;
     std::optional<QByteArray> coordinateTypeText() const;

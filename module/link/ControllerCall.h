@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -41,6 +42,26 @@ std::optional<Value> value(IOManager *channel, Call call)
     if (channel == nullptr || call(*channel, &result) != 0)
         return std::nullopt;
     return result;
+}
+
+/// What a raw command left in the buffer, whatever its result; for commands of which the answer alone
+/// decides.
+template <typename Call>
+QByteArray answer(IOManager *channel, Call call)
+{
+    std::array<char, answerSize> buffer{};
+    if (channel == nullptr)
+        return QByteArray();
+    (void)call(*channel, buffer.data());
+    buffer.back() = '\0';
+    return QByteArray(buffer.data());
+}
+
+/// A number of things of which one after another is asked for, kept from freezing the window.
+inline int bounded(int count)
+{
+    constexpr int largest = 1000;
+    return std::clamp(count, 0, largest);
 }
 
 } // namespace ControllerCall

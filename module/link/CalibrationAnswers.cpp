@@ -1,0 +1,96 @@
+#include "CalibrationAnswers.h"
+
+#include "NumberReader.h"
+
+#include <QList>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+namespace
+{
+
+constexpr int defaultPauseSeconds = 5;
+
+int wholeSeconds(double seconds)
+{
+    constexpr double smallest = std::numeric_limits<int>::min();
+    constexpr double largest = std::numeric_limits<int>::max();
+    return std::isnan(seconds) ? 0 : int(std::clamp(seconds, smallest, largest));
+}
+
+int saturated(long number)
+{
+    return int(std::clamp<long>(number, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
+} // namespace
+
+namespace CalibrationAnswers
+{
+
+QByteArray word(const QByteArray &answer, int n)
+{
+    return answer.split(' ').value(n);
+}
+
+int announcedPause(const QByteArray &value)
+{
+    return value.startsWith("yes") ? wholeSeconds(word(value, 1).toDouble()) : 0;
+}
+
+std::optional<int> stepPause(const QByteArray &answer)
+{
+    if (word(answer, 6) != "yes")
+        return std::nullopt;
+    const int seconds = word(answer, 7).toInt();
+    return seconds == 0 ? defaultPauseSeconds : seconds;
+}
+
+CalibrationStep step(const QByteArray &value)
+{
+    if (value == "cal 1")
+        return CalibrationStep::First;
+    if (value == "cal 2")
+        return CalibrationStep::Second;
+    if (value == "pause 1")
+        return CalibrationStep::PauseAfterFirst;
+    if (value == "err")
+        return CalibrationStep::Error;
+    return value == "none" ? CalibrationStep::None : CalibrationStep::Other;
+}
+
+std::optional<StepProgress> stepProgress(const QByteArray &value)
+{
+    char *end = nullptr;
+    const long number = std::strtol(value.constData(), &end, 10);
+    if (end == value.constData())
+        return std::nullopt;
+    return StepProgress{saturated(number), leadingReal(QByteArray(end))};
+}
+
+std::optional<double> leadingReal(const QByteArray &value)
+{
+    char *end = nullptr;
+    const double number = NumberReader::real(value.constData(), &end);
+    return end == value.constData() ? std::nullopt : std::make_optional(number);
+}
+
+QByteArray quotedText(const QByteArray &answer)
+{
+    return answer.split('"').value(1);
+}
+
+float cameraProgress(const QByteArray &answer)
+{
+    return NumberReader::singleReal(word(answer, 5).constData(), nullptr);
+}
+
+QByteArray cameraSerial(const QByteArray &answer)
+{
+    return word(answer, 6);
+}
+
+} // namespace CalibrationAnswers
