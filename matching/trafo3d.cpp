@@ -1,0 +1,227 @@
+#include "trafo3d.h"
+
+#include "HouseholderSolver.h"
+#include "PairRefinement.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr int transformSize = 16;
+constexpr int rigidParameters = 6;
+constexpr int largestIterations = 10;
+constexpr int largestTrials = 10;
+constexpr double settledMm = 0.001;
+
+struct Axis {
+    double x, y, z;
+};
+
+struct Frame {
+    Axis x, y, z;
+};
+
+Axis difference(const double *to, const double *from)
+{
+    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
+}
+
+Axis crossProduct(const Axis &a, const Axis &b)
+{
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+double dotProduct(const Axis &a, const Axis &b)
+{
+    return a.x * b.x + a.y * b.y + a.z * b.z;
+}
+
+double lengthOf(const Axis &a)
+{
+    return std::sqrt(dotProduct(a, a));
+}
+
+bool makeUnit(Axis &a)
+{
+    const double length = lengthOf(a);
+    if (length == 0.0)
+        return false;
+    a = {a.x / length, a.y / length, a.z / length};
+    return true;
+}
+
+/// Of a triple that is collinear up to rounding the normal is noise and need not be upright on x: z is formed
+/// anew, and y once more where even that left it leaning.
+bool makeUpright(Frame &frame)
+{
+    constexpr double largestLean = 1e-12;
+    frame.z = crossProduct(frame.x, frame.y);
+    if (std::fabs(dotProduct(frame.x, frame.y)) <= largestLean)
+        return true;
+    if (!makeUnit(frame.z))
+        return false;
+    frame.y = crossProduct(frame.z, frame.x);
+    return true;
+}
+
+bool frameOfTriple(Frame &frame, const double *points)
+{
+    const Axis second = difference(points + 3, points);
+    const Axis third = difference(points + 6, points);
+    frame.x = second;
+    if (!makeUnit(frame.x) || lengthOf(third) == 0.0)
+        return false;
+    frame.z = crossProduct(second, third);
+    if (!makeUnit(frame.z))
+        return false;
+    frame.y = crossProduct(frame.z, frame.x);
+    return makeUnit(frame.y) && makeUpright(frame);
+}
+
+void setRow(double *row, double x, double y, double z, const Frame &source)
+{
+    row[0] = x * source.x.x + y * source.y.x + z * source.z.x;
+    row[1] = x * source.x.y + y * source.y.y + z * source.z.y;
+    row[2] = x * source.x.z + y * source.y.z + z * source.z.z;
+}
+
+void setLastRow(double *T)
+{
+    T[12] = T[13] = T[14] = 0.0;
+    T[15] = 1.0;
+}
+
+/// Divides the whole transform by the length of its first row and returns that length.
+double takeScale(double *T)
+{
+    const double scale = std::sqrt(T[0] * T[0] + T[1] * T[1] + T[2] * T[2]);
+    for (int i = 0; i < 12; ++i)
+        T[i] /= scale;
+    return scale;
+}
+
+/// Halves the step until the residual falls, or rises by less than 0.001 mm. False after ten trials. A step
+/// with a sine beyond 1 gives a residual that is not a number; no comparison accepts it.
+bool searchAlong(PairRefinement &pairs, double *T_new, double *r_new, const double *T, double r_old,
+                 double *step)
+{
+    for (int trial = 1; trial <= largestTrials; ++trial) {
+        trafo3d_applyparams(T_new, T, step);
+        *r_new = pairs.residual(T_new);
+        if (r_old > *r_new || std::fabs(r_old - *r_new) < settledMm)
+            return true;
+        for (int i = 0; i < 7; ++i)
+            step[i] *= 0.5;
+    }
+    return false;
+}
+
+} // namespace
+
+int trafo3d_3trafo(double *T_out, const double *A3, const double *B3)
+{
+    Frame target, source;
+    if (!frameOfTriple(target, A3) || !frameOfTriple(source, B3))
+        return -1;
+    setRow(T_out, target.x.x, target.y.x, target.z.x, source);
+    setRow(T_out + 4, target.x.y, target.y.y, target.z.y, source);
+    setRow(T_out + 8, target.x.z, target.y.z, target.z.z, source);
+    for (int r = 0; r < 3; ++r) {
+        double *row = T_out + 4 * r;
+        row[3] = A3[r] - (row[0] * B3[0] + row[1] * B3[1] + row[2] * B3[2]);
+    }
+    setLastRow(T_out);
+    return 0;
+}
+
+int trafo3d_opttrafo(double *T_inout, double *scale_out, const double *A, const double *B, int N,
+                     double *rms_out)
+{
+    return trafo3d_opttrafo_n(T_inout, rigidParameters, scale_out, scale_out != nullptr ? 1 : 0, A, B, N,
+                              rms_out);
+}
+
+int trafo3d_opttrafo_n(double *T_inout, int dof, double *scale_out, int with_scale, const double *A,
+                       const double *B, int N, double *rms_out)
+{
+    const int rotations = dof < rigidParameters ? 2 : 3;
+    PairRefinement pairs(A, B, std::max(N, 0));
+    double T[transformSize], T_new[transformSize], step[7];
+    std::copy_n(T_inout, transformSize, T);
+    double r_old = pairs.residual(T);
+    double r_new = r_old;
+    for (int iteration = 1;; ++iteration) {
+        if (!pairs.solveStep(step, T, rotations, with_scale != 0))
+            return -1;
+        if (!searchAlong(pairs, T_new, &r_new, T, r_old, step))
+            return -2;
+        if (std::fabs(r_old - r_new) < settledMm)
+            break;
+        if (iteration == largestIterations)
+            return -3;
+        std::copy_n(T_new, transformSize, T);
+        r_old = r_new;
+    }
+    if (with_scale == 1 && scale_out != nullptr)
+        *scale_out = takeScale(T_new);
+    std::copy_n(T_new, transformSize, T_inout);
+    *rms_out = r_new;
+    return 0;
+}
+
+int trafo3d_lsqsolve(double *x_out, double *b, double *M, int m, int n, double *resnorm_out)
+{
+    using Solver = HouseholderSolver<std::ptrdiff_t>;
+    if (n > Solver::largestColumnCount)
+        return -1;
+    if (!Solver(M, n, 1, m, n).solve(x_out, b))
+        return -2;
+    double squareSum = 0.0;
+    for (int i = n; i < m; ++i)
+        squareSum += b[i] * b[i];
+    *resnorm_out = std::sqrt(squareSum);
+    return 0;
+}
+
+int trafo3d_applyparams(double *T_out, const double *T_base, const double *step)
+{
+    double s[3], c[3];
+    for (int i = 0; i < 3; ++i) {
+        s[i] = 0.01 * step[i];
+        c[i] = std::sqrt(1.0 - s[i] * s[i]);
+    }
+    const double turn[9] = {c[1] * c[2],
+                            -c[1] * s[2],
+                            s[1],
+                            c[0] * s[2] + s[0] * s[1] * c[2],
+                            c[0] * c[2] - s[0] * s[1] * s[2],
+                            -s[0] * c[1],
+                            s[0] * s[2] - c[0] * s[1] * c[2],
+                            s[0] * c[2] + c[0] * s[1] * s[2],
+                            c[0] * c[1]};
+    const double scale = step[6] != 0.0 ? 1.0 + 0.001 * step[6] : 1.0;
+    for (int row = 0; row < 3; ++row) {
+        const double *base = T_base + 4 * row;
+        const double from[4] = {base[0], base[1], base[2], base[3]};
+        for (int column = 0; column < 3; ++column)
+            T_out[4 * row + column] =
+                scale * (from[0] * turn[column] + from[1] * turn[3 + column] + from[2] * turn[6 + column]);
+        T_out[4 * row + 3] = from[3] + 0.1 * step[3 + row];
+    }
+    for (int i = 12; i < transformSize; ++i)
+        T_out[i] = T_base[i];
+    return 0;
+}
+
+void trafo3d_transformpoints(double *P_out, const double *T, const double *P_in, int N)
+{
+    for (std::ptrdiff_t i = 0; i < N; ++i) {
+        const double x = P_in[3 * i], y = P_in[3 * i + 1], z = P_in[3 * i + 2];
+        for (int row = 0; row < 3; ++row) {
+            const double *r = T + 4 * row;
+            P_out[3 * i + row] = r[0] * x + r[1] * y + r[2] * z + r[3];
+        }
+    }
+}
