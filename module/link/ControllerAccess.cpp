@@ -14,6 +14,8 @@ constexpr auto category = "standard";
 constexpr auto backend = "VELMAR3";
 constexpr int level = 1;
 
+constexpr std::array<const char *, 5> recordKinds = {"ts", "6dmt2", "6dmt", "6df2", "6df"};
+
 constexpr double defaultDurationSeconds = 1.0;
 constexpr double defaultToleranceMm = 1.5;
 
@@ -157,6 +159,22 @@ bool ControllerAccess::reportUnless(bool success, const char *message) const
     if (!success)
         report(message);
     return success;
+}
+
+void ControllerAccess::subscribe(Requester *requester) const
+{
+    if (m_commands == nullptr)
+        return;
+    for (const char *kind : recordKinds)
+        m_commands->addRequester(kind, requester);
+}
+
+void ControllerAccess::unsubscribe(Requester *requester) const
+{
+    if (m_commands == nullptr)
+        return;
+    for (const char *kind : recordKinds)
+        m_commands->removeRequester(kind, requester);
 }
 
 Reply ControllerAccess::trackingAvailable() const

@@ -11,6 +11,7 @@
 #include <vector>
 
 class IOManager;
+class Requester;
 struct BackendVersions;
 
 /// A yes-or-no answer of the controller. Only the exact words count.
@@ -56,8 +57,13 @@ public:
 
     bool supports(ControllerFeature feature) const;
 
+    // --- Measurement data
+
+    /// Subscribes to, or ends the subscription of, the record kinds that the module works with.
+    void subscribe(Requester *requester) const;
+    void unsubscribe(Requester *requester) const;
+
     // --- Tracking
-    // -----------------------------------------------------------------------------------------------
 
     /// Silent on failure.
     Reply trackingAvailable() const;
@@ -71,7 +77,6 @@ public:
     void sendTrackingStop() const;
 
     // --- Configuration and cameras
-    // ------------------------------------------------------------------------------
 
     /// Silent on failure.
     Reply configurationChangeable() const;
@@ -85,7 +90,6 @@ public:
     std::array<double, 3> positionOfCamera(int camera) const;
 
     // --- Extra transformation, as the dialog edits it
-    // -----------------------------------------------------------
 
     /// Silent; what cannot be read, or does not convert, is neutral (identity, zeros, 1). Controllers without
     /// the extra transformation are not asked.
@@ -95,7 +99,6 @@ public:
     void writeRoomAdjustment(const RoomTrafoData &data) const;
 
     // --- Extra transformation and reference target, as the measuring frame needs them
-    // -----------------------------
 
     /// Silent on failure.
     std::optional<double> extraScaling() const;
@@ -111,7 +114,6 @@ public:
     [[nodiscard]] bool restoreReferenceTarget(const QByteArray &target) const;
 
     // --- Measurement tool
-    // ---------------------------------------------------------------------------------------
 
     /// Asks as the fine panel does, for the report of a failure only.
     void checkMeasurementTool() const;
@@ -130,13 +132,11 @@ public:
     bool startTipMeasurement(int tool) const;
 
     // --- Coordinate type of the room calibration
-    // ------------------------------------------------------------------
 
     /// The type of the last room calibration, or the current one where the controller does not know the last.
     CoordinateType coordinateType() const;
 
     // --- Calibrations that the controller performs itself
-    // ---------------------------------------------------------
     // `kind` is the controller's name of a calibration; steps count from 1. Only the count of the cameras
     // reports its failure. Raw commands are judged by the answer alone.
 
@@ -165,7 +165,6 @@ public:
     float cameraProgress(int camera) const;
 
     // --- Room calibration with the angle tool
-    // -------------------------------------------------------------------
 
     /// Those that suit the angle tool, in the controller's order. One without a readable identifier is left
     /// out; at most 1000 are asked for.
