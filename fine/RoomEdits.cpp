@@ -40,20 +40,6 @@ bsVector finiteOffset(const RoomTrafoData &record)
     return offset;
 }
 
-/// The angles of a rotation that comes from a product and is therefore exact nowhere, not even in gimbal
-/// lock.
-RoomAngles anglesOfProduct(const bsMatrix &rotation)
-{
-    std::array<double, 9> rows = controllerRows(rotation);
-    snapAxisAligned(rows);
-    if (std::hypot(rows[5], rows[8]) > gimbalCosine)
-        return anglesFromRotation(rows);
-    RoomAngles angles;
-    angles.theta = std::copysign(90.0, rows[2]);
-    angles.eta = std::atan2(rows[7], rows[4]) * degreesPerRadian;
-    return angles;
-}
-
 bool agreesInFiveDecimals(const std::array<double, 9> &a, const std::array<double, 9> &b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), [](double left, double right) {
@@ -71,6 +57,18 @@ AdjustmentBoxes RoomEdits::boxesOf(const RoomTrafoData &record)
     boxes.angles = displayedAngles(record.rotation);
     boxes.scaling = std::isfinite(record.scaling) ? record.scaling : 1.0;
     return boxes;
+}
+
+RoomAngles RoomEdits::anglesOf(const bsMatrix &rotation)
+{
+    std::array<double, 9> rows = controllerRows(rotation);
+    snapAxisAligned(rows);
+    if (std::hypot(rows[5], rows[8]) > gimbalCosine)
+        return anglesFromRotation(rows);
+    RoomAngles angles;
+    angles.theta = std::copysign(90.0, rows[2]);
+    angles.eta = std::atan2(rows[7], rows[4]) * degreesPerRadian;
+    return angles;
 }
 
 void RoomEdits::loaded(const RoomTrafoData &record, const AdjustmentBoxes &boxes)
@@ -122,7 +120,7 @@ RoomPreview RoomEdits::preview(const RoomTrafoData &record, const AdjustmentBoxe
     const bsMatrix relative = bsMatrix::product(before.transposed(), finiteRotation(target.rotation));
     RoomPreview result;
     if (target.rotation != m_loadedRecord.rotation)
-        result.angles = anglesOfProduct(relative);
+        result.angles = anglesOf(relative);
     result.position = finiteOffset(target) - finiteOffset(m_loadedRecord);
     if (target.rotation != m_loadedRecord.rotation)
         result.position = relative.transformPoint(finiteOffset(target)) - finiteOffset(m_loadedRecord);
