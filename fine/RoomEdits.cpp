@@ -54,7 +54,8 @@ AdjustmentBoxes RoomEdits::boxesOf(const RoomTrafoData &record)
     AdjustmentBoxes boxes;
     for (std::size_t i = 0; i < 3; ++i)
         boxes.offset[i] = std::isfinite(record.translation[i]) ? 0.0 - record.translation[i] : 0.0;
-    boxes.angles = displayedAngles(record.rotation);
+    if (isFinite(record.rotation))
+        boxes.angles = displayedAngles(record.rotation);
     boxes.scaling = std::isfinite(record.scaling) ? record.scaling : 1.0;
     return boxes;
 }

@@ -1,0 +1,251 @@
+#include "MeasuringFrame.h"
+#include "BackendVersions.h"
+#include "ControllerAccess.h"
+#include "RecordingHost.h"
+#include "TestRegistry.h"
+#include "TrackingControl.h"
+
+#include <QtTest>
+
+namespace
+{
+
+/// Notes when tracking is stopped and started, among the calls of the host.
+class NotedTracking final : public TrackingControl
+{
+public:
+    explicit NotedTracking(RecordingHost &host)
+        : m_host(host)
+    {
+    }
+    void stopTracking() override { m_host.reserved1(); }
+    void startTracking() override { m_host.reserved2(); }
+
+private:
+    RecordingHost &m_host;
+};
+
+const QString stop = QStringLiteral("reserved 1");
+const QString start = QStringLiteral("reserved 2");
+
+const QStringList readTransformation = {"read tracking extra_translation", "read tracking extra_rotation",
+                                        "read tracking extra_scaling"};
+const QStringList writeNeutral = {"write tracking extra_rotation 1.00000000 0.00000000 0.00000000 0.00000000 "
+                                  "1.00000000 0.00000000 0.00000000 0.00000000 1.00000000",
+                                  "write tracking extra_translation 0.000 0.000 0.000",
+                                  "write tracking extra_scaling 1.00000"};
+
+struct Fixture {
+    Fixture()
+    {
+        versions.interfaceMajor = 1;
+        versions.interfaceMinor = 23;
+        versions.interfacePatch = -1;
+    }
+    RecordingHost host;
+    BackendVersions versions;
+    NotedTracking tracking{host};
+    ControllerAccess controller{&host, &versions};
+    MeasuringFrame frame{controller, &tracking};
+};
+
+} // namespace
+
+class MeasuringFrameTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldLeaveANeutralControllerAlone();
+    void shouldNeutraliseAndRestoreATransformation();
+    void shouldTakeSumsForNeutral();
+    void shouldWriteEachDefaultEvenWhenOneFails();
+    void shouldTakeAnUnreadableTransformationForNeutral_data();
+    void shouldTakeAnUnreadableTransformationForNeutral();
+    void shouldNotTouchTheTransformationWithoutADialog();
+    void shouldAskNothingOfAnOldController();
+    void shouldUnsetAndRestoreAReference();
+    void shouldLeaveTrackingStoppedWhenTheReferenceCannotBeUnset();
+    void shouldLeaveTrackingStoppedWhenTheReferenceCannotBeRestored();
+    void shouldDoNothingWithoutAReference();
+    void shouldRestoreOnlyReferencesOfTwoWords_data();
+    void shouldRestoreOnlyReferencesOfTwoWords();
+};
+
+void MeasuringFrameTest::shouldLeaveANeutralControllerAlone()
+{
+    Fixture f;
+    f.frame.prepareTransformation();
+    QCOMPARE(f.host.calls(), readTransformation);
+    f.host.clear();
+    f.frame.restoreTransformation();
+    QCOMPARE(f.host.calls(), QStringList());
+}
+
+void MeasuringFrameTest::shouldNeutraliseAndRestoreATransformation()
+{
+    Fixture f;
+    f.host.setAnswer("tracking extra_rotation", "0 -1 0 1 0 0 0 0 1");
+    f.host.setAnswer("tracking extra_translation", "1.5 2.5 3.5");
+    f.host.setAnswer("tracking extra_scaling", "1.01");
+
+    f.frame.prepareTransformation();
+    QCOMPARE(f.host.calls(), readTransformation + QStringList{stop} + writeNeutral + QStringList{start});
+
+    f.host.clear();
+    f.frame.restoreTransformation();
+    QCOMPARE(
+        f.host.calls(),
+        QStringList({stop,
+                     "write tracking extra_rotation 0.00000000 -1.00000000 0.00000000 1.00000000 0.00000000 "
+                     "0.00000000 0.00000000 0.00000000 1.00000000",
+                     "write tracking extra_translation 1.500 2.500 3.500",
+                     "write tracking extra_scaling 1.01000", start}));
+}
+
+void MeasuringFrameTest::shouldTakeSumsForNeutral()
+{
+    Fixture f;
+    f.host.setAnswer("tracking extra_translation", "5 -5 0");
+
+    f.frame.prepareTransformation();
+    f.frame.restoreTransformation();
+
+    QCOMPARE(f.host.calls(), readTransformation);
+}
+
+void MeasuringFrameTest::shouldWriteEachDefaultEvenWhenOneFails()
+{
+    Fixture f;
+    f.host.setAnswer("tracking extra_scaling", "1.01");
+    f.host.failText("tracking extra_rotation 1.0");
+
+    f.frame.prepareTransformation();
+
+    QCOMPARE(f.host.callsOf({"write"}), writeNeutral);
+    QCOMPARE(f.host.reports(), QStringList{"Error: Unable to set extra rotation default"});
+}
+
+void MeasuringFrameTest::shouldTakeAnUnreadableTransformationForNeutral_data()
+{
+    QTest::addColumn<int>("failing");
+    QTest::addColumn<QString>("report");
+    QTest::newRow("translation") << 1 << "Error: Unable to get info extra translation";
+    QTest::newRow("rotation") << 2 << "Error: Unable to get info extra rotation";
+    QTest::newRow("scaling") << 3 << "Error: Unable to get info extra scaling";
+}
+
+void MeasuringFrameTest::shouldTakeAnUnreadableTransformationForNeutral()
+{
+    QFETCH(int, failing);
+    QFETCH(QString, report);
+    Fixture f;
+    f.host.setAnswer("tracking extra_translation", "100 0 0");
+    f.host.failCall(failing);
+
+    f.frame.prepareTransformation();
+    f.frame.restoreTransformation();
+
+    QCOMPARE(f.host.calls(),
+             QStringList(readTransformation.mid(0, failing)) + QStringList{"report " + report});
+}
+
+void MeasuringFrameTest::shouldNotTouchTheTransformationWithoutADialog()
+{
+    Fixture f;
+    f.host.setAnswer("tracking extra_scaling", "1.01");
+    MeasuringFrame alone(f.controller, nullptr);
+
+    alone.prepareTransformation();
+    alone.restoreTransformation();
+
+    QCOMPARE(f.host.calls(), readTransformation);
+}
+
+void MeasuringFrameTest::shouldAskNothingOfAnOldController()
+{
+    Fixture f;
+    f.versions.interfaceMajor = 0;
+    f.versions.interfaceMinor = 15;
+
+    f.frame.prepareTransformation();
+    f.frame.restoreTransformation();
+
+    QCOMPARE(f.host.calls(), QStringList());
+}
+
+void MeasuringFrameTest::shouldUnsetAndRestoreAReference()
+{
+    Fixture f;
+    f.host.setAnswer("tracking reference", "body b07");
+
+    f.frame.prepareReference();
+    QCOMPARE(f.host.calls(),
+             QStringList({"read tracking reference", stop, "write tracking reference none", start}));
+
+    f.host.clear();
+    f.frame.restoreReference();
+    QCOMPARE(f.host.calls(), QStringList({stop, "write tracking reference body b07", start}));
+}
+
+void MeasuringFrameTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeUnset()
+{
+    Fixture f;
+    f.host.setAnswer("tracking reference", "body b07");
+    f.host.failText("tracking reference none");
+
+    f.frame.prepareReference();
+
+    QCOMPARE(f.host.calls(), QStringList({"read tracking reference", stop, "write tracking reference none",
+                                          "report Error: Unable to unset reference target"}));
+}
+
+void MeasuringFrameTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeRestored()
+{
+    Fixture f;
+    f.host.setAnswer("tracking reference", "body b07");
+    f.frame.prepareReference();
+    f.host.clear();
+    f.host.failText("tracking reference body");
+
+    f.frame.restoreReference();
+
+    QCOMPARE(f.host.calls(), QStringList({stop, "write tracking reference body b07",
+                                          "report Error: Unable to restore reference target"}));
+}
+
+void MeasuringFrameTest::shouldDoNothingWithoutAReference()
+{
+    Fixture f;
+    f.frame.prepareReference();
+    f.frame.restoreReference();
+    QCOMPARE(f.host.calls(), QStringList{"read tracking reference"});
+}
+
+void MeasuringFrameTest::shouldRestoreOnlyReferencesOfTwoWords_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<bool>("restored");
+    QTest::newRow("two words") << QByteArray("body b01") << true;
+    QTest::newRow("two words far apart") << QByteArray("body   b01") << true;
+    QTest::newRow("one word") << QByteArray("body") << false;
+    QTest::newRow("three words") << QByteArray("body b01 b02") << false;
+}
+
+void MeasuringFrameTest::shouldRestoreOnlyReferencesOfTwoWords()
+{
+    QFETCH(QByteArray, name);
+    QFETCH(bool, restored);
+    Fixture f;
+    f.host.setAnswer("tracking reference", name);
+    f.frame.prepareReference();
+    f.host.clear();
+
+    f.frame.restoreReference();
+
+    const QStringList expected = {stop, "write tracking reference " + QString::fromLatin1(name), start};
+    QCOMPARE(f.host.calls(), restored ? expected : QStringList());
+}
+
+ROOM_TEST_CLASS(MeasuringFrameTest)
+#include "MeasuringFrameTest.moc"
