@@ -1,0 +1,92 @@
+#include "SimRequest.h"
+
+#include "SimText.h"
+
+namespace
+{
+
+constexpr std::size_t shortestNumber = 2;
+constexpr std::size_t longestNumber = 4;
+
+bool takeNumber(std::string_view digits, SimArguments &arguments)
+{
+    if (digits.empty() || digits.size() > longestNumber ||
+        digits.find_first_not_of("0123456789") != std::string_view::npos)
+        return false;
+    arguments.numbers.push_back(*SimText::integer(digits));
+    return true;
+}
+
+bool matchWord(std::string_view pattern, std::string_view word, SimArguments &arguments)
+{
+    if (pattern == "#")
+        return takeNumber(word, arguments);
+    if (pattern == "*") {
+        arguments.words.push_back(word);
+        return !word.empty();
+    }
+    if (pattern.size() == 2 && pattern[1] == '#')
+        return word.size() > shortestNumber && word[0] == pattern[0] && takeNumber(word.substr(1), arguments);
+    return pattern == word;
+}
+
+std::optional<SimArguments> match(const std::vector<std::string_view> &pattern,
+                                  const std::vector<std::string_view> &words)
+{
+    SimArguments arguments;
+    std::size_t place = 0;
+    for (const std::string_view part : pattern) {
+        if (part == "...") {
+            arguments.values.assign(words.begin() + static_cast<std::ptrdiff_t>(place), words.end());
+            return arguments;
+        }
+        if (place == words.size() || !matchWord(part, words[place], arguments))
+            return std::nullopt;
+        ++place;
+    }
+    if (place != words.size())
+        return std::nullopt;
+    return arguments;
+}
+
+} // namespace
+
+std::optional<std::vector<double>> SimArguments::reals(std::size_t count) const
+{
+    if (values.size() != count)
+        return std::nullopt;
+    std::vector<double> numbersRead;
+    for (const std::string_view word : values) {
+        const std::optional<double> number = SimText::real(word);
+        if (!number)
+            return std::nullopt;
+        numbersRead.push_back(*number);
+    }
+    return numbersRead;
+}
+
+std::optional<std::size_t> SimArguments::index(std::size_t place, std::size_t size) const
+{
+    const int number = numbers.at(place);
+    if (number < 1 || static_cast<std::size_t>(number) > size)
+        return std::nullopt;
+    return static_cast<std::size_t>(number - 1);
+}
+
+SimRequestTable::SimRequestTable(const std::vector<std::vector<SimRequestRow>> &parts)
+{
+    for (const std::vector<SimRequestRow> &part : parts) {
+        for (const SimRequestRow &row : part)
+            m_rows.push_back({SimText::words(row.pattern), row.answer});
+    }
+}
+
+std::optional<SimReply> SimRequestTable::answer(SimMachine &machine,
+                                                const std::vector<std::string_view> &words) const
+{
+    for (const Row &row : m_rows) {
+        if (const std::optional<SimArguments> arguments = match(row.pattern, words))
+            return row.answer(machine, *arguments);
+    }
+    return std::nullopt;
+}

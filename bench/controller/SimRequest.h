@@ -1,0 +1,65 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct SimMachine;
+
+/// What a request or a control line gives back.
+struct SimReply {
+    enum class Kind { Ok, Value, Error };
+
+    Kind kind = Kind::Ok;
+    std::string text; ///< the value, or the error's text
+    int code = 0;     ///< of an error
+
+    static SimReply ok() { return {}; }
+    static SimReply value(std::string text) { return {Kind::Value, std::move(text), 0}; }
+    static SimReply error(int code, std::string text) { return {Kind::Error, std::move(text), code}; }
+
+    static SimReply badValue() { return error(3, "bad value"); }
+    static SimReply noSuch(const std::string &thing) { return error(4, "no such " + thing); }
+    static SimReply locked() { return error(13, "configuration is locked"); }
+};
+
+/// The changing words of a request, in their order.
+struct SimArguments {
+    std::vector<int> numbers;             ///< what stood for # or for c#, t#, b#, s#
+    std::vector<std::string_view> words;  ///< what stood for *
+    std::vector<std::string_view> values; ///< what stood for ...
+
+    /// All values as numbers; nothing unless there are exactly `count` and every one is a number.
+    std::optional<std::vector<double>> reals(std::size_t count) const;
+
+    /// The number at that place as an index from 0 into a list of that size.
+    std::optional<std::size_t> index(std::size_t place, std::size_t size) const;
+};
+
+/// One row of a vocabulary: a pattern of words and what answers it.
+///
+/// In a pattern # is a number from 1, c# is a letter and a number of two digits or more, * is any word, ...
+/// are the words that are left (none is possible); every other word stands for itself.
+struct SimRequestRow {
+    std::string_view pattern;
+    SimReply (*answer)(SimMachine &machine, const SimArguments &arguments);
+};
+
+/// Rows that are asked in their order, the first match wins.
+class SimRequestTable
+{
+public:
+    explicit SimRequestTable(const std::vector<std::vector<SimRequestRow>> &parts);
+
+    /// Nothing when no row matches.
+    std::optional<SimReply> answer(SimMachine &machine, const std::vector<std::string_view> &words) const;
+
+private:
+    struct Row {
+        std::vector<std::string_view> pattern;
+        SimReply (*answer)(SimMachine &machine, const SimArguments &arguments);
+    };
+
+    std::vector<Row> m_rows;
+};
