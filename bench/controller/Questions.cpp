@@ -1,0 +1,108 @@
+#include "ControlLines.h"
+#include "SimCoordinates.h"
+#include "SimMachine.h"
+#include "SimText.h"
+
+namespace
+{
+
+constexpr int millimetreDecimals = 3;
+
+std::string numbers(const SimVector &v)
+{
+    return SimText::joined(std::array<double, 3>{v.x, v.y, v.z}, millimetreDecimals);
+}
+
+SimReply version(SimMachine &machine, const SimArguments &)
+{
+    return SimReply::value(std::to_string(machine.state.versionMajor) + " " +
+                           std::to_string(machine.state.versionMinor) + " " +
+                           std::to_string(machine.state.versionThird));
+}
+
+SimReply time(SimMachine &machine, const SimArguments &)
+{
+    return SimReply::value(SimText::fixed(machine.state.seconds, millimetreDecimals));
+}
+
+SimReply locked(SimMachine &machine, const SimArguments &)
+{
+    return SimReply::value(SimText::yesOrNo(!machine.state.changeable));
+}
+
+SimReply counts(SimMachine &machine, const SimArguments &)
+{
+    const SimRoom &room = machine.room;
+    return SimReply::value(std::to_string(room.cameras.size()) + " " + std::to_string(room.tools.size()) +
+                           " " + std::to_string(room.devices.size()) + " " +
+                           std::to_string(room.bodies.size()) + " " +
+                           std::to_string(room.workpiece.points.size()));
+}
+
+SimReply point(SimMachine &machine, const SimArguments &arguments)
+{
+    const auto &points = machine.room.workpiece.points;
+    const auto index = arguments.index(0, points.size());
+    if (!index)
+        return SimReply::noSuch("point");
+    return SimReply::value(numbers(points[*index].nominal) + " \"" + points[*index].name + "\"");
+}
+
+SimReply reportedPoint(SimMachine &machine, const SimArguments &arguments)
+{
+    const SimWorkpiece &workpiece = machine.room.workpiece;
+    const auto index = arguments.index(0, workpiece.points.size());
+    if (!index)
+        return SimReply::noSuch("point");
+    return SimReply::value(
+        numbers(SimCoordinates(machine).reported(workpiece.pose * workpiece.points[*index].nominal)));
+}
+
+SimReply tool(SimMachine &machine, const SimArguments &arguments)
+{
+    const auto index = arguments.index(0, machine.room.tools.size());
+    if (!index)
+        return SimReply::noSuch("tool");
+    const SimTool &one = machine.room.tools[*index];
+    const SimCoordinates coordinates(machine);
+    return SimReply::value(numbers(coordinates.reported(one.tip)) + " " +
+                           SimText::yesOrNo(one.tracked && coordinates.isTracking()) + " " +
+                           SimText::yesOrNo(one.measurement.isBusy()) + " " + SimText::compact(one.tremorMm) +
+                           " " + SimText::compact(one.noiseMm));
+}
+
+SimReply angleTool(SimMachine &machine, const SimArguments &)
+{
+    const SimAngleTool &one = machine.room.angleTool;
+    return SimReply::value(SimText::joined(one.distancesMm, millimetreDecimals) + " " +
+                           SimText::fixed(one.heightMm, millimetreDecimals) + " " +
+                           SimText::yesOrNo(one.visible));
+}
+
+SimReply clock(SimMachine &machine, const SimArguments &)
+{
+    switch (machine.state.clock) {
+    case SimClock::Stepped:
+        return SimReply::value("stepped");
+    case SimClock::Query:
+        return SimReply::value("query " + SimText::compact(machine.state.queryStepSeconds));
+    case SimClock::Real:
+        break;
+    }
+    return SimReply::value("real");
+}
+
+} // namespace
+
+std::vector<SimRequestRow> questions()
+{
+    return {{"get version", version},
+            {"get time", time},
+            {"get clock", clock},
+            {"get locked", locked},
+            {"get counts", counts},
+            {"get point #", point},
+            {"get reported_point #", reportedPoint},
+            {"get tool #", tool},
+            {"get angletool", angleTool}};
+}
