@@ -1,0 +1,81 @@
+#include "ReferencePointFile.h"
+
+#include "NumberText.h"
+#include "ReferencePointReader.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace
+{
+
+struct FileCloser {
+    void operator()(std::FILE *file) const { std::fclose(file); }
+};
+
+using FilePointer = std::unique_ptr<std::FILE, FileCloser>;
+
+/// Opens regular files only: a directory opens but cannot be read, and a pipe may wait for ever.
+FilePointer openForReading(const QByteArray &name)
+{
+    struct stat status {
+    };
+    if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return nullptr;
+    return FilePointer(std::fopen(name.constData(), "rb"));
+}
+
+} // namespace
+
+namespace ReferencePointFile
+{
+
+LoadResult load(const QString &fileName, MatchingPoints &points)
+{
+    FilePointer file = openForReading(fileName.toLatin1());
+    if (!file)
+        file = openForReading(QFile::encodeName(fileName));
+    QFile device;
+    if (!file || !device.open(file.get(), QIODevice::ReadOnly))
+        return LoadResult::NotOpened;
+    std::optional<MatchingPoints> loaded = ReferencePointReader(device).read();
+    if (!loaded)
+        return LoadResult::UnknownFormat;
+    points = std::move(*loaded);
+    return LoadResult::Loaded;
+}
+
+QString savedName(const QString &fileName)
+{
+    const QString ending = QStringLiteral(".txt");
+    const QString name = fileName.trimmed();
+    return name.endsWith(ending) ? name : name + ending;
+}
+
+void write(QIODevice &device, const std::vector<Row> &rows)
+{
+    int number = 0;
+    for (const Row &row : rows) {
+        QByteArray line = QByteArray::number(++number);
+        for (QString text : row) {
+            (void)normalizeNumberText(text);
+            line += ' ' + text.toLatin1();
+        }
+        device.write(line + '\n');
+    }
+}
+
+bool save(const QString &fileName, const std::vector<Row> &rows)
+{
+    QFile file(savedName(fileName));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    write(file, rows);
+    return file.flush();
+}
+
+} // namespace ReferencePointFile

@@ -1,0 +1,148 @@
+#include "ReferencePointFile.h"
+
+#include "TestRegistry.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using ReferencePointFile::LoadResult;
+
+class ReferencePointFileTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_directory;
+
+    QString path(const QString &name) const { return m_directory.filePath(name); }
+
+    static void writeFile(const QString &name, const QByteArray &content)
+    {
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(content), static_cast<qint64>(content.size()));
+    }
+
+    static QByteArray contentOf(const QString &name)
+    {
+        QFile file(name);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+private slots:
+    void shouldLoadAFile()
+    {
+        writeFile(path(QStringLiteral("a.txt")), "# two points\n1 1.5 2.5 3.5\n2 4 5 6");
+        MatchingPoints points = {{9, 9, 9}};
+        QVERIFY(ReferencePointFile::load(path(QStringLiteral("a.txt")), points) == LoadResult::Loaded);
+        QVERIFY(points == (MatchingPoints{{1.5, 2.5, 3.5}, {4, 5, 6}}));
+    }
+
+    void shouldReplaceTheListEvenByNothing()
+    {
+        writeFile(path(QStringLiteral("none.txt")), "(1) 1 2 3");
+        MatchingPoints points = {{9, 9, 9}};
+        QVERIFY(ReferencePointFile::load(path(QStringLiteral("none.txt")), points) == LoadResult::Loaded);
+        QVERIFY(points.empty());
+    }
+
+    void shouldKeepTheListForAnUnknownFormat()
+    {
+        writeFile(path(QStringLiteral("empty.txt")), "");
+        MatchingPoints points = {{9, 9, 9}};
+        QVERIFY(ReferencePointFile::load(path(QStringLiteral("empty.txt")), points) ==
+                LoadResult::UnknownFormat);
+        QCOMPARE(points.size(), std::size_t{1});
+    }
+
+    void shouldNotOpenWhatIsNoFile_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("missing") << path(QStringLiteral("missing.txt"));
+        QTest::newRow("directory") << m_directory.path();
+        QTest::newRow("device that never ends") << QStringLiteral("/dev/zero");
+        QTest::newRow("empty name") << QString();
+    }
+
+    void shouldNotOpenWhatIsNoFile()
+    {
+        QFETCH(QString, name);
+        MatchingPoints points = {{9, 9, 9}};
+        QVERIFY(ReferencePointFile::load(name, points) == LoadResult::NotOpened);
+        QCOMPARE(points.size(), std::size_t{1});
+    }
+
+    void shouldPassTheNameAsLatin1()
+    {
+        const QByteArray name = m_directory.path().toLatin1() + "/pr\xfc"
+                                                                "fling.txt";
+        std::FILE *file = std::fopen(name.constData(), "wb");
+        QVERIFY(file != nullptr);
+        std::fputs("1 1 2 3\n", file);
+        std::fclose(file);
+        MatchingPoints points;
+        QVERIFY(ReferencePointFile::load(QString::fromLatin1(name), points) == LoadResult::Loaded);
+    }
+
+    void shouldLoadWhatItSavedUnderAnyName()
+    {
+        const QString name = path(QStringLiteral("Prüfling Ω.txt"));
+        QVERIFY(ReferencePointFile::save(name,
+                                         {{QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")}}));
+        MatchingPoints points;
+        QVERIFY(ReferencePointFile::load(name, points) == LoadResult::Loaded);
+        QVERIFY(points == (MatchingPoints{{1, 2, 3}}));
+    }
+
+    void shouldEndTheNameOfASavedFileWithTxt_data()
+    {
+        QTest::addColumn<QString>("given");
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("no ending") << QStringLiteral("ref") << QStringLiteral("ref.txt");
+        QTest::newRow("blank behind") << QStringLiteral("ref.txt ") << QStringLiteral("ref.txt");
+        QTest::newRow("as it is") << QStringLiteral("ref.txt") << QStringLiteral("ref.txt");
+        QTest::newRow("capitals") << QStringLiteral("points.TXT") << QStringLiteral("points.TXT.txt");
+        QTest::newRow("other ending") << QStringLiteral("a.dat") << QStringLiteral("a.dat.txt");
+        QTest::newRow("short") << QStringLiteral(" txt") << QStringLiteral("txt.txt");
+    }
+
+    void shouldEndTheNameOfASavedFileWithTxt()
+    {
+        QFETCH(QString, given);
+        QFETCH(QString, saved);
+        QCOMPARE(ReferencePointFile::savedName(given), saved);
+    }
+
+    void shouldWriteTheSavedFormatByteForByte()
+    {
+        const QString name = path(QStringLiteral("ref"));
+        const std::vector<ReferencePointFile::Row> rows = {
+            {QStringLiteral("1.00"), QStringLiteral("-2.50"), QStringLiteral("1234.56")},
+            {QStringLiteral("12,345"), QStringLiteral("abc"), QStringLiteral("5 ")},
+            {QStringLiteral("007,5"), QStringLiteral("-0.5"), QStringLiteral("+3")},
+        };
+        QVERIFY(ReferencePointFile::save(name, rows));
+        QCOMPARE(contentOf(path(QStringLiteral("ref.txt"))),
+                 QByteArray("1 1.00 -2.50 1234.56\n2 12.34 0.00 5.00\n3 007.50 -0.50 +3.00\n"));
+        MatchingPoints points;
+        QVERIFY(ReferencePointFile::load(path(QStringLiteral("ref.txt")), points) == LoadResult::Loaded);
+        QCOMPARE(points.size(), std::size_t{3});
+        QVERIFY((points[2] == MatchingPoint{7.5, -0.5, 3}));
+    }
+
+    void shouldReplaceAnOlderFile()
+    {
+        writeFile(path(QStringLiteral("old.txt")), QByteArray(1000, 'x'));
+        QVERIFY(ReferencePointFile::save(path(QStringLiteral("old.txt")), {}));
+        QCOMPARE(contentOf(path(QStringLiteral("old.txt"))), QByteArray());
+    }
+
+    void shouldSayWhenTheTargetCannotBeWritten()
+    {
+        QVERIFY(!ReferencePointFile::save(path(QStringLiteral("no/such/place")), {}));
+    }
+};
+
+ROOM_TEST_CLASS(ReferencePointFileTest)
+
+#include "ReferencePointFileTest.moc"
