@@ -1,0 +1,349 @@
+#include "AbcGLCanvas.h"
+
+#include "RoomPainter.h"
+#include "abcRoom.h"
+
+#include <GL/glu.h>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
+
+namespace
+{
+
+constexpr int angleDeltaPerStep = 120;
+
+} // namespace
+
+AbcGLCanvas::AbcGLCanvas(QWidget *parent, void *owner)
+    : QGLWidget(parent)
+    , m_room(new abcRoom(this))
+    , m_owner(owner)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    connect(m_room, &abcRoom::roomModified, this, &AbcGLCanvas::roomModified);
+    connect(m_room, &abcRoom::roomLoaded, this, [this] {
+        showHistoryState();
+        update();
+    });
+}
+
+AbcGLCanvas::~AbcGLCanvas() = default;
+
+bool AbcGLCanvas::isRoomLoaded() const
+{
+    return m_room->isLoaded();
+}
+
+double AbcGLCanvas::scaleUnit() const
+{
+    return m_room->unitSize();
+}
+
+void AbcGLCanvas::setScaleUnit(double scaleUnit)
+{
+    m_room->setUnitSize(scaleUnit);
+    updateGL();
+}
+
+bool AbcGLCanvas::canDraw() const
+{
+    return isValid();
+}
+
+void AbcGLCanvas::saveCurrentView()
+{
+    m_pose.save();
+}
+
+void AbcGLCanvas::rotateView(double x, double y, double z)
+{
+    m_pose.rotate(x, y, z);
+    updateGL();
+}
+
+void AbcGLCanvas::setViewOrientation(const bsMatrix &m)
+{
+    m_pose.setOrientation(m);
+    updateGL();
+}
+
+void AbcGLCanvas::translateView(double x, double y, double z)
+{
+    m_pose.translate(x, y, z);
+    updateGL();
+}
+
+void AbcGLCanvas::setViewPosition(const bsVector &position)
+{
+    m_pose.setPosition(position);
+    updateGL();
+}
+
+void AbcGLCanvas::transformView(const bsMatrix &m)
+{
+    m_pose.transform(m);
+}
+
+void AbcGLCanvas::showLongAxes(bool showLongAxes)
+{
+    m_room->display().longAxes = showLongAxes;
+    updateGL();
+}
+
+void AbcGLCanvas::setLongAxesFactor(double longAxesFactor)
+{
+    m_room->display().longAxesFactor = longAxesFactor;
+    updateGL();
+}
+
+void AbcGLCanvas::showXYGrid(bool showXY)
+{
+    m_room->display().showXY = showXY;
+    updateGL();
+}
+
+void AbcGLCanvas::showYZGrid(bool showYZ)
+{
+    m_room->display().showYZ = showYZ;
+    updateGL();
+}
+
+void AbcGLCanvas::showXZGrid(bool showXZ)
+{
+    m_room->display().showXZ = showXZ;
+    updateGL();
+}
+
+void AbcGLCanvas::setXYGridColor(QColor &XYColor)
+{
+    m_room->display().xyColor = XYColor;
+    updateGL();
+}
+
+void AbcGLCanvas::setYZGridColor(QColor &XYColor)
+{
+    m_room->display().yzColor = XYColor;
+    updateGL();
+}
+
+void AbcGLCanvas::setXZGridColor(QColor &XYColor)
+{
+    m_room->display().xzColor = XYColor;
+    updateGL();
+}
+
+void AbcGLCanvas::rotateViewBegin()
+{
+    m_mouseMode = MouseMode::Rotating;
+    updateGL();
+}
+
+void AbcGLCanvas::rotateViewEnd()
+{
+    m_mouseMode = MouseMode::Idle;
+    updateGL();
+}
+
+double AbcGLCanvas::getBestZValue()
+{
+    return bestViewDistance(*m_room, m_projection, m_extraPoint);
+}
+
+void AbcGLCanvas::undo()
+{
+    undoRoom();
+    updateGL();
+}
+
+void AbcGLCanvas::redo()
+{
+    redoRoom();
+    updateGL();
+}
+
+void AbcGLCanvas::rotateRoom(double x, double y, double z)
+{
+    m_room->setPendingOrientation(x, y, z);
+    updateGL();
+}
+
+void AbcGLCanvas::rotateRoom(const bsMatrix &m)
+{
+    m_room->setPendingOrientationMatrix(m);
+    updateGL();
+}
+
+void AbcGLCanvas::setRoomOrientation(const bsMatrix &m)
+{
+    bsMatrix inverse = m_room->current();
+    inverse.invertRigid();
+    m_room->setPendingOrientation(inverse.toOrientation() * m.toOrientation());
+    updateGL();
+}
+
+void AbcGLCanvas::setRoomPosition(const bsVector &v)
+{
+    bsMatrix inverse = m_room->current();
+    inverse.invertRigid();
+    const bsVector position = inverse.transformPoint(v);
+    m_room->setPendingPosition(position.x, position.y, position.z);
+    updateGL();
+}
+
+void AbcGLCanvas::translateRoom(double x, double y, double z)
+{
+    m_room->setPendingPosition(x, y, z);
+    updateGL();
+}
+
+void AbcGLCanvas::saveCurrentRoom()
+{
+    transformView(m_room->pendingMatrix());
+    if (m_room->commit())
+        showHistoryState();
+    updateGL();
+}
+
+void AbcGLCanvas::undoRoom()
+{
+    followHistory(&abcRoom::undo);
+}
+
+void AbcGLCanvas::redoRoom()
+{
+    followHistory(&abcRoom::redo);
+}
+
+void AbcGLCanvas::initializeGL()
+{
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glShadeModel(GL_SMOOTH);
+    glEnable(GL_COLOR_MATERIAL);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LESS);
+    glClearDepth(1.0);
+    glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
+    glEnable(GL_LIGHT0);
+    glEnable(GL_LIGHTING);
+}
+
+void AbcGLCanvas::resizeGL(int width, int height)
+{
+    m_projection.width = qMax(width, 1);
+    m_projection.height = qMax(height, 1);
+    glViewport(0, 0, m_projection.width, m_projection.height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(m_projection.fieldOfViewDegrees,
+                   static_cast<double>(m_projection.width) / m_projection.height, m_projection.nearPlane,
+                   m_projection.farPlane);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+    updateGL();
+}
+
+void AbcGLCanvas::paintGL()
+{
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glPushMatrix();
+    glMultMatrixd(m_pose.matrix().data());
+    RoomPainter(*this, *m_room).draw();
+    glPopMatrix();
+    glFlush();
+}
+
+void AbcGLCanvas::paintEvent(QPaintEvent *event)
+{
+    if (canDraw())
+        QGLWidget::paintEvent(event);
+}
+
+void AbcGLCanvas::mousePressEvent(QMouseEvent *event)
+{
+    const QPointer<AbcGLCanvas> self(this);
+    const QPoint position = event->pos();
+    if (event->button() == Qt::RightButton)
+        pressRightButton(*event);
+    else if (event->button() == Qt::LeftButton)
+        pressLeftButton(event->modifiers());
+    if (self.isNull())
+        return; // the menu may have ended with the window
+    m_lastMousePosition = position;
+    updateGL();
+}
+
+void AbcGLCanvas::mouseMoveEvent(QMouseEvent *event)
+{
+    const QPoint distance = event->pos() - m_lastMousePosition;
+    if (m_room->isLoaded() && m_mouseMode != MouseMode::Idle) {
+        drag(distance);
+        emit storeViewRequest();
+    }
+    m_lastMousePosition = event->pos();
+}
+
+void AbcGLCanvas::mouseReleaseEvent(QMouseEvent *)
+{
+    if (m_mouseMode == MouseMode::Idle)
+        return;
+    m_mouseMode = MouseMode::Idle;
+    emit storeViewRequest();
+    updateGL();
+}
+
+void AbcGLCanvas::wheelEvent(QWheelEvent *event)
+{
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        event->ignore();
+        return;
+    }
+    const int steps = event->angleDelta().y() / angleDeltaPerStep;
+    translateView(0.0, 0.0, steps * scaleUnit());
+    emit storeViewRequest();
+    updateGL();
+}
+
+void AbcGLCanvas::showHistoryState()
+{
+    emit canUndo(m_room->canUndo());
+    emit canRedo(m_room->canRedo());
+}
+
+void AbcGLCanvas::followHistory(void (abcRoom::*step)())
+{
+    bsMatrix newFromOld = m_room->current();
+    newFromOld.invertRigid();
+    (m_room->*step)();
+    showHistoryState();
+    newFromOld.postMultiply(m_room->current());
+    transformView(newFromOld);
+}
+
+void AbcGLCanvas::pressRightButton(const QMouseEvent &event)
+{
+    if (event.modifiers().testFlag(Qt::ControlModifier))
+        m_mouseMode = MouseMode::Rotating;
+    else if (m_contextMenu != nullptr)
+        m_contextMenu->exec(event.globalPos());
+}
+
+void AbcGLCanvas::pressLeftButton(Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers.testFlag(Qt::ControlModifier))
+        m_mouseMode = MouseMode::Panning;
+    else if (modifiers.testFlag(Qt::ShiftModifier))
+        m_mouseMode = MouseMode::Zooming;
+}
+
+void AbcGLCanvas::drag(const QPoint &distance)
+{
+    const double scale = scaleUnit();
+    if (m_mouseMode == MouseMode::Panning)
+        translateView(distance.x() * scale, -distance.y() * scale, 0.0);
+    else if (m_mouseMode == MouseMode::Zooming)
+        translateView(0.0, 0.0, distance.y() * scale);
+    else
+        rotateView(distance.y(), distance.x(), 0.0);
+}
