@@ -257,6 +257,7 @@ private slots:
         QCOMPARE(bench.picture()->coordinateType(), type);
         QCOMPARE(bench.right()->isEnabled(), isKnown);
         QCOMPARE(bench.top()->isEnabled(), isKnown);
+        QCOMPARE(bench.part<QLabel>("label_left")->isEnabled(), isKnown);
         QCOMPARE(bench.part<QWidget>("pushButton_reset")->isEnabled(), isKnown);
         QCOMPARE(bench.right()->currentIndex(), 0);
         QCOMPARE(bench.top()->currentIndex(), top);
