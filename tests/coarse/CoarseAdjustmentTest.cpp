@@ -1,6 +1,7 @@
 #include "CoarseAdjustment.h"
 
 #include "BackendVersions.h"
+#include "PickByKeys.h"
 #include "RecordingHost.h"
 #include "RenderArea.h"
 #include "RoomAngleExchange.h"
@@ -9,8 +10,6 @@
 
 #include "TestRegistry.h"
 
-#include <QAbstractItemView>
-#include <QComboBox>
 #include <QFrame>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -87,19 +86,6 @@ struct Bench {
     QComboBox *top() const { return part<QComboBox>("comboBox_top"); }
     QString text(const char *label) const { return part<QLabel>(label)->text(); }
     RenderArea *picture() const { return panel.findChild<RenderArea *>(); }
-
-    /// Opens the list of the combo box, goes to an entry and takes it, all by keys.
-    static void pick(QComboBox *comboBox, int index)
-    {
-        comboBox->setFocus();
-        QTest::keyClick(comboBox, Qt::Key_F4);
-        QTRY_VERIFY(comboBox->view()->isVisible());
-        QTest::keyClick(comboBox->view(), Qt::Key_Home);
-        for (int i = 0; i < index; ++i)
-            QTest::keyClick(comboBox->view(), Qt::Key_Down);
-        QTest::keyClick(comboBox->view(), Qt::Key_Return);
-        QTRY_VERIFY(!comboBox->view()->isVisible());
-    }
 
     bool isReady = false;
     RecordingHost host;
@@ -313,10 +299,10 @@ private slots:
         QVERIFY(bench.isReady);
         QSignalSpy applies(&bench.panel, &CoarseAdjustment::do_btn_apply_enable);
         // WHEN
-        Bench::pick(bench.right(), right);
-        Bench::pick(bench.top(), top);
-        Bench::pick(bench.right(), right); // the top axis may have driven it away
-        Bench::pick(bench.top(), top);
+        pickByKeys(bench.right(), right);
+        pickByKeys(bench.top(), top);
+        pickByKeys(bench.right(), right); // the top axis may have driven it away
+        pickByKeys(bench.top(), top);
         // THEN
         QCOMPARE(bench.right()->currentIndex(), right);
         QCOMPARE(bench.top()->currentIndex(), top);
@@ -370,14 +356,14 @@ private slots:
         QVERIFY(bench.isReady);
         QComboBox *changed = changesRight ? bench.right() : bench.top();
         QComboBox *partner = changesRight ? bench.top() : bench.right();
-        Bench::pick(changed, kept / 2 == 0 ? (chosen == 4 ? 5 : 4) : (chosen == 0 ? 1 : 0));
-        Bench::pick(partner, kept);
+        pickByKeys(changed, kept / 2 == 0 ? (chosen == 4 ? 5 : 4) : (chosen == 0 ? 1 : 0));
+        pickByKeys(partner, kept);
         QCOMPARE(partner->currentIndex(), kept);
         QVERIFY(changed->currentIndex() != chosen);
         bench.room.changes.clear();
         QSignalSpy applies(&bench.panel, &CoarseAdjustment::do_btn_apply_enable);
         // WHEN
-        Bench::pick(changed, chosen);
+        pickByKeys(changed, chosen);
         // THEN: the first partner in the table is y for x and -x, else x
         const bool isValid = chosen / 2 != kept / 2;
         QCOMPARE(changed->currentIndex(), chosen);
@@ -450,7 +436,7 @@ private slots:
         QCOMPARE(bench.host.calls(), QStringList());
         QVERIFY(bench.room.changes.isEmpty());
         QCOMPARE(applies.count(), 0);
-        Bench::pick(bench.right(), 0);
+        pickByKeys(bench.right(), 0);
         QCOMPARE(bench.room.changes.count(), 1);
     }
 
