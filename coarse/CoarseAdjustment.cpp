@@ -145,7 +145,8 @@ void CoarseAdjustment::showState()
     m_ui->comboBox_right->setEnabled(canAssign);
     m_ui->comboBox_top->setEnabled(canAssign);
     m_ui->pushButton_reset->setEnabled(canAssign);
-    for (QLabel *label : {m_ui->label_left, m_ui->label_bottom, m_ui->label_bottom_left, m_ui->label_top_right})
+    for (QLabel *label :
+         {m_ui->label_left, m_ui->label_bottom, m_ui->label_bottom_left, m_ui->label_top_right})
         label->setEnabled(canAssign);
     m_ui->frame->setEnabled(m_hasQuarterAngles);
     m_ui->label_notice->setText(notice());
