@@ -299,6 +299,7 @@ void AbcGLCanvas::wheelEvent(QWheelEvent *event)
         event->ignore();
         return;
     }
+    event->accept();
     const int steps = event->angleDelta().y() / angleDeltaPerStep;
     translateView(0.0, 0.0, steps * scaleUnit());
     emit storeViewRequest();
