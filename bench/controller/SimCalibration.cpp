@@ -8,6 +8,9 @@ namespace
 
 constexpr double still = -1.0;
 
+// Sums of equal time steps count as what they were meant to be.
+constexpr double rounding = 1e-9;
+
 double onCurve(const std::vector<std::pair<double, double>> &curve, double seconds)
 {
     std::pair<double, double> before(0.0, 0.0);
@@ -107,28 +110,29 @@ double SimCalibration::moveAlongCurve(double seconds)
 {
     m_inPhase += seconds;
     m_fraction = std::clamp(onCurve(m_run.curve, m_inPhase), 0.0, 1.0);
-    const double left = m_inPhase - m_run.curve.back().first;
-    if (left >= 0.0)
-        m_fraction = 1.0;
-    return left;
+    const double end = m_run.curve.back().first;
+    if (m_inPhase < end - rounding)
+        return still;
+    m_fraction = 1.0;
+    return std::max(0.0, m_inPhase - end);
 }
 
 double SimCalibration::moveLinearly(double seconds)
 {
-    const double duration = m_kind == "room"
-                                ? m_roomSeconds
-                                : m_run.steps.at(static_cast<std::size_t>(m_step - 1)).durationSeconds;
+    const double duration = runStepSeconds();
     double left = seconds;
     while (true) {
         const bool stallAhead = m_stallLeft > 0.0 && m_fraction <= m_run.stallFraction;
         const double goal = stallAhead ? m_run.stallFraction : 1.0;
-        const double needed = (goal - m_fraction) * duration;
-        if (left < needed) {
-            m_fraction += left / duration;
+        const double needed = goal * duration - m_inPhase;
+        if (left < needed - rounding) {
+            m_inPhase += left;
+            m_fraction = m_inPhase / duration;
             return still;
         }
-        left -= needed;
+        m_inPhase = goal * duration;
         m_fraction = goal;
+        left = std::max(0.0, left - needed);
         if (!stallAhead)
             return left;
         const double held = std::min(left, m_stallLeft);
@@ -139,12 +143,18 @@ double SimCalibration::moveLinearly(double seconds)
     }
 }
 
+double SimCalibration::runStepSeconds() const
+{
+    return m_kind == "room" ? m_roomSeconds
+                            : m_run.steps.at(static_cast<std::size_t>(m_step - 1)).durationSeconds;
+}
+
 double SimCalibration::moveWaiting(double seconds, double duration)
 {
     m_inPhase += seconds;
-    const double left = m_inPhase - duration;
-    if (left < 0.0)
+    if (m_inPhase < duration - rounding)
         return still;
+    const double left = std::max(0.0, m_inPhase - duration);
     if (m_phase == Phase::AfterWork) {
         enter(Phase::Finished);
     } else {

@@ -76,6 +76,7 @@ private:
     double moveStep(double seconds);
     double moveAlongCurve(double seconds);
     double moveLinearly(double seconds);
+    double runStepSeconds() const;
     double moveWaiting(double seconds, double duration);
     void enter(Phase phase);
     void endStep();

@@ -1,0 +1,106 @@
+#include "FaultPlan.h"
+#include "TestRegistry.h"
+
+#include <QtTest>
+
+namespace
+{
+
+FaultPlan planOf(const char *line)
+{
+    FaultPlan plan;
+    const auto answer = plan.run(line, 0.0);
+    if (answer != std::optional<std::string>("sim ok"))
+        qFatal("%s: %s", line, answer.value_or("not a fault").c_str());
+    return plan;
+}
+
+} // namespace
+
+class FaultPlanTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldStrikeAtTheKthCallOnly()
+    {
+        FaultPlan plan = planOf("sim fault fail 2 status active 256");
+        QVERIFY(!plan.next("status active").isTrouble());
+        QVERIFY(!plan.next("status progress").isTrouble());
+        const FaultEffect effect = plan.next("status active");
+        QVERIFY(!effect.executed);
+        QCOMPARE(effect.result, std::optional<int>(256));
+        QVERIFY(!plan.next("status active").isTrouble());
+        QVERIFY(plan.pending().empty());
+    }
+
+    void shouldStrikeEveryTime()
+    {
+        FaultPlan plan = planOf("sim fault done-but-fail every \"\"");
+        for (int i = 0; i < 3; ++i) {
+            const FaultEffect effect = plan.next("anything");
+            QVERIFY(effect.executed);
+            QCOMPARE(effect.result, std::optional<int>(7));
+        }
+        QCOMPARE(plan.pending(), std::vector<std::string>{"sim fault done-but-fail every \"\""});
+        plan.clear();
+        QVERIFY(!plan.next("anything").isTrouble());
+    }
+
+    void shouldTakeAnswersWithEveryBlank()
+    {
+        QCOMPARE(planOf("sim fault answer 1 a b = no ").next("a b").answer,
+                 std::optional<std::string>("no "));
+        QCOMPARE(planOf("sim fault answer 1 a b = \" x \"").next("a b").answer,
+                 std::optional<std::string>(" x "));
+        QCOMPARE(planOf("sim fault answer 1 a b =").next("a b c").answer, std::optional<std::string>(""));
+        QCOMPARE(planOf("sim fault long 1 a b 12").next("a b").answer,
+                 std::optional<std::string>("xxxxxxxxxxxx"));
+    }
+
+    void shouldDelay()
+    {
+        const FaultEffect late = planOf("sim fault delay 1 status 250").next("status active");
+        QCOMPARE(late.delayMilliseconds, 250);
+        QVERIFY(late.executed && !late.runsEvents);
+        QVERIFY(planOf("sim fault delay 1 status 250 events").next("status active").runsEvents);
+    }
+
+    void shouldDisconnectForAWhile()
+    {
+        FaultPlan plan = planOf("sim fault disconnect 2.5");
+        QVERIFY(plan.isDisconnected(2.4));
+        QVERIFY(!plan.isDisconnected(2.6));
+        plan = planOf("sim fault disconnect");
+        QVERIFY(plan.isDisconnected(1e9));
+        plan.run("sim reconnect", 3.0);
+        QVERIFY(!plan.isDisconnected(3.0));
+    }
+
+    void shouldRefuseWhatItCannotRead_data()
+    {
+        QTest::addColumn<QByteArray>("line");
+        for (const char *line :
+             {"sim fault fail", "sim fault fail 0 a", "sim fault fail x a", "sim fault fail 1",
+              "sim fault fail 1 a 0", "sim fault answer 1 a", "sim fault long 1 a", "sim fault long 1 a -1",
+              "sim fault delay 1 a soon", "sim fault disconnect soon", "sim fault lose 1 a"})
+            QTest::newRow(line) << QByteArray(line);
+    }
+
+    void shouldRefuseWhatItCannotRead()
+    {
+        QFETCH(QByteArray, line);
+        const auto answer = FaultPlan().run(line.toStdString(), 0.0);
+        QVERIFY(answer.has_value());
+        QVERIFY(answer->find("sim err \"") == 0);
+    }
+
+    void shouldLeaveOtherLinesToOthers()
+    {
+        QVERIFY(!FaultPlan().run("sim seed 1", 0.0));
+        QVERIFY(!FaultPlan().run("sim fault restart", 0.0));
+    }
+};
+
+ROOM_TEST_CLASS(FaultPlanTest)
+#include "FaultPlanTest.moc"
