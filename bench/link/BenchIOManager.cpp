@@ -2,11 +2,12 @@
 
 #include "ControllerLink.h"
 #include "FormattedText.h"
+#include "ParameterValue.h"
 #include "Requester.h"
 #include "SimText.h"
+#include "WorkpieceFile.h"
 
 #include <QEventLoop>
-#include <QSaveFile>
 #include <QThread>
 #include <QTimer>
 
@@ -33,30 +34,6 @@ void fill(char *buffer, const std::string &text)
     const std::size_t length = std::min(text.size(), longestBufferText);
     std::memcpy(buffer, text.data(), length);
     buffer[length] = '\0';
-}
-
-std::optional<bool> truth(const std::string &word)
-{
-    if (word == "true" || word == "1")
-        return true;
-    if (word == "false" || word == "0")
-        return false;
-    return word == "yes" || word == "no" ? SimText::truth(word) : std::nullopt;
-}
-
-std::optional<std::vector<double>> reals(const std::string &text, int count)
-{
-    const auto words = SimText::words(text);
-    if (count < 0 || words.size() < static_cast<std::size_t>(count))
-        return std::nullopt;
-    std::vector<double> numbers;
-    for (int i = 0; i < count; ++i) {
-        const auto number = SimText::real(words[static_cast<std::size_t>(i)]);
-        if (!number)
-            return std::nullopt;
-        numbers.push_back(*number);
-    }
-    return numbers;
 }
 
 std::string controlFailure(const std::string &reason)
@@ -138,7 +115,7 @@ int BenchIOManager::getParameterBool(bool *value, const char *format, ...)
     BENCH_FORMATTED(name, format);
     Outcome outcome = read(name);
     if (outcome.result == success)
-        outcome.result = take(truth(outcome.text), value);
+        outcome.result = take(ParameterValue::truth(outcome.text), value);
     return finish("getParameterBool", name, outcome);
 }
 
@@ -147,7 +124,7 @@ int BenchIOManager::getParameterDoubles(double *values, int count, const char *f
     BENCH_FORMATTED(name, format);
     Outcome outcome = read(name);
     if (outcome.result == success) {
-        const auto numbers = reals(outcome.text, count);
+        const auto numbers = ParameterValue::reals(outcome.text, count);
         if (numbers && values != nullptr)
             std::copy(numbers->begin(), numbers->end(), values);
         else
@@ -209,7 +186,7 @@ std::string BenchIOManager::control(const std::string &line)
         m_blankKind = SimText::truth(line.substr(line.rfind(' ') + 1)).value_or(false);
         answer = "sim ok";
     } else if (SimText::startsWith(line, saving)) {
-        answer = saveWorkpiece(line.substr(saving.size()));
+        answer = saveWorkpiece(m_link, line.substr(saving.size()));
     } else {
         const LinkAnswer got = m_link.ask(line);
         answer = got.arrived ? got.text : controlFailure(got.text);
@@ -323,24 +300,4 @@ void BenchIOManager::deliver(const SimRecord &record)
         const std::string kind = m_blankKind ? one.first + " " : one.first;
         one.second->dataReceived(kind.c_str(), record.line.c_str());
     }
-}
-
-std::string BenchIOManager::saveWorkpiece(const std::string &file)
-{
-    QString text;
-    for (int number = 1;; ++number) {
-        const std::string question = "sim get point " + std::to_string(number);
-        const LinkAnswer point = m_link.ask(question);
-        if (!point.arrived)
-            return controlFailure(point.text);
-        const auto words = SimText::words(point.text);
-        if (!SimText::startsWith(point.text, question) || words.size() < 7)
-            break;
-        text += QString::fromStdString(std::to_string(number) + " " + std::string(words[4]) + " " +
-                                       std::string(words[5]) + " " + std::string(words[6]) + "\n");
-    }
-    QSaveFile target(QString::fromStdString(file));
-    if (!target.open(QIODevice::WriteOnly) || target.write(text.toLatin1()) < 0 || !target.commit())
-        return controlFailure("cannot write " + file + ": " + target.errorString().toStdString());
-    return "sim ok";
 }

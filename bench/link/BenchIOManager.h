@@ -93,7 +93,6 @@ private:
     bool isSubscribed(const Subscription &subscription) const;
     void deliver(const std::vector<SimRecord> &records);
     void deliver(const SimRecord &record);
-    std::string saveWorkpiece(const std::string &file);
 
     ControllerLink &m_link;
     CallLog m_log;

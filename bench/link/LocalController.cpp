@@ -1,6 +1,7 @@
 #include "LocalController.h"
 
 #include "SimController.h"
+#include "SimText.h"
 
 #include <cmath>
 
@@ -12,6 +13,18 @@ constexpr double frameSeconds = 1.0 / framesPerSecond;
 
 // After a pause of the event loop the controller catches up, but never more than this.
 constexpr double longestCatchUpSeconds = 0.5;
+
+/// The time of "sim wait SECONDS" and "sim frames COUNT".
+std::optional<double> timeToPass(const std::string &line)
+{
+    constexpr double longestSeconds = 3600.0;
+    const auto words = SimText::words(line);
+    if (words.size() != 3 || words[0] != "sim" || (words[1] != "wait" && words[1] != "frames"))
+        return std::nullopt;
+    const auto number = SimText::real(words[2]);
+    const double seconds = number.value_or(-1.0) * (words[1] == "frames" ? frameSeconds : 1.0);
+    return seconds >= 0.0 && seconds <= longestSeconds ? std::optional<double>(seconds) : std::nullopt;
+}
 
 } // namespace
 
@@ -28,6 +41,10 @@ LocalController::LocalController(SimController &controller, QObject *parent)
 
 LinkAnswer LocalController::ask(const std::string &line)
 {
+    if (const std::optional<double> seconds = timeToPass(line)) {
+        advance(*seconds);
+        return {true, "sim ok"};
+    }
     const std::string answer =
         SimScript::isControlLine(line) ? m_script.run(line) : m_controller.answer(line);
     for (const std::string &note : m_controller.takeNotes())

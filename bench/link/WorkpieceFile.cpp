@@ -1,0 +1,50 @@
+#include "WorkpieceFile.h"
+
+#include "ControllerLink.h"
+#include "SimText.h"
+
+#include <QByteArray>
+#include <QSaveFile>
+
+namespace
+{
+
+constexpr std::size_t firstCoordinate = 4;
+
+std::string failure(const std::string &reason)
+{
+    return "sim err \"" + reason + "\"";
+}
+
+/// The file's line for a point; empty when there is no such point.
+QByteArray pointLine(const std::string &question, const std::string &answer, int number)
+{
+    const auto words = SimText::words(answer);
+    if (!SimText::startsWith(answer, question) || words.size() < firstCoordinate + 3)
+        return QByteArray();
+    QByteArray line = QByteArray::number(number);
+    for (std::size_t i = firstCoordinate; i < firstCoordinate + 3; ++i)
+        line += " " + QByteArray(words[i].data(), static_cast<int>(words[i].size()));
+    return line + "\n";
+}
+
+} // namespace
+
+std::string saveWorkpiece(ControllerLink &link, const std::string &file)
+{
+    QByteArray text;
+    for (int number = 1;; ++number) {
+        const std::string question = "sim get point " + std::to_string(number);
+        const LinkAnswer answer = link.ask(question);
+        if (!answer.arrived)
+            return failure(answer.text);
+        const QByteArray line = pointLine(question, answer.text, number);
+        if (line.isEmpty())
+            break;
+        text += line;
+    }
+    QSaveFile target(QString::fromStdString(file));
+    if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() || !target.commit())
+        return failure("cannot write " + file + ": " + target.errorString().toStdString());
+    return "sim ok";
+}

@@ -1,0 +1,98 @@
+#include "LineConnection.h"
+
+#include "RecordFaults.h"
+
+#include <QTcpSocket>
+#include <QTimer>
+
+namespace
+{
+
+constexpr qint64 readBuffer = 64 * 1024;
+constexpr qint64 mostUnfetched = 1024 * 1024;
+
+// After that many lines the other clients have their turn.
+constexpr int linesPerTurn = 100;
+
+} // namespace
+
+LineConnection::LineConnection(QTcpSocket *socket, QObject *parent)
+    : QObject(parent)
+    , m_socket(socket)
+{
+    m_socket->setParent(this);
+    m_socket->setReadBufferSize(readBuffer);
+    m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    connect(m_socket, &QTcpSocket::readyRead, this, &LineConnection::read);
+    connect(m_socket, &QTcpSocket::bytesWritten, this, &LineConnection::read);
+    connect(m_socket, &QTcpSocket::disconnected, this, &LineConnection::closed);
+}
+
+void LineConnection::send(const std::string &answer)
+{
+    m_socket->write((answer + "\n").c_str(), static_cast<qint64>(answer.size()) + 1);
+}
+
+void LineConnection::push(const SimRecord &record)
+{
+    if (kinds.count(record.kind) != 0 && !isCongested())
+        send("record " + record.kind + " " + record.line);
+}
+
+void LineConnection::close()
+{
+    m_socket->disconnectFromHost();
+}
+
+void LineConnection::resume()
+{
+    m_paused = false;
+    QTimer::singleShot(0, this, &LineConnection::read);
+}
+
+void LineConnection::read()
+{
+    if (m_taking || m_paused || isCongested())
+        return;
+    m_taking = true;
+    takeLines();
+    m_taking = false;
+}
+
+void LineConnection::takeLines()
+{
+    m_received += m_socket->read(readBuffer - m_received.size());
+    for (int i = 0; i < linesPerTurn; ++i) {
+        if (m_paused || isCongested() || !takeLine())
+            return;
+    }
+    QTimer::singleShot(0, this, &LineConnection::read);
+}
+
+bool LineConnection::takeLine()
+{
+    const int end = m_received.indexOf('\n');
+    const bool isTooLong = (end < 0 ? m_received.size() : end) > longestLine + 1;
+    if (isTooLong && !m_skipping)
+        emit lineTooLong();
+    m_skipping = m_skipping || isTooLong;
+    if (end < 0) {
+        if (m_skipping)
+            m_received.clear();
+        return false;
+    }
+    QByteArray line = m_received.left(end);
+    m_received.remove(0, end + 1);
+    if (line.endsWith('\r'))
+        line.chop(1);
+    const bool isSkipped = m_skipping;
+    m_skipping = false;
+    if (!isSkipped)
+        emit lineArrived(line.toStdString());
+    return true;
+}
+
+bool LineConnection::isCongested() const
+{
+    return m_socket->bytesToWrite() > mostUnfetched;
+}

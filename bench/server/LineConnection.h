@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+
+#include <set>
+#include <string>
+
+class QTcpSocket;
+struct SimRecord;
+
+/// One client of the server: it cuts what arrives into lines, and sends answers and records.
+///
+/// Lines end with a line feed, a carriage return before it is dropped. A line that is too long is refused
+/// once and skipped to its end. While the client does not fetch what was sent, no more is read from it and
+/// records are left out, so that neither side can fill the memory.
+class LineConnection : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr int longestLine = 1000;
+
+    /// Takes the socket over.
+    explicit LineConnection(QTcpSocket *socket, QObject *parent = nullptr);
+
+    void send(const std::string &answer);
+    void push(const SimRecord &record);
+    void close();
+
+    /// No line is read until resume(), however many have arrived.
+    void pause() { m_paused = true; }
+    void resume();
+
+    std::set<std::string> kinds; ///< the records that are pushed
+
+signals:
+    void lineArrived(const std::string &line);
+    void lineTooLong();
+    void closed();
+
+private:
+    void read();
+    void takeLines();
+    bool takeLine();
+    bool isCongested() const;
+
+    QTcpSocket *m_socket;
+    QByteArray m_received;
+    bool m_skipping = false;
+    bool m_paused = false;
+    bool m_taking = false;
+};

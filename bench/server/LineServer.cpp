@@ -1,0 +1,151 @@
+#include "LineServer.h"
+
+#include "LineConnection.h"
+#include "LocalController.h"
+#include "SimScript.h"
+#include "SimText.h"
+
+#include <QPointer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include <algorithm>
+#include <optional>
+#include <set>
+
+namespace
+{
+
+const std::string ok = "velmar2 ok";
+constexpr std::size_t mostKinds = 32;
+
+std::string errorLine(int code, const std::string &text)
+{
+    return "velmar2 err " + std::to_string(code) + " \"" + text + "\"";
+}
+
+/// The kinds of a subscription line; nothing when it is another line.
+std::optional<std::set<std::string>> subscription(const std::string &line)
+{
+    const auto words = SimText::words(line);
+    if (words.size() < 2 || words.size() > mostKinds || words[0] != "velmar2" || words[1] != "subscribe")
+        return std::nullopt;
+    return std::set<std::string>(words.begin() + 2, words.end());
+}
+
+} // namespace
+
+LineServer::LineServer(LocalController &controller, QObject *parent)
+    : QObject(parent)
+    , m_controller(controller)
+{
+    m_clock.start();
+    connect(&m_server, &QTcpServer::newConnection, this, &LineServer::acceptAll);
+    connect(&controller, &LocalController::recordsArrived, this, &LineServer::push);
+}
+
+LineServer::~LineServer()
+{
+    for (LineConnection *connection : m_connections)
+        connection->disconnect(this);
+}
+
+bool LineServer::listen(const QHostAddress &address, quint16 port)
+{
+    return m_server.listen(address, port);
+}
+
+void LineServer::acceptAll()
+{
+    while (QTcpSocket *socket = m_server.nextPendingConnection())
+        admit(new LineConnection(socket, this));
+}
+
+void LineServer::admit(LineConnection *connection)
+{
+    connect(connection, &LineConnection::closed, this, [this, connection] { remove(connection); });
+    m_connections.push_back(connection);
+    if (m_faults.isDisconnected(now())) {
+        connection->close();
+        return;
+    }
+    if (connectionCount() > m_mostConnections) {
+        connection->send(errorLine(50, "too many connections"));
+        connection->close();
+        return;
+    }
+    connect(connection, &LineConnection::lineArrived, this,
+            [this, connection](const std::string &line) { handle(connection, line); });
+    connect(connection, &LineConnection::lineTooLong, this,
+            [connection] { connection->send(errorLine(6, "line too long")); });
+}
+
+void LineServer::remove(LineConnection *connection)
+{
+    m_connections.erase(std::remove(m_connections.begin(), m_connections.end(), connection),
+                        m_connections.end());
+    connection->deleteLater();
+}
+
+void LineServer::handle(LineConnection *connection, const std::string &line)
+{
+    if (SimScript::isControlLine(line))
+        connection->send(control(line));
+    else
+        request(connection, line);
+    if (m_faults.isDisconnected(now()))
+        closeAll();
+}
+
+void LineServer::request(LineConnection *connection, const std::string &line)
+{
+    const FaultEffect effect = m_faults.next(line);
+    std::string answer = errorLine(effect.result.value_or(0), "fault on request");
+    const auto kinds = subscription(line);
+    if (effect.executed && kinds)
+        connection->kinds = *kinds;
+    if (effect.executed && (!effect.result || *effect.result == 0))
+        answer = kinds ? ok : m_controller.ask(line).text;
+    else if (effect.executed)
+        m_controller.ask(line);
+    if (effect.answer)
+        answer = *effect.answer;
+    if (effect.delayMilliseconds == 0) {
+        connection->send(answer);
+        return;
+    }
+    connection->pause();
+    QTimer::singleShot(effect.delayMilliseconds, connection, [connection, answer] {
+        connection->send(answer);
+        connection->resume();
+    });
+}
+
+std::string LineServer::control(const std::string &line)
+{
+    if (!m_controlAllowed)
+        return "sim err \"control lines are switched off\"";
+    if (const auto handled = m_faults.run(line, now()))
+        return *handled;
+    return m_controller.ask(line).text;
+}
+
+void LineServer::closeAll()
+{
+    const std::vector<LineConnection *> connections = m_connections;
+    for (LineConnection *connection : connections)
+        connection->close();
+}
+
+void LineServer::push(const std::vector<SimRecord> &records)
+{
+    for (LineConnection *connection : m_connections) {
+        for (const SimRecord &record : records)
+            connection->push(record);
+    }
+}
+
+double LineServer::now() const
+{
+    return static_cast<double>(m_clock.elapsed()) / 1000.0;
+}
