@@ -1,0 +1,184 @@
+#include "RoomControls.h"
+
+#include "BenchIOManager.h"
+#include "ControllerLink.h"
+
+#include <QLocale>
+#include <QStringList>
+
+namespace
+{
+
+constexpr QLatin1String prefix("sim ");
+
+QString yesNo(bool value)
+{
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
+}
+
+QString number(double value)
+{
+    return QLocale::c().toString(value, 'g', 8).remove(QLatin1Char(','));
+}
+
+std::optional<std::array<double, 3>> threeNumbers(const QStringList &words)
+{
+    if (words.size() < 3)
+        return std::nullopt;
+    std::array<double, 3> values = {};
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        bool isNumber = false;
+        values[i] = words.at(static_cast<int>(i)).toDouble(&isNumber);
+        if (!isNumber)
+            return std::nullopt;
+    }
+    return values;
+}
+
+} // namespace
+
+RoomControls::RoomControls(BenchIOManager &channel, QObject *parent)
+    : QObject(parent)
+    , m_channel(channel)
+{
+}
+
+void RoomControls::touchPoint(int point)
+{
+    send(QStringLiteral("tool 1 touch %1").arg(point));
+}
+
+void RoomControls::pressToolButton()
+{
+    send(QStringLiteral("tool 1 button 1 click"));
+}
+
+void RoomControls::pressDeviceButton()
+{
+    send(QStringLiteral("device 1 button 1 click"));
+}
+
+void RoomControls::setToolTracked(bool tracked)
+{
+    send(QStringLiteral("tool 1 tracked %1").arg(yesNo(tracked)));
+}
+
+void RoomControls::setTremor(double sigmaMm)
+{
+    send(QStringLiteral("tool 1 tremor %1").arg(number(sigmaMm)));
+}
+
+void RoomControls::setAngleToolVisible(bool visible)
+{
+    send(QStringLiteral("angletool visible %1").arg(yesNo(visible)));
+}
+
+void RoomControls::setLocked(bool locked)
+{
+    send(QStringLiteral("locked %1").arg(yesNo(locked)));
+}
+
+void RoomControls::setAvailable(bool available)
+{
+    send(QStringLiteral("available %1").arg(yesNo(available)));
+}
+
+void RoomControls::setInterfaceVersion(int major, int minor, int third)
+{
+    send(QStringLiteral("version %1 %2 %3").arg(major).arg(minor).arg(third));
+}
+
+void RoomControls::stallCalibration(double fraction, double seconds)
+{
+    send(QStringLiteral("cal room stall %1 %2").arg(number(fraction), number(seconds)));
+}
+
+void RoomControls::failCalibration(double fraction, const QString &text)
+{
+    send(QStringLiteral("cal room error %1 \"%2\"").arg(number(fraction), text));
+}
+
+void RoomControls::repairCalibration()
+{
+    send(QStringLiteral("cal room error none"));
+    send(QStringLiteral("cal room stall 0 0"));
+}
+
+void RoomControls::failCall(int k, const QString &beginning)
+{
+    send(QStringLiteral("fault fail %1 \"%2\"").arg(k).arg(beginning));
+}
+
+void RoomControls::disconnectFor(double seconds)
+{
+    send(QStringLiteral("fault disconnect %1").arg(number(seconds)));
+}
+
+QString RoomControls::send(const QString &line)
+{
+    const QString text = line.simplified();
+    const QString whole = text.startsWith(prefix) ? text : prefix + text;
+    const QString answer = QString::fromStdString(m_channel.control(whole.toStdString()));
+    if (answer.startsWith(QStringLiteral("sim err")))
+        emit refused(tr("The controller does not do \"%1\": %2").arg(whole, answer.mid(8)));
+    else
+        emit changed();
+    return answer;
+}
+
+std::optional<QString> RoomControls::question(const QString &about) const
+{
+    const QString asked = QStringLiteral("sim get ") + about;
+    const LinkAnswer answer = m_channel.link().ask(asked.toStdString());
+    const QString text = QString::fromStdString(answer.text);
+    if (!answer.arrived || !text.startsWith(asked + QLatin1Char(' ')))
+        return std::nullopt;
+    return text.mid(asked.size() + 1);
+}
+
+std::optional<ToolReading> RoomControls::toolReading() const
+{
+    const std::optional<QString> value = question(QStringLiteral("tool 1"));
+    if (!value)
+        return std::nullopt;
+    const QStringList words = value->split(QLatin1Char(' '));
+    const auto tip = threeNumbers(words);
+    if (!tip || words.size() < 5)
+        return std::nullopt;
+    return ToolReading{*tip, words.at(3) == QLatin1String("yes"), words.at(4) == QLatin1String("yes")};
+}
+
+std::optional<std::array<int, 3>> RoomControls::interfaceVersion() const
+{
+    const std::optional<QString> value = question(QStringLiteral("version"));
+    if (!value)
+        return std::nullopt;
+    const auto numbers = threeNumbers(value->split(QLatin1Char(' ')));
+    if (!numbers)
+        return std::nullopt;
+    return std::array<int, 3>{static_cast<int>(numbers->at(0)), static_cast<int>(numbers->at(1)),
+                              static_cast<int>(numbers->at(2))};
+}
+
+std::optional<bool> RoomControls::isLocked() const
+{
+    const std::optional<QString> value = question(QStringLiteral("locked"));
+    return value ? std::optional<bool>(*value == QLatin1String("yes")) : std::nullopt;
+}
+
+int RoomControls::pointCount() const
+{
+    const std::optional<QString> value = question(QStringLiteral("counts"));
+    return value ? value->section(QLatin1Char(' '), 4, 4).toInt() : 0;
+}
+
+std::optional<WorkpiecePoint> RoomControls::point(int number) const
+{
+    const std::optional<QString> value = question(QStringLiteral("point %1").arg(number));
+    if (!value)
+        return std::nullopt;
+    const auto nominal = threeNumbers(value->split(QLatin1Char(' ')));
+    if (!nominal)
+        return std::nullopt;
+    return WorkpiecePoint{value->section(QLatin1Char('"'), 1, 1), *nominal};
+}

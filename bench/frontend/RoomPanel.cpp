@@ -1,0 +1,214 @@
+#include "RoomPanel.h"
+
+#include "RoomControls.h"
+#include "ui_RoomPanel.h"
+
+#include <QLocale>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+#include <chrono>
+
+namespace
+{
+
+using namespace std::chrono_literals;
+
+constexpr auto readingInterval = 100ms;
+constexpr int pointColumns = 3;
+constexpr int lastMnemonic = 9;
+constexpr double perCent = 0.01;
+
+QString millimetres(double value)
+{
+    return QLocale::c().toString(value, 'f', 2).remove(QLatin1Char(','));
+}
+
+QString versionText(const std::array<int, 3> &version)
+{
+    const QString text = QStringLiteral("%1.%2").arg(version[0]).arg(version[1]);
+    return version[2] < 0 ? text : text + QStringLiteral(".%1").arg(version[2]);
+}
+
+} // namespace
+
+RoomPanel::RoomPanel(RoomControls &controls, QWidget *parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::RoomPanel>())
+    , m_controls(controls)
+{
+    m_ui->setupUi(this);
+    m_ui->versionBox->addItems({QStringLiteral("0.8"), QStringLiteral("0.10"), QStringLiteral("0.16"),
+                                QStringLiteral("0.17"), QStringLiteral("1.2"), QStringLiteral("1.17"),
+                                QStringLiteral("1.18"), QStringLiteral("1.23"), QStringLiteral("1.24")});
+    m_ui->versionBox->setInsertPolicy(QComboBox::NoInsert);
+    connect(&m_controls, &RoomControls::refused, this, &RoomPanel::showMessage);
+    connect(&m_controls, &RoomControls::changed, this, [this] { showMessage(QString()); });
+    connect(&m_readingTimer, &QTimer::timeout, this, &RoomPanel::showReading);
+    // The box itself says nothing of a text that is not in its list.
+    connect(m_ui->versionBox->lineEdit(), &QLineEdit::returnPressed, this,
+            [this] { setVersion(m_ui->versionBox->currentText()); });
+    m_readingTimer.start(readingInterval);
+    showState();
+}
+
+RoomPanel::~RoomPanel() = default;
+
+void RoomPanel::showState()
+{
+    showPoints();
+    if (const auto version = m_controls.interfaceVersion()) {
+        const QSignalBlocker blocker(m_ui->versionBox);
+        m_ui->versionBox->setEditText(versionText(*version));
+    }
+    if (const auto locked = m_controls.isLocked()) {
+        const QSignalBlocker blocker(m_ui->lockedBox);
+        m_ui->lockedBox->setChecked(*locked);
+    }
+}
+
+void RoomPanel::showPoints()
+{
+    const int count = m_controls.pointCount();
+    if (count == m_shownPoints)
+        return;
+    m_shownPoints = count;
+    qDeleteAll(m_ui->touchGroup->findChildren<QPushButton *>());
+    QWidget *before = m_ui->tabWidget;
+    for (int number = 1; number <= count; ++number) {
+        auto *button =
+            new QPushButton(number <= lastMnemonic ? tr("Point &%1").arg(number) : tr("Point %1").arg(number),
+                            m_ui->touchGroup);
+        button->setObjectName(QStringLiteral("pointButton%1").arg(number));
+        if (const auto point = m_controls.point(number))
+            button->setToolTip(tr("%1, nominally at %2, %3, %4")
+                                   .arg(point->name, millimetres(point->nominalMm[0]),
+                                        millimetres(point->nominalMm[1]), millimetres(point->nominalMm[2])));
+        connect(button, &QPushButton::clicked, this, [this, number] { touch(number); });
+        m_ui->pointLayout->addWidget(button, (number - 1) / pointColumns, (number - 1) % pointColumns);
+        setTabOrder(before, button);
+        before = button;
+    }
+    setTabOrder(before, m_ui->toolButton);
+}
+
+void RoomPanel::touch(int point)
+{
+    m_controls.touchPoint(point);
+    m_ui->toolButton->setFocus();
+    showReading();
+}
+
+void RoomPanel::showReading()
+{
+    const std::optional<ToolReading> reading = m_controls.toolReading();
+    const bool isSeen = reading && reading->isTracked;
+    const QString none = QStringLiteral("-");
+    m_ui->xLabel->setText(isSeen ? millimetres(reading->tipMm[0]) : none);
+    m_ui->yLabel->setText(isSeen ? millimetres(reading->tipMm[1]) : none);
+    m_ui->zLabel->setText(isSeen ? millimetres(reading->tipMm[2]) : none);
+    if (!reading)
+        m_ui->stateLabel->setText(tr("The controller does not answer."));
+    else if (!reading->isTracked)
+        m_ui->stateLabel->setText(tr("out of sight"));
+    else
+        m_ui->stateLabel->setText(reading->isMeasuring ? tr("in sight, measuring a point ...")
+                                                       : tr("in sight"));
+}
+
+void RoomPanel::showMessage(const QString &text)
+{
+    m_ui->messageLabel->setText(text);
+}
+
+void RoomPanel::on_toolButton_clicked()
+{
+    m_controls.pressToolButton();
+}
+
+void RoomPanel::on_deviceButton_clicked()
+{
+    m_controls.pressDeviceButton();
+}
+
+void RoomPanel::on_trackedBox_toggled(bool checked)
+{
+    m_controls.setToolTracked(checked);
+    showReading();
+}
+
+void RoomPanel::on_tremorBox_valueChanged(double value)
+{
+    m_controls.setTremor(value);
+}
+
+void RoomPanel::on_versionBox_activated(int)
+{
+    setVersion(m_ui->versionBox->currentText());
+}
+
+void RoomPanel::setVersion(const QString &version)
+{
+    const QStringList parts = version.split(QLatin1Char('.'));
+    bool isMajor = false;
+    bool isMinor = false;
+    bool isThird = parts.size() == 2;
+    const int major = parts.value(0).toInt(&isMajor);
+    const int minor = parts.value(1).toInt(&isMinor);
+    const int third = isThird ? -1 : parts.value(2).toInt(&isThird);
+    if (!isMajor || !isMinor || !isThird || parts.size() > 3)
+        showMessage(tr("A version is two or three numbers with points, such as 1.24."));
+    else
+        m_controls.setInterfaceVersion(major, minor, third);
+}
+
+void RoomPanel::on_lockedBox_toggled(bool checked)
+{
+    m_controls.setLocked(checked);
+}
+
+void RoomPanel::on_availableBox_toggled(bool checked)
+{
+    m_controls.setAvailable(checked);
+}
+
+void RoomPanel::on_lineEdit_returnPressed()
+{
+    on_sendButton_clicked();
+}
+
+void RoomPanel::on_sendButton_clicked()
+{
+    m_ui->answerLabel->setText(m_controls.send(m_ui->lineEdit->text()));
+    showState();
+}
+
+void RoomPanel::on_angleToolBox_toggled(bool checked)
+{
+    m_controls.setAngleToolVisible(checked);
+}
+
+void RoomPanel::on_stallButton_clicked()
+{
+    m_controls.stallCalibration(m_ui->stallAtBox->value() * perCent, m_ui->stallForBox->value());
+}
+
+void RoomPanel::on_errorButton_clicked()
+{
+    m_controls.failCalibration(m_ui->errorAtBox->value() * perCent, m_ui->errorTextEdit->text());
+}
+
+void RoomPanel::on_repairButton_clicked()
+{
+    m_controls.repairCalibration();
+}
+
+void RoomPanel::on_callButton_clicked()
+{
+    m_controls.failCall(m_ui->callNumberBox->value(), m_ui->callTextEdit->text());
+}
+
+void RoomPanel::on_lostButton_clicked()
+{
+    m_controls.disconnectFor(m_ui->lostForBox->value());
+}

@@ -1,0 +1,186 @@
+#include "RoomPanel.h"
+
+#include "FakeController.h"
+#include "RoomControls.h"
+#include "TestRegistry.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QtTest>
+
+namespace
+{
+
+template <typename Widget>
+Widget *child(const RoomPanel &panel, const char *name)
+{
+    auto *found = panel.findChild<Widget *>(QLatin1String(name));
+    Q_ASSERT(found != nullptr);
+    return found;
+}
+
+QString text(const RoomPanel &panel, const char *name)
+{
+    return child<QLabel>(panel, name)->text();
+}
+
+void click(const RoomPanel &panel, const char *name)
+{
+    QTest::mouseClick(child<QAbstractButton>(panel, name), Qt::LeftButton);
+}
+
+} // namespace
+
+class RoomPanelTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldHaveAButtonForEachPoint()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        const auto count = static_cast<int>(fake.room().workpiece.points.size());
+        QVERIFY(count >= 3);
+        QVERIFY(panel.findChild<QAbstractButton *>(QStringLiteral("pointButton%1").arg(count)) != nullptr);
+        QVERIFY(panel.findChild<QAbstractButton *>(QStringLiteral("pointButton%1").arg(count + 1)) ==
+                nullptr);
+    }
+
+    void shouldShowAtOnceWhereTheTouchedPointIs()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        click(panel, "pointButton2");
+        const SimWorkpiece &workpiece = fake.room().workpiece;
+        const SimVector expected = workpiece.pose * workpiece.points.at(1).nominal;
+        QCOMPARE(text(panel, "xLabel"), QString::number(expected.x, 'f', 2));
+        QCOMPARE(text(panel, "yLabel"), QString::number(expected.y, 'f', 2));
+        QCOMPARE(text(panel, "zLabel"), QString::number(expected.z, 'f', 2));
+    }
+
+    void shouldFollowTheToolByItself()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        fake.room().tools.at(0).tip = {1.0, 2.0, 3.0};
+        QTRY_COMPARE(text(panel, "zLabel"), QStringLiteral("3.00"));
+    }
+
+    void shouldShowNoPlaceForALostTool()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        child<QCheckBox>(panel, "trackedBox")->setChecked(false);
+        QCOMPARE(text(panel, "xLabel"), QStringLiteral("-"));
+        QCOMPARE(text(panel, "stateLabel"), QStringLiteral("out of sight"));
+    }
+
+    void shouldSendWhatIsSet()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        click(panel, "toolButton");
+        QVERIFY(fake.room().tools.at(0).buttons.at(0).isDown());
+        click(panel, "deviceButton");
+        QVERIFY(fake.room().devices.at(0).buttons.at(0).isDown());
+        child<QCheckBox>(panel, "lockedBox")->setChecked(true);
+        QVERIFY(!fake.state().changeable);
+        child<QCheckBox>(panel, "availableBox")->setChecked(false);
+        QVERIFY(!fake.state().available);
+        child<QCheckBox>(panel, "angleToolBox")->setChecked(false);
+        QVERIFY(!fake.room().angleTool.visible);
+        click(panel, "stallButton");
+        QCOMPARE(fake.controller.machine().calibration.kinds.at("room").stallSeconds, 6.0);
+        click(panel, "errorButton");
+        QCOMPARE(fake.controller.machine().calibration.kinds.at("room").errorFraction.value_or(0.0), 0.5);
+        click(panel, "repairButton");
+        QCOMPARE(fake.controller.machine().calibration.kinds.at("room").stallSeconds, 0.0);
+    }
+
+    void shouldSetTheVersionThatIsTyped()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        auto *box = child<QComboBox>(panel, "versionBox");
+        QCOMPARE(box->currentText(), QStringLiteral("1.23"));
+        box->lineEdit()->selectAll();
+        QTest::keyClicks(box->lineEdit(), QStringLiteral("0.16.1"));
+        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+        QCOMPARE(fake.state().versionMinor, 16);
+        QCOMPARE(fake.state().versionThird, 1);
+    }
+
+    void shouldExplainAVersionThatIsNone()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        auto *box = child<QComboBox>(panel, "versionBox");
+        box->lineEdit()->selectAll();
+        QTest::keyClicks(box->lineEdit(), QStringLiteral("new"));
+        QTest::keyClick(box->lineEdit(), Qt::Key_Return);
+        QVERIFY(text(panel, "messageLabel").contains(QStringLiteral("1.24")));
+        QCOMPARE(fake.state().versionMinor, 23);
+    }
+
+    void shouldSendAnyLineAndShowItsAnswer()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        auto *edit = child<QLineEdit>(panel, "lineEdit");
+        QTest::keyClicks(edit, QStringLiteral("tool 1 tip 7 8 9"));
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(text(panel, "answerLabel"), QStringLiteral("sim ok"));
+        QCOMPARE(fake.room().tools.at(0).tip.y, 8.0);
+        edit->setText(QStringLiteral("nonsense"));
+        click(panel, "sendButton");
+        QVERIFY(text(panel, "answerLabel").startsWith(QStringLiteral("sim err")));
+        QVERIFY(text(panel, "messageLabel").contains(QStringLiteral("nonsense")));
+    }
+
+    void shouldMakeCallsFail()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        click(panel, "callButton");
+        std::array<char, 256> answer = {};
+        QVERIFY(fake.channel.getParameter(answer.data(), "status active") != 0);
+        QCOMPARE(fake.channel.getParameter(answer.data(), "status active"), 0);
+        click(panel, "lostButton");
+        QVERIFY(fake.channel.getParameter(answer.data(), "status active") != 0);
+    }
+
+    void shouldBeReachableByKeysAlone()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QTest::keyClick(panel.windowHandle(), Qt::Key_3, Qt::AltModifier);
+        const SimWorkpiece &workpiece = fake.room().workpiece;
+        QTRY_COMPARE(fake.room().tools.at(0).tip.x, (workpiece.pose * workpiece.points.at(2).nominal).x);
+        QTest::keyClick(panel.windowHandle(), Qt::Key_P, Qt::AltModifier);
+        QTRY_VERIFY(fake.room().tools.at(0).buttons.at(0).isDown());
+        QTest::keyClick(panel.windowHandle(), Qt::Key_C, Qt::AltModifier);
+        QTRY_VERIFY(child<QComboBox>(panel, "versionBox")->isVisible());
+    }
+};
+
+ROOM_TEST_CLASS(RoomPanelTest)
+
+#include "RoomPanelTest.moc"
