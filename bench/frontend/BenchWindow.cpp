@@ -1,0 +1,167 @@
+#include "BenchWindow.h"
+
+#include "BenchIOManager.h"
+#include "ControllerLink.h"
+#include "ConversationView.h"
+#include "ModalCompanion.h"
+#include "RoomPanel.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStatusBar>
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int reportShownMs = 15000;
+const QSize startSize(1000, 720);
+const QSize roomSize(430, 720);
+const QPoint startPosition(20, 20);
+constexpr int windowGap = 20;
+
+} // namespace
+
+BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool observerMode, QWidget *parent)
+    : QMainWindow(parent)
+    , m_channel(channel)
+    , m_controls(channel)
+    , m_module(plugin)
+    , m_observerMode(observerMode)
+    , m_conversation(new ConversationView(channel.log(), this))
+    , m_room(new RoomPanel(m_controls, this))
+    , m_connectionLabel(new QLabel(channel.link().description(), this))
+    , m_moduleLabel(new QLabel(this))
+{
+    setWindowTitle(tr("Velmar Bench"));
+    setCentralWidget(m_conversation);
+    statusBar()->addPermanentWidget(m_moduleLabel);
+    statusBar()->addPermanentWidget(m_connectionLabel);
+    resize(startSize);
+    move(startPosition);
+    m_room->setWindowFlag(Qt::Window);
+    m_room->resize(roomSize);
+    m_companion = new ModalCompanion(m_room);
+    buildMenus();
+    readVersion();
+    showModuleState();
+    connect(&m_controls, &RoomControls::changed, this, &BenchWindow::readVersion);
+    connect(&m_channel, &BenchIOManager::errorReported, this,
+            [this](const QString &, const QString &, int, const QString &message) {
+                statusBar()->showMessage(tr("Reported: %1").arg(message), reportShownMs);
+            });
+    connect(&m_channel.link(), &ControllerLink::connectionChanged, this, [this](bool, const QString &text) {
+        m_connectionLabel->setText(m_channel.link().description());
+        statusBar()->showMessage(text, reportShownMs);
+        m_room->showState();
+    });
+}
+
+BenchWindow::~BenchWindow()
+{
+    m_menus->clear();
+    m_module.unload();
+}
+
+void BenchWindow::buildMenus()
+{
+    QMenu *bench = menuBar()->addMenu(tr("&Bench"));
+    m_loadAction = bench->addAction(tr("&Load the module"), this, &BenchWindow::loadModule);
+    m_unloadAction = bench->addAction(tr("&Unload the module"), this, &BenchWindow::unloadModule);
+    QAction *observer = bench->addAction(tr("&Observer mode at the next loading"));
+    observer->setCheckable(true);
+    observer->setChecked(m_observerMode);
+    connect(observer, &QAction::toggled, this, [this](bool checked) { m_observerMode = checked; });
+    bench->addSeparator();
+    bench->addAction(tr("Show the simulated &room"), this, &BenchWindow::showRoom, QKeySequence(tr("Ctrl+R")));
+    bench->addAction(tr("&Switch the window"), m_companion, &ModalCompanion::switchWindow,
+                     QKeySequence(tr("F6")));
+    bench->addSeparator();
+    bench->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(tr("Ctrl+Q")));
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&How to measure points"), this, &BenchWindow::showHelp, QKeySequence(tr("F1")));
+    m_menus = std::make_unique<ModuleMenus>(menuBar(), help->menuAction());
+}
+
+bool BenchWindow::loadModule()
+{
+    readVersion();
+    const bool isLoaded = m_module.load({&m_channel, this, &m_versions, m_observerMode});
+    if (isLoaded) {
+        m_menus->clear();
+        const QList<QAction *> actions = m_module.actions();
+        m_menus->add(actions, m_module.place());
+    } else {
+        statusBar()->showMessage(tr("The module was not loaded: %1").arg(m_module.error()));
+    }
+    showModuleState();
+    return isLoaded;
+}
+
+void BenchWindow::unloadModule()
+{
+    m_menus->clear();
+    m_module.unload();
+    showModuleState();
+}
+
+void BenchWindow::showModuleState()
+{
+    const bool isLoaded = m_module.isLoaded();
+    m_loadAction->setEnabled(!isLoaded);
+    m_unloadAction->setEnabled(isLoaded);
+    m_moduleLabel->setText(isLoaded ? tr("%1 %2").arg(m_module.name(), m_module.version())
+                                    : tr("no module loaded"));
+}
+
+void BenchWindow::readVersion()
+{
+    m_versions.backendName = m_channel.link().description();
+    const auto version = m_controls.interfaceVersion();
+    if (!version)
+        return;
+    m_versions.interfaceMajor = version->at(0);
+    m_versions.interfaceMinor = version->at(1);
+    m_versions.interfacePatch = version->at(2);
+}
+
+void BenchWindow::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        showRoom();
+}
+
+void BenchWindow::showRoom()
+{
+    if (!m_room->isVisible()) {
+        const int rightmost = screen()->availableGeometry().right() - m_room->width();
+        m_room->move(std::min(frameGeometry().right() + windowGap, rightmost), frameGeometry().top());
+    }
+    m_room->show();
+    m_room->raise();
+}
+
+void BenchWindow::closeEvent(QCloseEvent *event)
+{
+    m_room->hide();
+    QMainWindow::closeEvent(event);
+}
+
+void BenchWindow::showHelp()
+{
+    QMessageBox::information(
+        this, tr("How to measure points"),
+        tr("<ol><li>Press Shift+F5: the dialog \"Room Adjustment\" opens.</li>"
+           "<li>Choose the tab \"Fine\" and press \"Start\" under \"Adjust based on reference points\".</li>"
+           "<li>In the window \"Simulated Room\" press \"Point 1\", then \"Press the tool button\", and wait "
+           "until the point stands in the dialog's table.</li>"
+           "<li>Do the same with the points 2 and 3.</li></ol>"
+           "<p>F6 switches between the dialog and the simulated room.</p>"));
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "BackendVersions.h"
+#include "ModuleLibrary.h"
+#include "ModuleMenus.h"
+#include "RoomControls.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class BenchIOManager;
+class ConversationView;
+class ModalCompanion;
+class QLabel;
+class RoomPanel;
+
+/// The small front-end: the menus with the module's action, the conversation with the controller, and beside it
+/// a window with the simulated room that stays usable while the module's dialogs are open.
+class BenchWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// The channel must outlive the window. `plugin` is the module's library.
+    BenchWindow(BenchIOManager &channel, const QString &plugin, bool observerMode, QWidget *parent = nullptr);
+    ~BenchWindow() override;
+
+    /// Loads the module and shows its actions. False when that fails; the window then says why.
+    bool loadModule();
+    void unloadModule();
+
+    const ModuleLibrary &module() const { return m_module; }
+    RoomPanel *roomPanel() const { return m_room; }
+    ConversationView *conversation() const { return m_conversation; }
+
+    /// The record that the module reads; it follows the controller's interface version.
+    const BackendVersions &versions() const { return m_versions; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void buildMenus();
+    void readVersion();
+    void showModuleState();
+    void showRoom();
+    void showHelp();
+
+    BenchIOManager &m_channel;
+    RoomControls m_controls;
+    BackendVersions m_versions;
+    ModuleLibrary m_module;
+    bool m_observerMode;
+    ConversationView *m_conversation;
+    RoomPanel *m_room;
+    ModalCompanion *m_companion = nullptr;
+    QLabel *m_connectionLabel;
+    QLabel *m_moduleLabel;
+    QAction *m_loadAction = nullptr;
+    QAction *m_unloadAction = nullptr;
+    std::unique_ptr<ModuleMenus> m_menus;
+};

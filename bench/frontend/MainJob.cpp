@@ -1,0 +1,197 @@
+#include "MainJob.h"
+
+#include "BenchIOManager.h"
+#include "BenchWindow.h"
+#include "ScreenPicture.h"
+#include "WidgetEvents.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTextStream>
+
+#include <cmath>
+
+namespace
+{
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 20s;
+constexpr double degreesPerRadian = 57.29577951308232;
+
+QWidget *dialog()
+{
+    return QApplication::activeModalWidget();
+}
+
+QWidget *inDialog(const QString &name)
+{
+    return dialog() == nullptr ? nullptr : WidgetEvents::find(dialog(), name);
+}
+
+bool isDialogReady()
+{
+    return WidgetEvents::isReady(dialog());
+}
+
+/// The tab with that text, its mnemonic included; -1 when there is none.
+int tabIndex(const QTabBar *bar, const QString &text)
+{
+    for (int index = 0; bar != nullptr && index < bar->count(); ++index) {
+        if (bar->tabText(index) == text)
+            return index;
+    }
+    return -1;
+}
+
+QTabBar *tabBar()
+{
+    return dialog() == nullptr ? nullptr : dialog()->findChild<QTabBar *>();
+}
+
+void clickTab(const QString &text)
+{
+    WidgetEvents::click(tabBar(), tabBar()->tabRect(tabIndex(tabBar(), text)).center());
+}
+
+} // namespace
+
+MainJob::MainJob(BenchWindow &window, BenchIOManager &channel, const QString &folder, QTextStream &out,
+                 QObject *parent)
+    : QObject(parent)
+    , m_window(window)
+    , m_channel(channel)
+    , m_folder(folder)
+    , m_out(out)
+    , m_steps(patience)
+{
+    connect(&m_steps, &EventSteps::finished, this, &MainJob::conclude);
+    connect(&m_steps, &EventSteps::failed, this,
+            [this](const QString &name) { giveUp(tr("This step could not be done: %1").arg(name)); });
+}
+
+ControllerTrafo MainJob::wanted()
+{
+    const double sine = std::sin(rzDegrees / degreesPerRadian);
+    const double cosine = std::cos(rzDegrees / degreesPerRadian);
+    ControllerTrafo trafo;
+    trafo.rotation = {cosine, -sine, 0, sine, cosine, 0, 0, 0, 1};
+    trafo.translationMm = {-xMm, 0, 0};
+    return trafo;
+}
+
+void MainJob::start()
+{
+    if (!QDir().mkpath(m_folder)) {
+        giveUp(tr("The folder %1 cannot be made.").arg(m_folder));
+        return;
+    }
+    const auto before = ControllerTrafo::read(m_channel.link());
+    if (!before) {
+        giveUp(tr("The controller does not say its extra transformation."));
+        return;
+    }
+    m_out << tr("The controller's extra transformation before:") << '\n'
+          << before->asText() << '\n'
+          << Qt::flush;
+    if (!before->isNear(ControllerTrafo())) {
+        giveUp(tr("The main job needs a controller without an extra transformation at the start."));
+        return;
+    }
+    addSteps();
+    m_steps.start();
+}
+
+void MainJob::addSteps()
+{
+    const QString fine = QStringLiteral("&Fine");
+    addPicture(QStringLiteral("1-bench"));
+    m_steps.add({tr("press Shift+F5"), [this] { return WidgetEvents::isReady(&m_window); },
+                 [this] { WidgetEvents::pressKey(&m_window, Qt::Key_F5, Qt::ShiftModifier); }});
+    addPicture(QStringLiteral("2-dialog"));
+    m_steps.add({tr("choose the tab &Fine"),
+                 [fine] { return isDialogReady() && tabIndex(tabBar(), fine) >= 0; },
+                 [fine] { clickTab(fine); }});
+    addPicture(QStringLiteral("3-fine"));
+    addTyping(QStringLiteral("doubleSpinBox_rz"), rzDegrees);
+    addTyping(QStringLiteral("doubleSpinBox_x"), xMm);
+    addPicture(QStringLiteral("4-edited"));
+    addClick(QStringLiteral("btn_apply"));
+    addPicture(QStringLiteral("5-applied"));
+    addClick(QStringLiteral("btn_ok"));
+    m_steps.add({tr("see the dialog closed"), [] { return dialog() == nullptr; }, [] {}});
+    m_steps.add({tr("take the last picture"), [this] { return WidgetEvents::isReady(&m_window); },
+                 [this] { takePicture(QStringLiteral("6-closed")); }});
+}
+
+void MainJob::addTyping(const QString &name, double value)
+{
+    m_steps.add({tr("type %1 into %2").arg(value).arg(name),
+                 [name] {
+                     const QWidget *editor = inDialog(name);
+                     return editor != nullptr && editor->isEnabled() && isDialogReady();
+                 },
+                 [name, value] { WidgetEvents::type(inDialog(name), QString::number(value)); }});
+}
+
+void MainJob::addClick(const QString &name)
+{
+    m_steps.add({tr("click %1").arg(name),
+                 [name] {
+                     const QWidget *button = inDialog(name);
+                     return button != nullptr && button->isEnabled() && isDialogReady();
+                 },
+                 [name] { WidgetEvents::click(inDialog(name)); }});
+}
+
+void MainJob::addPicture(const QString &name)
+{
+    m_steps.add({tr("take the picture %1").arg(name),
+                 [this] { return WidgetEvents::isReady(dialog() != nullptr ? dialog() : &m_window); },
+                 [this, name] { takePicture(name); }});
+}
+
+void MainJob::takePicture(const QString &name)
+{
+    const QString file = m_folder + QLatin1Char('/') + name + QStringLiteral(".png");
+    m_arePicturesSaved = saveScreenPicture(file) && m_arePicturesSaved;
+}
+
+void MainJob::conclude()
+{
+    writeCalls();
+    const auto after = ControllerTrafo::read(m_channel.link());
+    if (!after) {
+        giveUp(tr("The controller does not say its extra transformation."));
+        return;
+    }
+    m_out << tr("The controller's extra transformation after:") << '\n' << after->asText() << '\n';
+    if (!after->isNear(wanted())) {
+        giveUp(tr("The controller does not hold what was asked for:") + QLatin1Char('\n') +
+               wanted().asText());
+        return;
+    }
+    if (!m_arePicturesSaved) {
+        giveUp(tr("Not every picture could be saved in %1.").arg(m_folder));
+        return;
+    }
+    m_out << tr("The controller holds what was asked for. Pictures: %1").arg(m_folder) << '\n' << Qt::flush;
+    emit finished(0);
+}
+
+void MainJob::writeCalls()
+{
+    m_out << tr("Every call, in its order (number, seconds, operation, text, result, answer):") << '\n';
+    for (const CallRecord &call : m_channel.log().calls())
+        m_out << "  " << CallLog::asText(call) << '\n';
+}
+
+void MainJob::giveUp(const QString &reason)
+{
+    if (m_arePicturesSaved && QDir(m_folder).exists())
+        takePicture(QStringLiteral("failure"));
+    m_out << reason << '\n' << Qt::flush;
+    emit finished(1);
+}

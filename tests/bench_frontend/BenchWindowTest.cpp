@@ -1,0 +1,106 @@
+#include "BenchWindow.h"
+
+#include "FakeController.h"
+#include "RoomPanel.h"
+#include "TestRegistry.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QtTest>
+
+namespace
+{
+
+QStringList menuTitles(const BenchWindow &window)
+{
+    QStringList titles;
+    for (const QAction *action : window.menuBar()->actions())
+        titles << action->text();
+    return titles;
+}
+
+QStringList titles(const char *text)
+{
+    return QString::fromLatin1(text).split(QLatin1Char(','));
+}
+
+const QString fakeModule = QString::fromLatin1(FAKE_MODULE);
+
+} // namespace
+
+class BenchWindowTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldOfferTheModulesActionInItsMenu()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        QCOMPARE(menuTitles(window), titles("&Bench,&Help"));
+        QVERIFY(window.loadModule());
+        QCOMPARE(menuTitles(window), titles("&Bench,&Tracking,&Help"));
+        window.unloadModule();
+        QCOMPARE(menuTitles(window), titles("&Bench,&Help"));
+        QVERIFY(!window.module().isLoaded());
+    }
+
+    void shouldOfferNothingInObserverMode()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, true);
+        QVERIFY(window.loadModule());
+        QCOMPARE(menuTitles(window), titles("&Bench,&Help"));
+    }
+
+    void shouldSayThatTheModuleIsMissing()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, QStringLiteral("missing.so"), false);
+        QVERIFY(!window.loadModule());
+        QVERIFY(window.statusBar()->currentMessage().contains(QStringLiteral("missing.so")));
+    }
+
+    void shouldKeepTheModulesVersionRecordUpToDate()
+    {
+        FakeController fake;
+        fake.link.ask("sim version 1 17 -1");
+        BenchWindow window(fake.channel, fakeModule, false);
+        QCOMPARE(window.versions().interfaceMajor, 1);
+        QCOMPARE(window.versions().interfaceMinor, 17);
+        QCOMPARE(window.versions().interfacePatch, -1);
+        RoomControls controls(fake.channel);
+        controls.setInterfaceVersion(0, 9, 3);
+        QVERIFY(window.loadModule());
+        QCOMPARE(window.versions().interfaceMajor, 0);
+        QCOMPARE(window.versions().interfaceMinor, 9);
+        QCOMPARE(window.versions().interfacePatch, 3);
+    }
+
+    void shouldShowAReportedError()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        fake.channel.reportError("standard", "VELMAR3", 1, "Error: something");
+        QVERIFY(window.statusBar()->currentMessage().contains(QStringLiteral("Error: something")));
+    }
+
+    void shouldOpenTheSimulatedRoomBesideItself()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(window.roomPanel()->isVisible());
+        QVERIFY(window.roomPanel()->isWindow());
+        QVERIFY(!window.frameGeometry().intersects(window.roomPanel()->frameGeometry()));
+        window.close();
+        QVERIFY(!window.roomPanel()->isVisible());
+    }
+};
+
+ROOM_TEST_CLASS(BenchWindowTest)
+
+#include "BenchWindowTest.moc"

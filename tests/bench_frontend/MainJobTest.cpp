@@ -1,0 +1,114 @@
+#include "MainJob.h"
+
+#include "BenchWindow.h"
+#include "FakeController.h"
+#include "TestRegistry.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QImage>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QtTest>
+
+namespace
+{
+
+constexpr int patienceMs = 60000;
+
+/// Runs the main job on a module of the tests' own.
+struct JobRun {
+    explicit JobRun(FakeController &fake)
+        : window(fake.channel, QString::fromLatin1(FAKE_MODULE), false)
+        , stream(&text)
+        , job(window, fake.channel, folder.filePath(QStringLiteral("pictures")), stream)
+    {
+    }
+
+    int exitCode()
+    {
+        if (!window.loadModule())
+            return -1;
+        window.show();
+        QSignalSpy finished(&job, &MainJob::finished);
+        job.start();
+        if (finished.isEmpty() && !finished.wait(patienceMs))
+            return -1;
+        if (QWidget *left = QApplication::activeModalWidget())
+            left->close();
+        return finished.constFirst().constFirst().toInt();
+    }
+
+    QTemporaryDir folder;
+    BenchWindow window;
+    QString text;
+    QTextStream stream;
+    MainJob job;
+};
+
+} // namespace
+
+class MainJobTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldLeaveTheControllerWithWhatWasAskedFor()
+    {
+        FakeController fake;
+        JobRun run(fake);
+        QCOMPARE(run.exitCode(), 0);
+        const auto trafo = ControllerTrafo::read(fake.link);
+        QVERIFY(trafo.has_value());
+        QVERIFY(trafo->isNear(MainJob::wanted()));
+        QCOMPARE(trafo->rotation[1], -0.17364818);
+        QCOMPARE(trafo->rotation[3], 0.17364818);
+        QCOMPARE(trafo->translationMm[0], -250.0);
+        QVERIFY(run.text.contains(
+            QStringLiteral("setParameter\ttracking extra_translation -250.000 0.000 0.000")));
+    }
+
+    void shouldLeavePictures()
+    {
+        FakeController fake;
+        JobRun run(fake);
+        QCOMPARE(run.exitCode(), 0);
+        const QDir pictures(run.folder.filePath(QStringLiteral("pictures")));
+        const QStringList names = pictures.entryList({QStringLiteral("*.png")}, QDir::Files, QDir::Name);
+        QCOMPARE(names.size(), 6);
+        const QImage opened(pictures.filePath(names.at(1)));
+        QVERIFY(opened.width() > run.window.width());
+        QVERIFY(opened != QImage(pictures.filePath(names.at(0))));
+    }
+
+    void shouldFailWhenAWriteIsLost_data()
+    {
+        QTest::addColumn<QString>("prefix");
+        QTest::newRow("rotation") << QStringLiteral("tracking extra_rotation");
+        QTest::newRow("translation") << QStringLiteral("tracking extra_translation");
+    }
+
+    void shouldFailWhenAWriteIsLost()
+    {
+        QFETCH(QString, prefix);
+        FakeController fake;
+        JobRun run(fake);
+        fake.channel.control("sim fault fail every \"" + prefix.toStdString() + "\"");
+        QCOMPARE(run.exitCode(), 1);
+        QVERIFY(run.text.contains(QStringLiteral("does not hold")));
+    }
+
+    void shouldRefuseAControllerThatIsNotNeutral()
+    {
+        FakeController fake;
+        fake.link.ask("velmar2 set tracking extra_translation 1 0 0");
+        JobRun run(fake);
+        QCOMPARE(run.exitCode(), 1);
+        QCOMPARE(fake.channel.log().rowCount(), 0);
+    }
+};
+
+ROOM_TEST_CLASS(MainJobTest)
+
+#include "MainJobTest.moc"
