@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+/// What the command line asks of the bench.
+struct BenchOptions {
+    QString plugin;        ///< the module's library; empty: it is looked for
+    QString controller;    ///< HOST:PORT; empty: the simulated controller of this process
+    QString scenario;      ///< a scenario file for the controller of this process
+    QString demoFolder;    ///< not empty: do the main job by itself and leave the pictures there
+    QString logFile;       ///< not empty: the conversation is written there at the end
+    bool isHelpWanted = false;
+    bool observerMode = false;
+    std::optional<int> cameras; ///< only for the controller of this process
+
+    /// Requests and control lines that put the controller into the wanted state, in their order.
+    QStringList startLines;
+
+    /// Reads the arguments, the program's name first. Nothing when they are wrong; `error` is then a sentence.
+    static std::optional<BenchOptions> read(const QStringList &arguments, QString *error);
+
+    /// The text of --help.
+    static QString help();
+};

@@ -1,0 +1,78 @@
+#include "BenchSession.h"
+
+#include "BenchOptions.h"
+#include "LocalController.h"
+#include "SimController.h"
+
+#include <QCoreApplication>
+
+namespace
+{
+
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("BenchSession", text);
+}
+
+constexpr double rowDistanceMm = 250.0;
+
+/// As many cameras: the standard ones, and above them further rows of the same.
+void setCameraCount(SimRoom &room, int count)
+{
+    const std::vector<SimCamera> known = room.cameras;
+    room.cameras.clear();
+    for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        room.cameras.push_back(known[i % known.size()]);
+        room.cameras.back().pose.position.z += rowDistanceMm * static_cast<double>(i / known.size());
+    }
+}
+
+bool isRefusal(const QString &answer)
+{
+    return answer.startsWith(QLatin1String("sim err")) || answer.startsWith(QLatin1String("velmar2 err"));
+}
+
+} // namespace
+
+BenchSession::BenchSession() = default;
+BenchSession::~BenchSession() = default;
+
+std::unique_ptr<BenchSession> BenchSession::open(const BenchOptions &options, QString *error)
+{
+    std::unique_ptr<BenchSession> session(new BenchSession);
+    if (!session->makeLink(options, error))
+        return nullptr;
+    session->m_channel = std::make_unique<BenchIOManager>(*session->m_link);
+    if (!session->sendStartLines(options, error))
+        return nullptr;
+    return session;
+}
+
+bool BenchSession::makeLink(const BenchOptions &options, QString *error)
+{
+    if (!options.controller.isEmpty() || !options.scenario.isEmpty()) {
+        *error = tr("--controller and --scenario are not supported by this bench.");
+        return false;
+    }
+    SimMachine machine;
+    if (options.cameras)
+        setCameraCount(machine.room, *options.cameras);
+    m_controller = std::make_unique<SimController>(std::move(machine));
+    m_link = std::make_unique<LocalController>(*m_controller);
+    return true;
+}
+
+bool BenchSession::sendStartLines(const BenchOptions &options, QString *error)
+{
+    for (const QString &line : options.startLines) {
+        const std::string text = line.toStdString();
+        const bool isControl = line.startsWith(QLatin1String("sim "));
+        const QString answer =
+            QString::fromStdString(isControl ? m_channel->control(text) : m_link->ask(text).text);
+        if (isRefusal(answer)) {
+            *error = tr("The controller does not do \"%1\": %2").arg(line, answer);
+            return false;
+        }
+    }
+    return true;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "BenchIOManager.h"
+
+#include <QString>
+
+#include <memory>
+
+class ControllerLink;
+class SimController;
+struct BenchOptions;
+
+/// The controller of a bench and the way to it: either a simulated one of this process, or one at an address.
+class BenchSession
+{
+public:
+    /// Nothing when the controller cannot be reached or refuses what the options ask; `error` is then a sentence.
+    static std::unique_ptr<BenchSession> open(const BenchOptions &options, QString *error);
+
+    ~BenchSession();
+
+    BenchIOManager &channel() { return *m_channel; }
+
+private:
+    BenchSession();
+
+    [[nodiscard]] bool makeLink(const BenchOptions &options, QString *error);
+    [[nodiscard]] bool sendStartLines(const BenchOptions &options, QString *error);
+
+    std::unique_ptr<SimController> m_controller; ///< null when it is another process's
+    std::unique_ptr<ControllerLink> m_link;
+    std::unique_ptr<BenchIOManager> m_channel;
+};

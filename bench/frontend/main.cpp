@@ -1,0 +1,68 @@
+#include "BenchOptions.h"
+#include "BenchSession.h"
+#include "BenchWindow.h"
+#include "ConversationView.h"
+#include "MainJob.h"
+#include "WindowActivation.h"
+
+#include <QApplication>
+#include <QTextStream>
+#include <QTimer>
+
+namespace
+{
+
+constexpr int wrongUse = 2;
+
+int fail(const QString &text)
+{
+    QTextStream(stderr) << QStringLiteral("velmar-bench: ") << text << '\n';
+    return wrongUse;
+}
+
+int runDemo(BenchWindow &window, BenchSession &session, const QString &folder)
+{
+    QTextStream out(stdout);
+    MainJob job(window, session.channel(), folder, out);
+    QObject::connect(&job, &MainJob::finished, qApp, [](int exitCode) { QApplication::exit(exitCode); });
+    QTimer::singleShot(0, &job, &MainJob::start);
+    return QApplication::exec();
+}
+
+int run(const BenchOptions &options, const QString &plugin)
+{
+    QString error;
+    const std::unique_ptr<BenchSession> session = BenchSession::open(options, &error);
+    if (session == nullptr)
+        return fail(error);
+    BenchWindow window(session->channel(), plugin, options.observerMode);
+    const WindowActivation activation(&window);
+    const bool isLoaded = window.loadModule();
+    if (!isLoaded && !options.demoFolder.isEmpty())
+        return fail(window.module().error());
+    window.show();
+    const int exitCode =
+        options.demoFolder.isEmpty() ? QApplication::exec() : runDemo(window, *session, options.demoFolder);
+    if (!options.logFile.isEmpty() && !window.conversation()->saveTo(options.logFile))
+        return fail(QObject::tr("%1 could not be written.").arg(options.logFile));
+    return exitCode;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("velmar-bench"));
+    QString error;
+    const auto options = BenchOptions::read(QApplication::arguments(), &error);
+    if (!options)
+        return fail(error);
+    if (options->isHelpWanted) {
+        QTextStream(stdout) << BenchOptions::help();
+        return 0;
+    }
+    const QString plugin = options->plugin.isEmpty() ? ModuleLibrary::find(QApplication::applicationDirPath())
+                                                     : options->plugin;
+    return run(*options, plugin);
+}
