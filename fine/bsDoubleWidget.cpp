@@ -8,6 +8,7 @@
 
 #include <qwt_wheel.h>
 
+#include <array>
 #include <cmath>
 
 namespace
@@ -24,10 +25,10 @@ constexpr int minimumPartWidth = 56;
 
 /// Indexed by bsDoublePosition. The wheel is the second part of its layout, the label the first of its own;
 /// beside the spin box the layout runs by the name of the side.
-constexpr QBoxLayout::Direction labelDirections[] = {QBoxLayout::TopToBottom, QBoxLayout::BottomToTop,
-                                                     QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
-constexpr QBoxLayout::Direction wheelDirections[] = {QBoxLayout::BottomToTop, QBoxLayout::TopToBottom,
-                                                     QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
+constexpr std::array<QBoxLayout::Direction, 4> labelDirections{
+    QBoxLayout::TopToBottom, QBoxLayout::BottomToTop, QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
+constexpr std::array<QBoxLayout::Direction, 4> wheelDirections{
+    QBoxLayout::BottomToTop, QBoxLayout::TopToBottom, QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
 
 } // namespace
 
@@ -49,7 +50,7 @@ bsDoubleWidget::bsDoubleWidget(QWidget *parent)
     m_outerLayout->addWidget(m_label);
     m_outerLayout->addLayout(m_innerLayout);
     setFocusProxy(m_spinBox);
-    setWheelOrientation(Horizontal);
+    setWheelOrientation(bsDoubleOrientation::Horizontal);
     languageChange();
     connectParts();
 }
@@ -181,35 +182,32 @@ void bsDoubleWidget::adjustValue(double value)
 
 void bsDoubleWidget::setMode(bsDoubleMode mode)
 {
-    m_spinBox->setVisible(mode != WheelOnly);
-    m_wheel->setVisible(mode != SpinBoxOnly);
+    m_spinBox->setVisible(mode != bsDoubleMode::Wheel);
+    m_wheel->setVisible(mode != bsDoubleMode::SpinBox);
 }
 
 void bsDoubleWidget::setLabelPosition(bsDoublePosition position)
 {
-    const bool isCentred = position == Top || position == Bottom;
-    m_outerLayout->setDirection(labelDirections[position]);
+    const bool isCentred = position == bsDoublePosition::Top || position == bsDoublePosition::Bottom;
+    m_outerLayout->setDirection(labelDirections.at(static_cast<std::size_t>(position)));
     m_label->setAlignment(isCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 void bsDoubleWidget::setWheelPosition(bsDoublePosition position)
 {
-    m_innerLayout->setDirection(wheelDirections[position]);
+    m_innerLayout->setDirection(wheelDirections.at(static_cast<std::size_t>(position)));
 }
 
 void bsDoubleWidget::setWheelOrientation(bsDoubleOrientation orientation)
 {
-    const bool isVertical = orientation == Vertical;
+    using Policy = QSizePolicy;
+    const bool isVertical = orientation == bsDoubleOrientation::Vertical;
     m_wheel->setOrientation(isVertical ? Qt::Vertical : Qt::Horizontal);
     m_wheel->setMinimumWidth(isVertical ? 0 : minimumPartWidth);
     m_innerLayout->setAlignment(m_wheel, isVertical ? Qt::AlignHCenter : Qt::Alignment());
-    if (isVertical) {
-        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-        m_wheel->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-    } else {
-        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-        m_wheel->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
-    }
+    m_wheel->setSizePolicy(isVertical ? Policy::Fixed : Policy::Preferred,
+                           isVertical ? Policy::Expanding : Policy::Fixed);
+    setSizePolicy(Policy::Preferred, isVertical ? Policy::Expanding : Policy::Fixed);
 }
 
 void bsDoubleWidget::reset()
@@ -230,8 +228,8 @@ void bsDoubleWidget::resetWheel()
         m_lastWheel = m_wheel->value();
         return;
     }
-    const QSignalBlocker silence(m_wheel);
     m_lastWheel = 0.0;
+    const QSignalBlocker silence(m_wheel);
     m_wheel->setValue(0.0);
 }
 
@@ -292,10 +290,9 @@ void bsDoubleWidget::setMouseEditingFinished()
 
 void bsDoubleWidget::leaveEvent(QEvent *event)
 {
-    if (m_wheelTouched) {
+    if (m_wheelTouched)
         setEditingFinished();
-        m_wheelTouched = false;
-    }
+    m_wheelTouched = false;
     QWidget::leaveEvent(event);
 }
 

@@ -7,6 +7,15 @@ class QDoubleSpinBox;
 class QLabel;
 class QwtWheel;
 
+/// Which parts of an editor are shown.
+enum class bsDoubleMode { SpinBox = 0, Wheel = 1, Both = 2 };
+
+/// The side at which the label or the wheel stands.
+enum class bsDoublePosition { Top = 0, Bottom = 1, Left = 2, Right = 3 };
+
+/// How the wheel lies.
+enum class bsDoubleOrientation { Horizontal = 0, Vertical = 1 };
+
 /// An editor of one number: a caption, a spin box and a thumb wheel that steps the spin box.
 ///
 /// An edit begins with the first value that the user changes, or when the wheel is pressed; it is finished
@@ -18,13 +27,6 @@ class bsDoubleWidget : public QWidget
     Q_OBJECT
 
 public:
-    enum bsDoubleMode { SpinBoxOnly = 0, WheelOnly = 1, SpinBoxAndWheel = 2 };
-    Q_ENUM(bsDoubleMode)
-    enum bsDoublePosition { Top = 0, Bottom = 1, Left = 2, Right = 3 };
-    Q_ENUM(bsDoublePosition)
-    enum bsDoubleOrientation { Horizontal = 0, Vertical = 1 };
-    Q_ENUM(bsDoubleOrientation)
-
     explicit bsDoubleWidget(QWidget *parent = nullptr);
 
     double value() const;

@@ -13,9 +13,11 @@ class bsDoubleWidget;
 class xyzWidget : public QGroupBox
 {
     Q_OBJECT
-    Q_PROPERTY(double xValue READ xValue WRITE setXValue)
-    Q_PROPERTY(double yValue READ yValue WRITE setYValue)
-    Q_PROPERTY(double zValue READ zValue WRITE setZValue)
+    Q_PROPERTY(double xValue READ xValue WRITE setXValue NOTIFY valueChanged)
+    Q_PROPERTY(double yValue READ yValue WRITE setYValue NOTIFY valueChanged)
+    Q_PROPERTY(double zValue READ zValue WRITE setZValue NOTIFY valueChanged)
+    // The title changes by its setter alone, so nobody waits to hear of it.
+    // clazy:excludeall=qproperty-without-notify
     Q_PROPERTY(QString groupTitle READ groupTitle WRITE setGroupTitle)
 
 public:

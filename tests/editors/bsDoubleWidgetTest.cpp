@@ -27,9 +27,11 @@ struct Bench {
         layout->addWidget(editor);
         layout->addStretch();
         editor->setRange(-1000.0, 1000.0);
-        QObject::connect(editor, &bsDoubleWidget::editingBegin, [this] { log << QStringLiteral("begin"); });
-        QObject::connect(editor, &bsDoubleWidget::editingFinished, [this] { log << QStringLiteral("end"); });
-        QObject::connect(editor, &bsDoubleWidget::valueChanged,
+        QObject::connect(editor, &bsDoubleWidget::editingBegin, editor,
+                         [this] { log << QStringLiteral("begin"); });
+        QObject::connect(editor, &bsDoubleWidget::editingFinished, editor,
+                         [this] { log << QStringLiteral("end"); });
+        QObject::connect(editor, &bsDoubleWidget::valueChanged, editor,
                          [this](double value) { log << QString::number(value); });
         QCursor::setPos(window.mapToGlobal(QPoint(1500, 1100)));
         window.show();
@@ -339,13 +341,13 @@ private slots:
     void shouldShowItsPartsByTheMode()
     {
         const Bench bench;
-        const auto shown = [&bench](bsDoubleWidget::bsDoubleMode mode) {
+        const auto shown = [&bench](bsDoubleMode mode) {
             bench.editor->setMode(mode);
             return std::make_pair(bench.spinBox()->isVisible(), bench.wheel()->isVisible());
         };
-        QCOMPARE(shown(bsDoubleWidget::bsDoubleMode(0)), std::make_pair(true, false));
-        QCOMPARE(shown(bsDoubleWidget::bsDoubleMode(1)), std::make_pair(false, true));
-        QCOMPARE(shown(bsDoubleWidget::bsDoubleMode(2)), std::make_pair(true, true));
+        QCOMPARE(shown(bsDoubleMode(0)), std::make_pair(true, false));
+        QCOMPARE(shown(bsDoubleMode(1)), std::make_pair(false, true));
+        QCOMPARE(shown(bsDoubleMode(2)), std::make_pair(true, true));
         bench.editor->showLabel(false);
         QVERIFY(!bench.label()->isVisible());
     }
@@ -370,8 +372,8 @@ private slots:
         QFETCH(bool, centred);
         const Bench bench;
 
-        bench.editor->setLabelPosition(bsDoubleWidget::bsDoublePosition(position));
-        bench.editor->setWheelPosition(bsDoubleWidget::bsDoublePosition(position));
+        bench.editor->setLabelPosition(bsDoublePosition(position));
+        bench.editor->setWheelPosition(bsDoublePosition(position));
 
         auto *outerLayout = qobject_cast<QBoxLayout *>(bench.editor->layout());
         auto *innerLayout = qobject_cast<QBoxLayout *>(outerLayout->itemAt(1)->layout());
@@ -384,12 +386,12 @@ private slots:
     void shouldTurnTheWheelUprightAndBack()
     {
         const Bench bench;
-        bench.editor->setWheelOrientation(bsDoubleWidget::bsDoubleOrientation(1));
+        bench.editor->setWheelOrientation(bsDoubleOrientation(1));
         QCOMPARE(bench.wheel()->orientation(), Qt::Vertical);
         QCOMPARE(bench.wheel()->minimumWidth(), 0);
         QCOMPARE(bench.wheel()->sizePolicy(), QSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding));
         QCOMPARE(bench.editor->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
-        bench.editor->setWheelOrientation(bsDoubleWidget::bsDoubleOrientation(0));
+        bench.editor->setWheelOrientation(bsDoubleOrientation(0));
         QCOMPARE(bench.wheel()->orientation(), Qt::Horizontal);
         QCOMPARE(bench.wheel()->minimumWidth(), 56);
         QCOMPARE(bench.wheel()->sizePolicy(), QSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed));
