@@ -63,7 +63,7 @@ BackendVersions versionOf(int major, int minor, int patch)
 /// A panel that is shown for a room calibration of the given type.
 struct Bench {
     explicit Bench(const char *type = "normal", Angles angles = {},
-                   BackendVersions version = versionOf(1, 24, 0))
+                   const BackendVersions &version = versionOf(1, 24, 0))
         : versions(version)
     {
         host.setAnswer(QStringLiteral("roomcal coordinate_type"), type);
