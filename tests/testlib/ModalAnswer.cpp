@@ -3,24 +3,23 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QEvent>
 #include <QMessageBox>
+#include <QTimer>
 #include <QtTest>
-
-#include <algorithm>
 
 namespace
 {
 
-constexpr int lookMilliseconds = 10;
-constexpr int staleTickLimit = 3000;
+constexpr int lookMilliseconds = 2;
+constexpr int staleTickLimit = 15000;
 
 } // namespace
 
 ModalAnswer::ModalAnswer(QObject *parent)
     : QObject(parent)
 {
-    connect(&m_timer, &QTimer::timeout, this, &ModalAnswer::look);
-    m_timer.start(lookMilliseconds);
+    lookAgain();
 }
 
 ModalAnswer::~ModalAnswer() = default;
@@ -51,11 +50,16 @@ ModalAnswer &ModalAnswer::thenPress(int standardButton)
     });
 }
 
+// A timer does not fire again while its slot runs, and a step may open the next modal window: each look has a
+// timer of its own.
+void ModalAnswer::lookAgain()
+{
+    QTimer::singleShot(lookMilliseconds, this, &ModalAnswer::look);
+}
+
 void ModalAnswer::look()
 {
-    m_handled.erase(std::remove_if(m_handled.begin(), m_handled.end(),
-                                   [](const QPointer<QWidget> &w) { return w.isNull() || !w->isVisible(); }),
-                    m_handled.end());
+    lookAgain();
     QWidget *window = QApplication::activeModalWidget();
     if (window == nullptr || !window->isVisible()) {
         m_staleTicks = 0;
@@ -67,13 +71,25 @@ void ModalAnswer::look()
         return;
     }
     m_handled.append(window);
+    window->installEventFilter(this);
     m_staleTicks = 0;
     if (m_next < m_steps.size()) {
         const std::size_t step = m_next++;
-        m_steps[step](window);
+        const auto action = m_steps[step]; // a step may add further ones
+        action(window);
         return;
     }
     closeStale(window);
+}
+
+// A window that was closed may come back, and then wants its next step.
+bool ModalAnswer::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Hide) {
+        m_handled.removeAll(static_cast<QWidget *>(watched));
+        watched->removeEventFilter(this);
+    }
+    return false;
 }
 
 void ModalAnswer::closeStale(QWidget *window)

@@ -3,7 +3,6 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
-#include <QTimer>
 
 #include <functional>
 #include <vector>
@@ -34,8 +33,12 @@ public:
     const QStringList &unexpected() const { return m_unexpected; }
     bool isDone() const { return m_next == m_steps.size(); }
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void look();
+    void lookAgain();
     void closeStale(QWidget *window);
 
     std::vector<std::function<void(QWidget *)>> m_steps;
@@ -43,6 +46,5 @@ private:
     QList<QPointer<QWidget>> m_handled;
     QStringList m_boxes;
     QStringList m_unexpected;
-    QTimer m_timer;
     int m_staleTicks = 0;
 };
