@@ -1,0 +1,386 @@
+#include "RoomAdjustmentDlg2g.h"
+
+#include "CoarseAdjustment.h"
+#include "CooTrans.h"
+#include "Prompt.h"
+#include "Resources.h"
+#include "ui_RoomAdjustmentDlg.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScopedValueRollback>
+#include <QStandardItemModel>
+
+namespace
+{
+
+constexpr int smallestWidth = 1000;
+constexpr int smallestHeight = 700;
+constexpr int coordinateDecimals = 2;
+
+} // namespace
+
+RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, BackendVersions *versions,
+                                         const QString &version)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::RoomAdjustmentDlgClass>())
+    , m_controller(commands, versions)
+{
+    loadResources();
+    m_ui->setupUi(this);
+    m_ui->tabWidget->removeTab(m_ui->tabWidget->indexOf(m_ui->tab_3));
+    setAccessibleDescription(version);
+    dropApplyShortcut();
+    m_lockIcon = QIcon(QStringLiteral(":/lock.png"));
+    buildCameraModel();
+    buildPanels(commands, versions);
+    beginFromKnownState();
+}
+
+RoomAdjustmentDlg2g::~RoomAdjustmentDlg2g() = default;
+
+void RoomAdjustmentDlg2g::buildCameraModel()
+{
+    m_cameraModel = new QStandardItemModel(0, 4, this);
+    setCameraModelTexts();
+}
+
+void RoomAdjustmentDlg2g::setCameraModelTexts()
+{
+    m_cameraModel->setHorizontalHeaderLabels({tr("Camera"), tr("x [mm]"), tr("y [mm]"), tr("z [mm]")});
+}
+
+void RoomAdjustmentDlg2g::buildPanels(IOManager *commands, BackendVersions *versions)
+{
+    m_fine = new CooTrans(commands, versions, this, &m_current, this);
+    m_ui->tabWidget->insertTab(0, m_fine, QString());
+    m_coarse = new CoarseAdjustment(commands, versions, this, this);
+    m_coarse->setCameraModel(m_cameraModel);
+    m_ui->tabWidget->insertTab(0, m_coarse, QString());
+    setTabTexts();
+    connect(m_fine, &CooTrans::do_btn_apply_enable, this, &RoomAdjustmentDlg2g::ondo_btn_apply_enable);
+    connect(m_coarse, &CoarseAdjustment::do_btn_apply_enable, this,
+            &RoomAdjustmentDlg2g::ondo_btn_apply_enable);
+    connect(m_fine, &CooTrans::do_update_raDataAndControls, this,
+            &RoomAdjustmentDlg2g::onUpdateRaDataAndControls);
+}
+
+void RoomAdjustmentDlg2g::setTabTexts()
+{
+    m_ui->tabWidget->setTabText(CoarseTab, tr("&Coarse"));
+    m_ui->tabWidget->setTabText(FineTab, tr("&Fine"));
+}
+
+// "&Apply" would make Alt+A ambiguous, which belongs to the angle tool.
+void RoomAdjustmentDlg2g::dropApplyShortcut()
+{
+    m_ui->btn_apply->setShortcut(QKeySequence());
+}
+
+void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_ui->retranslateUi(this);
+    dropApplyShortcut();
+    setTabTexts();
+    setCameraModelTexts();
+}
+
+void RoomAdjustmentDlg2g::beginFromKnownState()
+{
+    m_ui->tabWidget->setEnabled(true);
+    m_ui->btn_ok->setEnabled(true);
+    m_ui->btn_apply->setEnabled(false);
+    m_ui->label_error->hide();
+    m_ui->label_error->clear();
+    showNotice(QString());
+}
+
+void RoomAdjustmentDlg2g::disableAdjusting()
+{
+    m_ui->tabWidget->setEnabled(false);
+    m_ui->btn_ok->setEnabled(false);
+    m_ui->btn_apply->setEnabled(false);
+    m_ui->label_error->hide();
+    m_ui->label_error->clear();
+}
+
+void RoomAdjustmentDlg2g::showNotice(const QString &text)
+{
+    m_ui->label_notice->setText(text);
+    m_ui->label_notice->setVisible(!text.isEmpty());
+}
+
+int RoomAdjustmentDlg2g::update_and_exec()
+{
+    if (isVisible()) {
+        raise();
+        activateWindow();
+        return 0;
+    }
+    if (m_busy)
+        return 0;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    m_busy = true;
+    const bool ready = prepareOpening();
+    if (self.isNull())
+        return 0;
+    m_busy = false;
+    m_open = ready;
+    return exec();
+}
+
+bool RoomAdjustmentDlg2g::prepareOpening()
+{
+    m_open = false;
+    m_ui->tabWidget->setCurrentIndex(CoarseTab);
+    beginFromKnownState();
+    const bool unavailable = m_controller.supports(ControllerFeature::TrackingAvailability) &&
+                             m_controller.trackingAvailable() == Reply::No;
+    if (unavailable || !camerasHaveRooms()) {
+        m_fine->showTrackingAvailable(false);
+        disableAdjusting();
+        showNotice(unavailable
+                       ? tr("The controller cannot track at the moment. The room cannot be adjusted.")
+                       : tr("The cameras have no room calibration, or the controller does not answer. "
+                            "The room cannot be adjusted."));
+        return false;
+    }
+    fillCameraTable();
+    readLock();
+    if (m_controller.supports(ControllerFeature::ExtraTransformation)) {
+        m_ui->btn_apply->setEnabled(false);
+        m_fine->resetAll();
+        m_fine->showTrackingAvailable(true);
+        loadTransformation();
+    } else {
+        disableAdjusting();
+        showNotice(tr("This controller is too old to have its room adjusted."));
+    }
+    m_ui->btn_apply->setEnabled(false);
+    setMinimumSize(smallestWidth, smallestHeight);
+    startTracking();
+    return true;
+}
+
+void RoomAdjustmentDlg2g::readLock()
+{
+    m_locked = m_controller.supports(ControllerFeature::CameraTable) &&
+               m_controller.configurationChangeable() == Reply::No;
+    if (m_locked) {
+        setWindowIcon(m_lockIcon);
+        disableAdjusting();
+        showNotice(tr("The configuration of the controller is locked. The room cannot be adjusted."));
+        return;
+    }
+    setWindowIcon(parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon());
+}
+
+void RoomAdjustmentDlg2g::loadTransformation()
+{
+    m_current = m_controller.roomAdjustment();
+    m_opening = m_current;
+    m_fine->loadPage();
+    m_coarse->updatePanel();
+}
+
+bool RoomAdjustmentDlg2g::camerasHaveRooms() const
+{
+    const std::optional<int> cameras = m_controller.numberOfCameras();
+    if (!cameras)
+        return false;
+    return m_controller.supports(ControllerFeature::HasRoomQuery) ? hasTwoCamerasWithRoom(*cameras)
+                                                                  : everyCameraHasRoom(*cameras);
+}
+
+bool RoomAdjustmentDlg2g::hasTwoCamerasWithRoom(int cameras) const
+{
+    int found = 0;
+    for (int camera = 1; camera <= cameras && found < 2; ++camera)
+        found += m_controller.cameraHasRoom(camera) ? 1 : 0;
+    return found == 2;
+}
+
+bool RoomAdjustmentDlg2g::everyCameraHasRoom(int cameras) const
+{
+    for (int camera = 1; camera <= cameras; ++camera) {
+        if (m_controller.roomOfCamera(camera) == CameraRoom::None)
+            return false;
+    }
+    return true;
+}
+
+void RoomAdjustmentDlg2g::fillCameraTable()
+{
+    if (!m_controller.supports(ControllerFeature::CameraTable))
+        return;
+    m_cameraModel->removeRows(0, m_cameraModel->rowCount());
+    const int cameras = m_controller.numberOfCameras().value_or(0);
+    m_cameraModel->setRowCount(cameras);
+    for (int row = 0; row < cameras; ++row)
+        setCameraRow(row, m_controller.positionOfCamera(row + 1));
+}
+
+void RoomAdjustmentDlg2g::setCameraRow(int row, const std::array<double, 3> &position)
+{
+    const QString name = QStringLiteral("c%1").arg(row + 1, 2, 10, QLatin1Char('0'));
+    m_cameraModel->setItem(row, 0, new QStandardItem(name));
+    for (int i = 0; i < 3; ++i) {
+        const double coordinate = position[static_cast<std::size_t>(i)];
+        auto *item = new QStandardItem(QString::number(coordinate, 'f', coordinateDecimals));
+        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        m_cameraModel->setItem(row, i + 1, item);
+    }
+}
+
+int RoomAdjustmentDlg2g::dataReceived(const char *kind, const char *record)
+{
+    return m_ui->tabWidget->currentIndex() == FineTab ? m_fine->dataReceived(kind, record) : 0;
+}
+
+void RoomAdjustmentDlg2g::requesterNotice() {}
+
+void RoomAdjustmentDlg2g::getRoomAngles(double &rx, double &ry, double &rz)
+{
+    m_fine->getAngles(rx, ry, rz);
+}
+
+void RoomAdjustmentDlg2g::setRoomAngles(double rx, double ry, double rz)
+{
+    m_fine->setAngles(rx, ry, rz);
+}
+
+void RoomAdjustmentDlg2g::stopTracking()
+{
+    m_controller.stopTrackingIfMeasuring();
+}
+
+void RoomAdjustmentDlg2g::startTracking()
+{
+    (void)m_controller.startTracking();
+}
+
+void RoomAdjustmentDlg2g::onDataChanged(bool changed)
+{
+    m_ui->btn_apply->setEnabled(changed);
+}
+
+void RoomAdjustmentDlg2g::ondo_btn_apply_enable(bool enable)
+{
+    m_ui->btn_apply->setEnabled(enable);
+}
+
+void RoomAdjustmentDlg2g::onUpdateRaDataAndControls()
+{
+    loadTransformation();
+}
+
+void RoomAdjustmentDlg2g::on_btn_apply_clicked()
+{
+    if (m_busy)
+        return;
+    const QScopedValueRollback<bool> busy(m_busy, true);
+    writeEdits();
+}
+
+void RoomAdjustmentDlg2g::on_btn_ok_clicked()
+{
+    if (m_busy)
+        return;
+    const QScopedValueRollback<bool> busy(m_busy, true);
+    m_closingByOk = true;
+    writeEdits();
+    m_closingByOk = false;
+    accept();
+}
+
+void RoomAdjustmentDlg2g::writeEdits()
+{
+    m_fine->storeToRaData();
+    stopTracking();
+    m_controller.writeRoomAdjustment(m_current);
+    fillCameraTable();
+    m_ui->btn_apply->setEnabled(false);
+    if (!m_closingByOk)
+        startTracking();
+}
+
+void RoomAdjustmentDlg2g::on_btn_cancel_clicked()
+{
+    cancel();
+}
+
+bool RoomAdjustmentDlg2g::cancel()
+{
+    if (m_busy)
+        return false;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    m_busy = true;
+    const bool adjustable = m_ui->tabWidget->isEnabled();
+    const bool changed = adjustable && m_controller.roomAdjustment() != m_opening;
+    if (adjustable && (changed || !m_fine->nothingUnsaved()) && !confirmsDiscarding()) {
+        if (!self.isNull())
+            m_busy = false;
+        return false;
+    }
+    if (changed) {
+        m_current = m_opening;
+        m_controller.writeRoomAdjustment(m_current);
+    }
+    stopTracking();
+    m_busy = false;
+    reject();
+    return true;
+}
+
+bool RoomAdjustmentDlg2g::confirmsDiscarding()
+{
+    return Prompt::ask(this, QMessageBox::Warning, tr("Room Adjustment"), tr("Discard changes?"),
+                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+void RoomAdjustmentDlg2g::on_tabWidget_currentChanged(int index)
+{
+    if (m_open && index == CoarseTab)
+        m_coarse->recompute();
+}
+
+void RoomAdjustmentDlg2g::keyPressEvent(QKeyEvent *event)
+{
+    const bool adjustable = m_ui->tabWidget->isEnabled();
+    if (event->key() == Qt::Key_Escape) {
+        cancel();
+    } else if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::NoModifier) {
+        if (adjustable)
+            m_ui->tabWidget->setCurrentIndex(m_ui->tabWidget->currentIndex() == CoarseTab ? FineTab
+                                                                                          : CoarseTab);
+    } else if (event->key() == Qt::Key_A && event->modifiers() == Qt::AltModifier) {
+        if (adjustable) {
+            m_ui->tabWidget->setCurrentIndex(FineTab);
+            m_fine->openAngleTool();
+        }
+    } else {
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void RoomAdjustmentDlg2g::showEvent(QShowEvent *event)
+{
+    m_controller.subscribe(this);
+    adjustSize();
+    QDialog::showEvent(event);
+}
+
+void RoomAdjustmentDlg2g::hideEvent(QHideEvent *event)
+{
+    m_controller.unsubscribe(this);
+    QDialog::hideEvent(event);
+}
+
+void RoomAdjustmentDlg2g::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(!isVisible() || cancel());
+}

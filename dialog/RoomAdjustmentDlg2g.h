@@ -1,0 +1,104 @@
+#pragma once
+
+#include "ControllerAccess.h"
+#include "Requester.h"
+#include "RoomAngleExchange.h"
+#include "RoomTrafoData.h"
+#include "TrackingControl.h"
+
+#include <QDialog>
+#include <QIcon>
+
+#include <memory>
+
+class CooTrans;
+class CoarseAdjustment;
+class QStandardItemModel;
+
+namespace Ui
+{
+class RoomAdjustmentDlgClass;
+}
+
+/// The room adjustment dialog: the frame of the coarse and the fine panel, and their exchange with the
+/// controller.
+///
+/// One dialog serves every opening; update_and_exec() reads everything anew. While it is open the controller
+/// measures. "Apply" and OK write the extra transformation, Cancel restores what was found at opening.
+/// Failures of the controller are reported to the host and the dialog carries on.
+class RoomAdjustmentDlg2g : public QDialog, public Requester, public TrackingControl, public RoomAngleExchange
+{
+    Q_OBJECT
+
+public:
+    /// Nothing is owned; all pointers may be null. `version` is the version text of the module. No controller
+    /// call is made here.
+    RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, BackendVersions *versions,
+                        const QString &version);
+    ~RoomAdjustmentDlg2g() override;
+
+    int dataReceived(const char *kind, const char *record) override;
+    void requesterNotice() override;
+
+    void getRoomAngles(double &rx, double &ry, double &rz) override;
+    void setRoomAngles(double rx, double ry, double rz) override;
+
+    void stopTracking() override;
+    void startTracking() override;
+
+public slots:
+    /// Reads the controller's state, starts tracking and runs the dialog modally; returns the result of
+    /// exec(). While the dialog is visible it is only raised, and 0 is returned.
+    int update_and_exec();
+    void onDataChanged(bool changed);
+    void ondo_btn_apply_enable(bool enable);
+    void onUpdateRaDataAndControls();
+    void on_btn_ok_clicked();
+    void on_btn_apply_clicked();
+    void on_btn_cancel_clicked();
+    void on_tabWidget_currentChanged(int index);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    enum Tab { CoarseTab = 0, FineTab = 1 };
+
+    void buildCameraModel();
+    void setCameraModelTexts();
+    void setTabTexts();
+    void buildPanels(IOManager *commands, BackendVersions *versions);
+    void dropApplyShortcut();
+    void beginFromKnownState();
+    void disableAdjusting();
+    void showNotice(const QString &text);
+    bool prepareOpening();
+    void readLock();
+    void loadTransformation();
+    bool camerasHaveRooms() const;
+    bool hasTwoCamerasWithRoom(int cameras) const;
+    bool everyCameraHasRoom(int cameras) const;
+    void fillCameraTable();
+    void setCameraRow(int row, const std::array<double, 3> &position);
+    void writeEdits();
+    /// False when the user wants to keep the dialog open, or when it was destroyed while asking.
+    bool cancel();
+    bool confirmsDiscarding();
+
+    std::unique_ptr<Ui::RoomAdjustmentDlgClass> m_ui;
+    ControllerAccess m_controller;
+    QStandardItemModel *m_cameraModel = nullptr;
+    CoarseAdjustment *m_coarse = nullptr;
+    CooTrans *m_fine = nullptr;
+    RoomTrafoData m_current;
+    RoomTrafoData m_opening;
+    QIcon m_lockIcon;
+    bool m_locked = false;
+    bool m_open = false;
+    bool m_closingByOk = false;
+    bool m_busy = false; ///< a sequence of controller calls is running: the host may let events through
+};
