@@ -1,0 +1,93 @@
+#include "RoomAdjustmentModule2g.h"
+
+#include "BackendVersions.h"
+#include "IOManager.h"
+#include "RoomAdjustmentDlg2g.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QVariant>
+#include <QWidget>
+
+namespace
+{
+
+constexpr int versionMajor = 2;
+constexpr int versionMinor = 0;
+constexpr int versionPatch = 14;
+
+constexpr int orderA = 15;
+constexpr int orderB = 300;
+constexpr int flag = 0;
+
+QWidget *widgetOf(const QVariant &value)
+{
+    auto *object = value.value<QObject *>();
+    if (object == nullptr)
+        object = value.value<QWidget *>();
+    return object != nullptr && object->isWidgetType() ? static_cast<QWidget *>(object) : nullptr;
+}
+
+} // namespace
+
+RoomAdjustmentModule2g::RoomAdjustmentModule2g() = default;
+
+RoomAdjustmentModule2g::~RoomAdjustmentModule2g() = default;
+
+void RoomAdjustmentModule2g::releaseRequests()
+{
+    auto *dialog = qobject_cast<RoomAdjustmentDlg2g *>(m_dialog.data());
+    if (dialog != nullptr && m_commands != nullptr)
+        m_commands->releaseRequester(dialog);
+}
+
+void RoomAdjustmentModule2g::unload()
+{
+    delete m_dialog.data();
+    m_dialog = nullptr;
+    m_actions.clear();
+}
+
+QString RoomAdjustmentModule2g::moduleName()
+{
+    return tr("GUI Room Adjustment");
+}
+
+QString RoomAdjustmentModule2g::moduleVersion()
+{
+    return QStringLiteral("v%1.%2.%3").arg(versionMajor).arg(versionMinor).arg(versionPatch);
+}
+
+QList<QAction *> RoomAdjustmentModule2g::actions()
+{
+    if (m_actions.isEmpty() && !m_observerMode)
+        buildAction();
+    return m_actions;
+}
+
+void RoomAdjustmentModule2g::buildAction()
+{
+    m_dialog = new RoomAdjustmentDlg2g(m_commands, m_parentWidget, m_versions, moduleVersion());
+    m_menuTitle = tr("&Tracking");
+    m_menuOrderB = orderB;
+    m_menuOrderA = orderA;
+    m_menuFlag = flag;
+    m_action = new QAction(tr("Room a&djustment"), this);
+    m_action->setShortcut(QKeySequence(tr("Shift+F5")));
+    m_action->setStatusTip(tr("Perform the room adjustment incl. COOTrans"));
+    m_action->setWhatsThis(tr("Adjust the room coordinate system"));
+    connect(m_action, &QAction::triggered, m_dialog.data(), &RoomAdjustmentDlg2g::update_and_exec);
+    m_actions.append(m_action);
+}
+
+void RoomAdjustmentModule2g::setModuleProperty(const QString &name, const QVariant &value)
+{
+    if (name == QLatin1String("CommandManager"))
+        m_commands = value.value<IOManager *>();
+    else if (name == QLatin1String("ModuleParent"))
+        m_parentWidget = widgetOf(value);
+    else if (name == QLatin1String("BackendVersions"))
+        m_versions = value.value<BackendVersions *>();
+    else if (name == QLatin1String("ObserverMode"))
+        m_observerMode = value.toBool();
+}
