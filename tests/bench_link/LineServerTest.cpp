@@ -1,0 +1,200 @@
+#include "ControllerProcess.h"
+#include "TestRegistry.h"
+
+#include <QTcpSocket>
+#include <QtTest>
+
+#include <memory>
+#include <random>
+
+namespace
+{
+
+class Client
+{
+public:
+    explicit Client(quint16 port)
+    {
+        m_socket.connectToHost(QHostAddress::LocalHost, port);
+        m_socket.waitForConnected(5000);
+    }
+    void send(const QByteArray &bytes)
+    {
+        m_socket.write(bytes);
+        m_socket.flush();
+    }
+    QByteArray line()
+    {
+        while (!m_socket.canReadLine()) {
+            if (!m_socket.waitForReadyRead(5000))
+                return "nothing came";
+        }
+        return m_socket.readLine().trimmed();
+    }
+    QByteArray ask(const QByteArray &request)
+    {
+        send(request + "\n");
+        return line();
+    }
+    QTcpSocket &socket() { return m_socket; }
+
+private:
+    QTcpSocket m_socket;
+};
+
+} // namespace
+
+class LineServerTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldAnswerLineByLine();
+    void shouldRefuseAndSkipALineThatIsTooLong();
+    void shouldBoundTheConnections();
+    void shouldOutliveRandomBytes();
+    void shouldOutliveAClientThatNeverReads();
+    void shouldRefuseControlLinesOnRequest();
+    void shouldCloseEveryConnectionOnADisconnection();
+    void shouldRefuseToStartWithBadArguments_data();
+    void shouldRefuseToStartWithBadArguments();
+};
+
+void LineServerTest::shouldAnswerLineByLine()
+{
+    ControllerProcess server;
+    QVERIFY(server.start());
+    Client client(server.port());
+    client.send("velmar2 get status active\r\nvelmar2 tracking start\nvelmar2 get sta");
+    QCOMPARE(client.line(), QByteArray("velmar2 get status active none"));
+    QCOMPARE(client.line(), QByteArray("velmar2 ok"));
+    client.send("tus active\n");
+    QCOMPARE(client.line(), QByteArray("velmar2 get status active mea"));
+    QCOMPARE(client.ask("velmar2 subscribe fr"), QByteArray("velmar2 ok"));
+    QCOMPARE(client.line().left(13), QByteArray("record fr fr "));
+}
+
+void LineServerTest::shouldRefuseAndSkipALineThatIsTooLong()
+{
+    ControllerProcess server;
+    QVERIFY(server.start());
+    Client client(server.port());
+    client.send(QByteArray(5000000, 'x') + "\nvelmar2 get status active\n");
+    QCOMPARE(client.line(), QByteArray("velmar2 err 6 \"line too long\""));
+    QCOMPARE(client.line(), QByteArray("velmar2 get status active none"));
+}
+
+void LineServerTest::shouldBoundTheConnections()
+{
+    ControllerProcess server;
+    QVERIFY(server.start(0, {QStringLiteral("--connections"), QStringLiteral("3")}));
+    std::vector<std::unique_ptr<Client>> clients;
+    for (int i = 0; i < 3; ++i) {
+        clients.push_back(std::make_unique<Client>(server.port()));
+        QCOMPARE(clients.back()->ask("velmar2 get status active"),
+                 QByteArray("velmar2 get status active none"));
+    }
+    for (int i = 0; i < 50; ++i) {
+        Client another(server.port());
+        QCOMPARE(another.line(), QByteArray("velmar2 err 50 \"too many connections\""));
+        QVERIFY(another.socket().state() == QAbstractSocket::UnconnectedState ||
+                another.socket().waitForDisconnected(5000));
+    }
+    clients.pop_back();
+    QTRY_COMPARE(Client(server.port()).ask("velmar2 get status active"),
+                 QByteArray("velmar2 get status active none"));
+}
+
+void LineServerTest::shouldOutliveRandomBytes()
+{
+    ControllerProcess server;
+    QVERIFY(server.start());
+    std::mt19937 engine(99);
+    for (int round = 0; round < 20; ++round) {
+        Client client(server.port());
+        QByteArray bytes(20000, '\0');
+        for (char &byte : bytes)
+            byte = static_cast<char>(engine() % 256);
+        client.send(bytes);
+        client.socket().waitForBytesWritten(1000);
+        client.socket().abort();
+    }
+    Client client(server.port());
+    QCOMPARE(client.ask("velmar2 get camera number_of_cameras"),
+             QByteArray("velmar2 get camera number_of_cameras 4"));
+    QCOMPARE(server.process().state(), QProcess::Running);
+}
+
+void LineServerTest::shouldOutliveAClientThatNeverReads()
+{
+    ControllerProcess server;
+    QVERIFY(server.start());
+    Client greedy(server.port());
+    greedy.socket().setReadBufferSize(1);
+    const QByteArray requests = QByteArray("velmar2 get tracking room c01\n").repeated(40000);
+    greedy.send("velmar2 tracking start\nvelmar2 subscribe fr ts 6d 6dmt2 6df2\n" + requests);
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 500)
+        greedy.socket().waitForBytesWritten(50);
+    Client other(server.port());
+    QCOMPARE(other.ask("velmar2 get status active"), QByteArray("velmar2 get status active mea"));
+    QFile status(QStringLiteral("/proc/%1/statm").arg(server.process().processId()));
+    QVERIFY(status.open(QIODevice::ReadOnly));
+    const qint64 residentPages = status.readAll().split(' ').value(1).toLongLong();
+    QVERIFY2(residentPages * 4096 < 100 * 1024 * 1024, qPrintable(QString::number(residentPages)));
+}
+
+void LineServerTest::shouldRefuseControlLinesOnRequest()
+{
+    ControllerProcess server;
+    QVERIFY(server.start(0, {QStringLiteral("--no-control")}));
+    Client client(server.port());
+    QCOMPARE(client.ask("sim locked yes"), QByteArray("sim err \"control lines are switched off\""));
+    QCOMPARE(client.ask("velmar2 get config is_changeable"),
+             QByteArray("velmar2 get config is_changeable yes"));
+}
+
+void LineServerTest::shouldCloseEveryConnectionOnADisconnection()
+{
+    ControllerProcess server;
+    QVERIFY(server.start());
+    Client first(server.port()), second(server.port());
+    QCOMPARE(second.ask("sim get clock"), QByteArray("sim get clock real"));
+    QCOMPARE(first.ask("sim fault disconnect 0.3"), QByteArray("sim ok"));
+    QVERIFY(second.socket().state() == QAbstractSocket::UnconnectedState ||
+            second.socket().waitForDisconnected(5000));
+    QTRY_COMPARE(Client(server.port()).ask("sim get clock"), QByteArray("sim get clock real"));
+}
+
+void LineServerTest::shouldRefuseToStartWithBadArguments_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("complaint");
+    const auto row = [](const char *name, const QStringList &arguments, const char *complaint) {
+        QTest::newRow(name) << arguments << QByteArray(complaint);
+    };
+    row("port", {QStringLiteral("--port"), QStringLiteral("70000")},
+        "bad address, port or number of connections");
+    row("address", {QStringLiteral("--listen"), QStringLiteral("nowhere")},
+        "bad address, port or number of connections");
+    row("scenario", {QStringLiteral("--scenario"), QStringLiteral("no-such.json")},
+        "no-such.json: cannot be opened: ");
+    row("control", {QStringLiteral("--control"), QStringLiteral("sim dance")},
+        "sim dance: sim err \"unknown control line\"");
+    row("fault", {QStringLiteral("--fault"), QStringLiteral("fail")}, "not a fault line: fail");
+}
+
+void LineServerTest::shouldRefuseToStartWithBadArguments()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, complaint);
+    QProcess process;
+    process.start(QStringLiteral(VELMAR_CONTROLLER), arguments);
+    QVERIFY(process.waitForFinished(10000));
+    QCOMPARE(process.exitCode(), 2);
+    QVERIFY2(process.readAllStandardError().contains(complaint), complaint.constData());
+}
+
+ROOM_TEST_CLASS(LineServerTest)
+#include "LineServerTest.moc"
