@@ -1,0 +1,240 @@
+#include "AssignmentTree.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr int unassigned = -1;
+constexpr unsigned stepsBetweenQuestions = 8;
+
+/// A residual may round down to its single-precision value, and is itself computed with rounding.
+constexpr double singlePrecisionSlack = 2e-7;
+constexpr double coordinateSlack = 4e-12;
+constexpr double boundSlack = 2e-12;
+
+template <class List>
+auto &at(List &list, int index)
+{
+    return list[static_cast<std::size_t>(index)];
+}
+
+} // namespace
+
+AssignmentTree::AssignmentTree(const OrderFit &fit, const TwinPoints &references, const TwinPoints &measured)
+    : m_fit(fit)
+    , m_referenceTwins(references)
+    , m_measuredTwins(measured)
+    , m_bound(fit.references(), fit.measured())
+    , m_count(static_cast<int>(fit.references().size()))
+    , m_levels(fit.references().size() + 1)
+    , m_order(fit.references().size(), unassigned)
+    , m_referenceTaken(fit.references().size(), 0)
+    , m_measuredTaken(fit.references().size(), 0)
+    , m_covered(fit.references().size(), 0)
+{
+    for (Level &level : m_levels)
+        level.partners.resize(fit.references().size());
+}
+
+double AssignmentTree::leastRmsMm() const
+{
+    const std::vector<char> none(m_order.size(), 0);
+    return std::sqrt(m_bound.lengthRest(none, none) / m_count) * m_bound.unitMm();
+}
+
+double AssignmentTree::largestRmsMm() const
+{
+    RotationBound::Moments all;
+    for (int i = 0; i < m_count; ++i)
+        all = m_bound.extended(all, i, i);
+    return std::sqrt(all.squares / m_count) * m_bound.unitMm();
+}
+
+/// The sum of squares, in the units of the bound, that belongs to the visitor's limit.
+double AssignmentTree::limit() const
+{
+    const double rms =
+        m_visitor->limitMm() / m_bound.unitMm() * (1.0 + singlePrecisionSlack) + coordinateSlack;
+    return m_count * rms * rms * (1.0 + boundSlack);
+}
+
+bool AssignmentTree::walk(Visitor &visitor, const GoOn &goOn)
+{
+    m_visitor = &visitor;
+    m_goOn = &goOn;
+    std::fill(m_order.begin(), m_order.end(), unassigned);
+    std::fill(m_referenceTaken.begin(), m_referenceTaken.end(), 0);
+    std::fill(m_measuredTaken.begin(), m_measuredTaken.end(), 0);
+    Level &root = m_levels.front();
+    root.moments = {};
+    for (std::vector<int> &partners : root.partners) {
+        partners.resize(m_order.size());
+        for (int j = 0; j < m_count; ++j)
+            at(partners, j) = j;
+    }
+    return !fillLevel(0) || descend(0);
+}
+
+bool AssignmentTree::mayGoOn()
+{
+    return ++m_steps % stepsBetweenQuestions != 0 || !*m_goOn || (*m_goOn)();
+}
+
+bool AssignmentTree::descend(int depth)
+{
+    if (depth == m_count)
+        return m_visitor->visit(m_order);
+    const Level &level = at(m_levels, depth);
+    const int reference = narrowest(level);
+    if (reference == unassigned)
+        return visitSingle(level);
+    for (const Branch &branch : branches(level, reference)) {
+        if (!mayGoOn() || !tryPartner(depth, reference, branch.measured))
+            return false;
+    }
+    return true;
+}
+
+/// Every reference point has one partner left: there is no need to bound any further.
+bool AssignmentTree::visitSingle(const Level &level)
+{
+    PointOrder order = m_order;
+    for (int i = 0; i < m_count; ++i) {
+        if (at(order, i) == unassigned)
+            at(order, i) = at(level.partners, i).front();
+    }
+    return !m_fit.canStart(order) || m_visitor->visit(order);
+}
+
+/// False when the walk was ended.
+bool AssignmentTree::tryPartner(int depth, int reference, int measured)
+{
+    if (!isFirstOfTwins(measured))
+        return true;
+    const bool reached = assign(depth, reference, measured);
+    const bool goesOn = !reached || descend(depth + 1);
+    release(reference, measured);
+    return goesOn;
+}
+
+/// Takes the pair. False when no order with it can reach the limit.
+bool AssignmentTree::assign(int depth, int reference, int measured)
+{
+    const Level &level = at(m_levels, depth);
+    Level &next = at(m_levels, depth + 1);
+    at(m_order, reference) = measured;
+    at(m_referenceTaken, reference) = 1;
+    at(m_measuredTaken, measured) = 1;
+    if (!triplePasses(reference))
+        return false;
+    next.moments = m_bound.extended(level.moments, reference, measured);
+    const double rest = m_bound.lengthRest(m_referenceTaken, m_measuredTaken);
+    if (m_bound.exceeds(next.moments, limit() - rest * (1.0 - boundSlack)))
+        return false;
+    for (int i = 0; i < m_count; ++i) {
+        if (!at(m_referenceTaken, i))
+            at(next.partners, i) = at(level.partners, i);
+    }
+    return fillLevel(depth + 1);
+}
+
+void AssignmentTree::release(int reference, int measured)
+{
+    at(m_order, reference) = unassigned;
+    at(m_referenceTaken, reference) = 0;
+    at(m_measuredTaken, measured) = 0;
+}
+
+/// Leaves the partners that do not exceed the limit. False when somebody is left without any.
+bool AssignmentTree::fillLevel(int depth)
+{
+    Level &level = at(m_levels, depth);
+    const double bound = limit();
+    for (int i = 0; i < m_count; ++i) {
+        if (at(m_referenceTaken, i))
+            continue;
+        std::vector<int> &partners = at(level.partners, i);
+        const auto excluded = [&](int j) {
+            return at(m_measuredTaken, j) || !keepsTwinsAscending(i, j) ||
+                   m_bound.exceeds(m_bound.extended(level.moments, i, j), bound);
+        };
+        partners.erase(std::remove_if(partners.begin(), partners.end(), excluded), partners.end());
+        if (partners.empty())
+            return false;
+    }
+    return everyoneHasAPartner(level);
+}
+
+bool AssignmentTree::everyoneHasAPartner(const Level &level)
+{
+    m_covered = m_measuredTaken;
+    for (int i = 0; i < m_count; ++i) {
+        if (at(m_referenceTaken, i))
+            continue;
+        for (const int j : at(level.partners, i))
+            at(m_covered, j) = 1;
+    }
+    return std::find(m_covered.begin(), m_covered.end(), 0) == m_covered.end();
+}
+
+/// The free reference point with the fewest partners, or none when all have only one. As every measured point
+/// is somebody's partner, those are then all different.
+int AssignmentTree::narrowest(const Level &level) const
+{
+    int best = unassigned;
+    std::size_t fewest = 0, most = 0;
+    for (int i = 0; i < m_count; ++i) {
+        if (at(m_referenceTaken, i))
+            continue;
+        const std::size_t size = at(level.partners, i).size();
+        most = std::max(most, size);
+        if (best == unassigned || size < fewest) {
+            best = i;
+            fewest = size;
+        }
+    }
+    return most == 1 ? unassigned : best;
+}
+
+std::vector<AssignmentTree::Branch> AssignmentTree::branches(const Level &level, int reference) const
+{
+    std::vector<Branch> list;
+    for (const int j : at(level.partners, reference))
+        list.push_back({RotationBound::estimate(m_bound.extended(level.moments, reference, j)), j});
+    std::sort(list.begin(), list.end(),
+              [](const Branch &left, const Branch &right) { return left.estimate < right.estimate; });
+    return list;
+}
+
+/// Of equal measured points the first free one is taken.
+bool AssignmentTree::isFirstOfTwins(int measured) const
+{
+    for (const int twin : m_measuredTwins.members(m_measuredTwins.group(measured))) {
+        if (twin < measured && !at(m_measuredTaken, twin))
+            return false;
+    }
+    return true;
+}
+
+/// Equal reference points get partners of ascending groups.
+bool AssignmentTree::keepsTwinsAscending(int reference, int measured) const
+{
+    const int group = m_measuredTwins.group(measured);
+    for (const int twin : m_referenceTwins.members(m_referenceTwins.group(reference))) {
+        if (!at(m_referenceTaken, twin))
+            continue;
+        const int other = m_measuredTwins.group(at(m_order, twin));
+        if (twin < reference ? other > group : other < group)
+            return false;
+    }
+    return true;
+}
+
+/// True unless the first three reference points just became complete and allow no start.
+bool AssignmentTree::triplePasses(int reference) const
+{
+    return reference > 2 || m_order[0] == unassigned || m_order[1] == unassigned ||
+           m_order[2] == unassigned || m_fit.canStart(m_order);
+}

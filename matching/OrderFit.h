@@ -1,0 +1,40 @@
+#pragma once
+
+#include "KeptOrder.h"
+#include "MatchingPoint.h"
+
+#include <array>
+
+/// Fits reference points and ordered measured points: the start from the first three pairs, then the
+/// refinement over all. The lists are copied.
+class OrderFit
+{
+public:
+    struct Result {
+        int startCode = 0;  ///< of trafo3d_3trafo
+        int refineCode = 0; ///< of trafo3d_opttrafo; 0 when the start failed
+        double rmsMm = 0.0;
+        std::array<double, 16> transform = {}; ///< reference from measured, row by row
+
+        [[nodiscard]] bool isValid() const { return startCode == 0 && refineCode == 0; }
+    };
+
+    /// At least three points, as many measured as reference points.
+    OrderFit(MatchingPoints references, MatchingPoints measured);
+
+    [[nodiscard]] Result fit(const PointOrder &order);
+
+    /// True if the first three pairs of `order` allow a start.
+    [[nodiscard]] bool canStart(const PointOrder &order) const;
+
+    /// True if the reference points and at least one triple of measured points allow a start.
+    [[nodiscard]] bool canStart() const;
+
+    [[nodiscard]] const MatchingPoints &references() const { return m_references; }
+    [[nodiscard]] const MatchingPoints &measured() const { return m_measured; }
+
+private:
+    MatchingPoints m_references;
+    MatchingPoints m_measured;
+    MatchingPoints m_ordered;
+};

@@ -1,0 +1,150 @@
+#include "RotationBound.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace
+{
+
+/// The coefficients of the polynomial.
+struct Invariants {
+    double frobenius;
+    double adjugate;
+    double determinant;
+};
+
+Invariants invariantsOf(const std::array<double, 9> &m)
+{
+    const double c[9] = {m[4] * m[8] - m[5] * m[7], m[5] * m[6] - m[3] * m[8], m[3] * m[7] - m[4] * m[6],
+                         m[2] * m[7] - m[1] * m[8], m[0] * m[8] - m[2] * m[6], m[1] * m[6] - m[0] * m[7],
+                         m[1] * m[5] - m[2] * m[4], m[2] * m[3] - m[0] * m[5], m[0] * m[4] - m[1] * m[3]};
+    Invariants result{0.0, 0.0, m[0] * c[0] + m[1] * c[1] + m[2] * c[2]};
+    for (std::size_t i = 0; i < 9; ++i) {
+        result.frobenius += m[i] * m[i];
+        result.adjugate += c[i] * c[i];
+    }
+    return result;
+}
+
+double largestCoordinate(const MatchingPoints &points)
+{
+    double largest = 0.0;
+    for (const MatchingPoint &point : points) {
+        for (const double value : point)
+            largest = std::max(largest, std::fabs(value));
+    }
+    return largest;
+}
+
+double powerOfTwoAbove(double value)
+{
+    int exponent = 0;
+    std::frexp(value, &exponent);
+    return std::ldexp(1.0, exponent);
+}
+
+double squareOf(double value)
+{
+    return value * value;
+}
+
+} // namespace
+
+RotationBound::RotationBound(const MatchingPoints &references, const MatchingPoints &measured)
+    : m_unitMm(powerOfTwoAbove(std::max(largestCoordinate(references), largestCoordinate(measured))))
+    , m_margin(5e-14 + 2e-15 * static_cast<double>(references.size()))
+    , m_references(prepared(references, m_unitMm))
+    , m_measured(prepared(measured, m_unitMm))
+{
+}
+
+RotationBound::Side RotationBound::prepared(const MatchingPoints &points, double unitMm)
+{
+    Side side;
+    MatchingPoint centre = {};
+    for (const MatchingPoint &point : points) {
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            centre[axis] += point[axis] / unitMm / static_cast<double>(points.size());
+    }
+    for (const MatchingPoint &point : points) {
+        MatchingPoint p;
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            p[axis] = point[axis] / unitMm - centre[axis];
+        side.centred.push_back(p);
+        side.lengths.push_back(std::sqrt(p[0] * p[0] + p[1] * p[1] + p[2] * p[2]));
+    }
+    side.byLength.resize(points.size());
+    std::iota(side.byLength.begin(), side.byLength.end(), 0);
+    std::sort(side.byLength.begin(), side.byLength.end(), [&side](int left, int right) {
+        return side.lengths[static_cast<std::size_t>(left)] < side.lengths[static_cast<std::size_t>(right)];
+    });
+    return side;
+}
+
+RotationBound::Moments RotationBound::extended(const Moments &moments, int reference, int measured) const
+{
+    const auto i = static_cast<std::size_t>(reference), j = static_cast<std::size_t>(measured);
+    const MatchingPoint &a = m_references.centred[i];
+    const MatchingPoint &b = m_measured.centred[j];
+    Moments result;
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column)
+            result.products[3 * row + column] = moments.products[3 * row + column] + a[row] * b[column];
+    }
+    result.squares = moments.squares + squareOf(m_references.lengths[i]) + squareOf(m_measured.lengths[j]);
+    result.count = moments.count + 1;
+    return result;
+}
+
+bool RotationBound::exceeds(const Moments &moments, double limit) const
+{
+    const double half = 0.5 * moments.squares;
+    const double x = half * (1.0 - m_margin) - 0.5 * limit;
+    if (!(x > 0.0))
+        return false;
+    const Invariants of = invariantsOf(moments.products);
+    const double square = x * x;
+    const double squareMargin = m_margin * half * half;
+    // Up to two pairs the determinant is zero, the largest root may be a double one and is known.
+    if (moments.count <= 2)
+        return square > of.frobenius + 2.0 * std::sqrt(of.adjugate) + squareMargin;
+    const double difference = square - of.frobenius;
+    return 3.0 * square - of.frobenius > squareMargin &&
+           4.0 * (x * difference - 2.0 * of.determinant) > squareMargin * half &&
+           difference * difference - 8.0 * x * of.determinant - 4.0 * of.adjugate >
+               squareMargin * half * half;
+}
+
+double RotationBound::estimate(const Moments &moments)
+{
+    const Invariants of = invariantsOf(moments.products);
+    if (moments.count <= 2)
+        return moments.squares - 2.0 * std::sqrt(of.frobenius + 2.0 * std::sqrt(of.adjugate));
+    double x = std::min(0.5 * moments.squares, std::sqrt(3.0 * of.frobenius));
+    for (int step = 0; step < 8; ++step) {
+        const double difference = x * x - of.frobenius;
+        const double value = difference * difference - 8.0 * x * of.determinant - 4.0 * of.adjugate;
+        const double slope = 4.0 * x * difference - 8.0 * of.determinant;
+        if (!(slope > 0.0) || !(value > 0.0))
+            break;
+        x -= value / slope;
+    }
+    return moments.squares - 2.0 * x;
+}
+
+double RotationBound::lengthRest(const std::vector<char> &references, const std::vector<char> &measured) const
+{
+    double rest = 0.0;
+    std::size_t next = 0;
+    for (const int reference : m_references.byLength) {
+        if (references[static_cast<std::size_t>(reference)])
+            continue;
+        while (measured[static_cast<std::size_t>(m_measured.byLength[next])])
+            ++next;
+        const auto partner = static_cast<std::size_t>(m_measured.byLength[next++]);
+        rest +=
+            squareOf(m_references.lengths[static_cast<std::size_t>(reference)] - m_measured.lengths[partner]);
+    }
+    return rest;
+}

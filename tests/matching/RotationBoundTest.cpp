@@ -1,0 +1,135 @@
+#include "RotationBound.h"
+
+#include "PointSets.h"
+#include "TestRegistry.h"
+
+#include <Eigen/Dense>
+#include <QtTest>
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace
+{
+
+MatchingPoints points(const std::vector<double> &values)
+{
+    MatchingPoints result;
+    for (std::size_t i = 0; i < values.size(); i += 3)
+        result.push_back({values[i], values[i + 1], values[i + 2]});
+    return result;
+}
+
+Eigen::Matrix3Xd centred(const MatchingPoints &list)
+{
+    Eigen::Matrix3Xd matrix(3, static_cast<Eigen::Index>(list.size()));
+    for (std::size_t i = 0; i < list.size(); ++i)
+        matrix.col(static_cast<Eigen::Index>(i)) << list[i][0], list[i][1], list[i][2];
+    return matrix.colwise() - matrix.rowwise().mean().eval();
+}
+
+/// The least sum of squares over all rotations for the first `pairs` pairs, by singular values.
+double leastSquares(const Eigen::Matrix3Xd &a, const Eigen::Matrix3Xd &b, int pairs)
+{
+    const Eigen::Matrix3d M = a.leftCols(pairs) * b.leftCols(pairs).transpose();
+    const Eigen::Vector3d s = Eigen::JacobiSVD<Eigen::Matrix3d>(M).singularValues();
+    const double lambda = s(0) + s(1) + (M.determinant() < 0 ? -s(2) : s(2));
+    return a.leftCols(pairs).squaredNorm() + b.leftCols(pairs).squaredNorm() - 2.0 * lambda;
+}
+
+} // namespace
+
+class RotationBoundTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldExcludeJustBelowTheLeastSquaresAndNeverAbove();
+    void shouldNeverExcludeWhatFitsExactly_data();
+    void shouldNeverExcludeWhatFitsExactly();
+    void shouldBoundByLengthsWhatAllOrdersLeave();
+};
+
+void RotationBoundTest::shouldExcludeJustBelowTheLeastSquaresAndNeverAbove()
+{
+    PointSets sets(61);
+    for (int trial = 0; trial < 3000; ++trial) {
+        const int count = sets.integer(3, 30);
+        const MatchingPoints references = points(sets.box(count, 2000));
+        const MatchingPoints measured = points(sets.box(count, 2000));
+        const RotationBound bound(references, measured);
+        const Eigen::Matrix3Xd a = centred(references) / bound.unitMm(),
+                               b = centred(measured) / bound.unitMm();
+        RotationBound::Moments moments;
+        for (int pair = 0; pair < count; ++pair) {
+            moments = bound.extended(moments, pair, pair);
+            const double least = leastSquares(a, b, pair + 1);
+            QVERIFY(!bound.exceeds(moments, least + 1e-12));
+            QVERIFY(bound.exceeds(moments, least - 1e-6));
+            QVERIFY(std::fabs(RotationBound::estimate(moments) - least) < 1e-2 * moments.squares);
+        }
+    }
+}
+
+void RotationBoundTest::shouldNeverExcludeWhatFitsExactly_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("space") << 0;
+    QTest::newRow("plane") << 1;
+    QTest::newRow("line") << 2;
+    QTest::newRow("one place") << 3;
+    QTest::newRow("mostly one place") << 4;
+}
+
+void RotationBoundTest::shouldNeverExcludeWhatFitsExactly()
+{
+    QFETCH(int, kind);
+    PointSets sets(62);
+    for (int trial = 0; trial < 3000; ++trial) {
+        const int count = sets.integer(3, 50);
+        std::vector<double> values = sets.box(count, sets.uniform(1, 3000));
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            const std::size_t axis = i % 3;
+            if (static_cast<int>(axis) >= 3 - kind || (kind == 4 && i > 5))
+                values[i] = values[axis];
+        }
+        const MatchingPoints references = points(values), measured = points(sets.moved(values, 0.0));
+        const RotationBound bound(references, measured);
+        const double slack = 4e-12;
+        RotationBound::Moments moments;
+        for (int pair = 0; pair < count; ++pair) {
+            moments = bound.extended(moments, pair, pair);
+            QVERIFY(!bound.exceeds(moments, count * slack * slack));
+        }
+    }
+}
+
+void RotationBoundTest::shouldBoundByLengthsWhatAllOrdersLeave()
+{
+    PointSets sets(63);
+    for (int trial = 0; trial < 40; ++trial) {
+        const int count = 6;
+        const MatchingPoints references = points(sets.box(count, 100));
+        const MatchingPoints measured = points(sets.moved(sets.box(count, 100), 0));
+        const RotationBound bound(references, measured);
+        const Eigen::Matrix3Xd a = centred(references) / bound.unitMm(),
+                               b = centred(measured) / bound.unitMm();
+        // Two pairs are taken: 0 with 3 and 4 with 1; the best order of the rest by lengths, tried out.
+        const std::vector<char> referenceTaken = {1, 0, 0, 0, 1, 0}, measuredTaken = {0, 1, 0, 1, 0, 0};
+        const std::vector<int> freeReferences = {1, 2, 3, 5};
+        std::vector<int> freeMeasured = {0, 2, 4, 5};
+        double least = 1e300;
+        do {
+            double sum = 0.0;
+            for (std::size_t k = 0; k < freeMeasured.size(); ++k)
+                sum += std::pow(a.col(freeReferences[k]).norm() - b.col(freeMeasured[k]).norm(), 2);
+            least = std::min(least, sum);
+        } while (std::next_permutation(freeMeasured.begin(), freeMeasured.end()));
+        QVERIFY(std::fabs(bound.lengthRest(referenceTaken, measuredTaken) - least) < 1e-12);
+    }
+}
+
+ROOM_TEST_CLASS(RotationBoundTest)
+
+#include "RotationBoundTest.moc"
