@@ -187,7 +187,9 @@ void RoomPainter::drawText(const QString &text, const bsVector &position)
     const bsMatrix clip = clipFromModel();
     if (!clip.isFinite() || !position.isFinite() || !isInFrontOfTheEye(clip, position))
         return;
-    const QFont font(QStringLiteral("Times"), 10, QFont::Bold);
+    // No string literal of Qt: the program's font cache keeps the name, and the literal is gone when the
+    // plug-in is.
+    const QFont font(QString::fromLatin1("Times"), 10, QFont::Bold);
     if (m_canvas.devicePixelRatioF() == 1.0) {
         m_canvas.renderText(position.x, position.y, position.z, text, font);
         return;
