@@ -124,14 +124,21 @@ private:
         addSwitch("strict", QStringLiteral("sim strict yes"));
         addSwitch("locked", QStringLiteral("sim locked yes"));
         addSwitch("unavailable", QStringLiteral("sim available no"));
-        addLine("control", QStringLiteral("sim %1"));
-        addLine("fault", QStringLiteral("sim fault %1"));
+        addControlLines("control", QStringLiteral("sim "));
+        addControlLines("fault", QStringLiteral("sim fault "));
     }
 
     void addLine(const char *name, const QString &line)
     {
         for (const QString &given : m_parser.values(QLatin1String(name)))
             m_options.startLines << line.arg(given.simplified());
+    }
+
+    /// The lines may begin with the lead or leave it out.
+    void addControlLines(const char *name, const QString &lead)
+    {
+        for (const QString &given : m_parser.values(QLatin1String(name)))
+            m_options.startLines << (given.startsWith(lead) ? given : lead + given);
     }
 
     void addSwitch(const char *name, const QString &line)

@@ -2,6 +2,8 @@
 
 #include "BenchOptions.h"
 #include "LocalController.h"
+#include "RemoteController.h"
+#include "Scenario.h"
 #include "SimController.h"
 
 #include <QCoreApplication>
@@ -50,11 +52,22 @@ std::unique_ptr<BenchSession> BenchSession::open(const BenchOptions &options, QS
 
 bool BenchSession::makeLink(const BenchOptions &options, QString *error)
 {
-    if (!options.controller.isEmpty() || !options.scenario.isEmpty()) {
-        *error = tr("--controller and --scenario are not supported by this bench.");
-        return false;
-    }
+    return options.controller.isEmpty() ? makeLocal(options, error) : makeRemote(options.controller, error);
+}
+
+bool BenchSession::makeLocal(const BenchOptions &options, QString *error)
+{
     SimMachine machine;
+    if (!options.scenario.isEmpty()) {
+        std::string reason;
+        const std::optional<Scenario> scenario = Scenario::load(options.scenario.toStdString(), &reason);
+        if (!scenario) {
+            *error = QString::fromStdString(reason);
+            return false;
+        }
+        machine = scenario->machine;
+        m_faults = scenario->faults;
+    }
     if (options.cameras)
         setCameraCount(machine.room, *options.cameras);
     m_controller = std::make_unique<SimController>(std::move(machine));
@@ -62,8 +75,26 @@ bool BenchSession::makeLink(const BenchOptions &options, QString *error)
     return true;
 }
 
+bool BenchSession::makeRemote(const QString &address, QString *error)
+{
+    const auto parts = RemoteController::parseAddress(address);
+    if (!parts) {
+        *error = tr("--controller takes HOST:PORT, not %1.").arg(address);
+        return false;
+    }
+    auto remote = std::make_unique<RemoteController>(parts->first, parts->second);
+    if (!remote->open()) {
+        *error = tr("The controller at %1 cannot be reached: %2").arg(address, remote->failure());
+        return false;
+    }
+    m_link = std::move(remote);
+    return true;
+}
+
 bool BenchSession::sendStartLines(const BenchOptions &options, QString *error)
 {
+    for (const std::string &fault : m_faults)
+        m_channel->control(fault);
     for (const QString &line : options.startLines) {
         const std::string text = line.toStdString();
         const bool isControl = line.startsWith(QLatin1String("sim "));

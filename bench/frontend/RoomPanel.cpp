@@ -108,7 +108,7 @@ void RoomPanel::showReading()
     m_ui->yLabel->setText(isSeen ? millimetres(reading->tipMm[1]) : none);
     m_ui->zLabel->setText(isSeen ? millimetres(reading->tipMm[2]) : none);
     if (!reading)
-        m_ui->stateLabel->setText(tr("The controller does not answer."));
+        m_ui->stateLabel->setText(tr("not known, the controller does not say it"));
     else if (!reading->isTracked)
         m_ui->stateLabel->setText(tr("out of sight"));
     else

@@ -59,6 +59,10 @@ private slots:
             {QStringLiteral("--control"), QStringLiteral("tool 1 tremor 2"), QStringLiteral("--control"),
              QStringLiteral("camera 2 room none")},
             {QStringLiteral("sim tool 1 tremor 2"), QStringLiteral("sim camera 2 room none")});
+        row("control line with its lead", {QStringLiteral("--control"), QStringLiteral("sim seed 7")},
+            {QStringLiteral("sim seed 7")});
+        row("fault with its lead", {QStringLiteral("--fault"), QStringLiteral("sim fault fail 1 status")},
+            {QStringLiteral("sim fault fail 1 status")});
         row("fault", {QStringLiteral("--fault"), QStringLiteral("fail 3 status")},
             {QStringLiteral("sim fault fail 3 status")});
     }
