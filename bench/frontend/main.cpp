@@ -48,21 +48,32 @@ int run(const BenchOptions &options, const QString &plugin)
     return exitCode;
 }
 
+QStringList allArguments(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
+    const QStringList arguments = allArguments(argc, argv);
+    // Qt gets no arguments to see: it would take --plugin for itself.
+    int programOnly = 1;
+    const QApplication application(programOnly, argv);
     QApplication::setApplicationName(QStringLiteral("velmar-bench"));
     QString error;
-    const auto options = BenchOptions::read(QApplication::arguments(), &error);
+    const auto options = BenchOptions::read(arguments, &error);
     if (!options)
         return fail(error);
     if (options->isHelpWanted) {
         QTextStream(stdout) << BenchOptions::help();
         return 0;
     }
-    const QString plugin = options->plugin.isEmpty() ? ModuleLibrary::find(QApplication::applicationDirPath())
-                                                     : options->plugin;
+    const QString plugin =
+        options->plugin.isEmpty() ? ModuleLibrary::find(QApplication::applicationDirPath()) : options->plugin;
     return run(*options, plugin);
 }

@@ -1,0 +1,150 @@
+#include "ControllerProcess.h"
+#include "TestRegistry.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace
+{
+
+constexpr int patienceMs = 60000;
+
+/// One run of the program to its end.
+struct ProgramRun {
+    explicit ProgramRun(const QStringList &arguments)
+    {
+        QProcess process;
+        process.start(QStringLiteral(BENCH_PROGRAM), arguments);
+        if (!process.waitForFinished(patienceMs))
+            process.kill();
+        else if (process.exitStatus() == QProcess::NormalExit)
+            exitCode = process.exitCode();
+        out = QString::fromLocal8Bit(process.readAllStandardOutput());
+        err = QString::fromLocal8Bit(process.readAllStandardError());
+    }
+
+    int exitCode = -1;
+    QString out;
+    QString err;
+};
+
+QStringList demo(const QTemporaryDir &folder, const QStringList &more = {})
+{
+    return QStringList{QStringLiteral("--plugin"), QStringLiteral(FAKE_MODULE), QStringLiteral("--demo"),
+                       folder.filePath(QStringLiteral("pictures"))} +
+           more;
+}
+
+const QString startTracking = QStringLiteral("velmar2 tracking start");
+const QString stopTracking = QStringLiteral("velmar2 tracking stop");
+const QString rotation =
+    QStringLiteral("tracking extra_rotation 0.98480775 -0.17364818 0.00000000 0.17364818 0.98480775 0.00000000 "
+                   "0.00000000 0.00000000 1.00000000");
+const QString translation = QStringLiteral("tracking extra_translation -250.000 0.000 0.000");
+const QString scaling = QStringLiteral("tracking extra_scaling 1.00000");
+
+/// The texts of the commands and settings in the program's list of calls.
+QStringList sentLines(const QString &out)
+{
+    QStringList lines;
+    for (const QString &line : out.split(QLatin1Char('\n'))) {
+        const QStringList cells = line.split(QLatin1Char('\t'));
+        const QString operation = cells.value(2);
+        if (operation == QLatin1String("sendCommand") || operation == QLatin1String("setParameter"))
+            lines << cells.value(3);
+    }
+    return lines;
+}
+
+} // namespace
+
+class BenchProgramTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldExplainItself()
+    {
+        const ProgramRun run({QStringLiteral("--help")});
+        QCOMPARE(run.exitCode, 0);
+        QVERIFY(run.out.contains(QStringLiteral("--demo")));
+    }
+
+    void shouldRefuseWrongUse_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("mentioned");
+        QTest::newRow("option") << QStringList{QStringLiteral("--nonsense")} << QStringLiteral("nonsense");
+        QTest::newRow("state") << QStringList{QStringLiteral("--extra-scaling"), QStringLiteral("x")}
+                               << QStringLiteral("extra_scaling x");
+        QTest::newRow("module") << QStringList{QStringLiteral("--plugin"), QStringLiteral("missing.so"),
+                                               QStringLiteral("--demo"), QStringLiteral("unused")}
+                                << QStringLiteral("missing.so");
+    }
+
+    void shouldRefuseWrongUse()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, mentioned);
+        const ProgramRun run(arguments);
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.err.contains(mentioned), qPrintable(run.err));
+    }
+
+    void shouldDoTheMainJobAndSayWhatItTold()
+    {
+        const QTemporaryDir folder;
+        const ProgramRun run(demo(folder));
+        QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+        QVERIFY(run.out.contains(QStringLiteral("translation 0.000 0.000 0.000")));
+        QVERIFY(run.out.contains(QStringLiteral("translation -250.000 0.000 0.000")));
+        QVERIFY(
+            run.out.contains(QStringLiteral("setParameter\ttracking extra_rotation 0.98480775 -0.17364818 "
+                                            "0.00000000 0.17364818 0.98480775")));
+        QCOMPARE(QDir(folder.filePath(QStringLiteral("pictures"))).entryList(QDir::Files).size(), 6);
+    }
+
+    void shouldDoTheMainJobOnTheModuleThatItFindsItself()
+    {
+        const QTemporaryDir folder;
+        const ProgramRun run({QStringLiteral("--demo"), folder.filePath(QStringLiteral("pictures"))});
+        QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+        QCOMPARE(sentLines(run.out),
+                 (QStringList{startTracking, stopTracking, rotation, translation, scaling, startTracking,
+                              stopTracking, rotation, translation, scaling}));
+    }
+
+    void shouldFailTheMainJobWhenTheControllerDoesNotHoldIt()
+    {
+        const QTemporaryDir folder;
+        const ProgramRun run(demo(
+            folder, {QStringLiteral("--fault"), QStringLiteral("fail 1 \"tracking extra_translation\"")}));
+        QCOMPARE(run.exitCode, 1);
+        QVERIFY(run.out.contains(QStringLiteral("does not hold")));
+    }
+
+    void shouldDoTheMainJobOnAControllerInAnotherProcess()
+    {
+        const ControllerProcess controller;
+        const QTemporaryDir folder;
+        const ProgramRun run(demo(folder, {QStringLiteral("--controller"), controller.address()}));
+        QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+    }
+
+    void shouldWriteTheConversation()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("log.txt"));
+        const ProgramRun run(demo(folder, {QStringLiteral("--log"), file}));
+        QCOMPARE(run.exitCode, 0);
+        QFile log(file);
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        QVERIFY(log.readAll().contains("setParameter\ttracking extra_translation -250.000 0.000 0.000\t0\t"));
+    }
+};
+
+ROOM_TEST_CLASS(BenchProgramTest)
+
+#include "BenchProgramTest.moc"
