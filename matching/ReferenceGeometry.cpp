@@ -1,0 +1,78 @@
+#include "ReferenceGeometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+constexpr double smallestDistanceMm = 1.0;
+constexpr double smallestWidthOfLength = 0.02;
+
+MatchingPoint difference(const MatchingPoint &to, const MatchingPoint &from)
+{
+    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
+}
+
+double lengthOf(const MatchingPoint &p)
+{
+    return std::hypot(p[0], p[1], p[2]);
+}
+
+double distance(const MatchingPoint &a, const MatchingPoint &b)
+{
+    return lengthOf(difference(a, b));
+}
+
+double areaOf(const MatchingPoint &a, const MatchingPoint &b)
+{
+    return lengthOf({a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]});
+}
+
+MatchingPoint farthestFrom(const MatchingPoint &start, const MatchingPoints &points)
+{
+    return *std::max_element(points.begin(), points.end(),
+                             [&start](const MatchingPoint &left, const MatchingPoint &right) {
+                                 return distance(left, start) < distance(right, start);
+                             });
+}
+
+/// True if the points stay close to the line through two that lie far apart: within 2 % of their distance.
+bool onLine(const MatchingPoints &points)
+{
+    const MatchingPoint end = farthestFrom(points.front(), points);
+    const MatchingPoint otherEnd = farthestFrom(end, points);
+    const MatchingPoint along = difference(otherEnd, end);
+    const double length = lengthOf(along);
+    return std::all_of(points.begin(), points.end(), [&](const MatchingPoint &point) {
+        return areaOf(along, difference(point, end)) <= smallestWidthOfLength * length * length;
+    });
+}
+
+bool isFinite(const MatchingPoint &point)
+{
+    return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
+}
+
+bool anyTwoCoincide(MatchingPoints points)
+{
+    std::sort(points.begin(), points.end());
+    for (auto left = points.begin(); left != points.end(); ++left) {
+        for (auto right = left + 1; right != points.end() && (*right)[0] - (*left)[0] < smallestDistanceMm;
+             ++right) {
+            if (distance(*left, *right) < smallestDistanceMm)
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+ReferenceGeometry ReferenceGeometry::of(const MatchingPoints &references)
+{
+    if (!std::all_of(references.begin(), references.end(), isFinite))
+        return {};
+    return {onLine(references), anyTwoCoincide(references),
+            onLine({references[0], references[1], references[2]})};
+}
