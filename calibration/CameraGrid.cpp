@@ -1,0 +1,88 @@
+#include "CameraGrid.h"
+
+#include "CalibrationRun.h"
+#include "CameraMessages.h"
+#include "CameraStatus.h"
+
+#include <QGridLayout>
+
+#include <algorithm>
+
+CameraGrid::CameraGrid(QGridLayout *layout, IOManager *commands, const BackendVersions *versions,
+                       QObject *parent)
+    : QObject(parent)
+    , m_layout(layout)
+    , m_commands(commands)
+    , m_versions(versions)
+{
+}
+
+void CameraGrid::build()
+{
+    const QPointer<CameraGrid> self(this);
+    const std::optional<int> count = ControllerAccess(m_commands, m_versions).numberOfCamerasToCalibrate();
+    if (!count || self.isNull())
+        return;
+    clear();
+    const int columns = CameraMessages::columns(*count);
+    for (int i = 0; i < *count; ++i) {
+        if (!addBox(i, columns))
+            return;
+    }
+}
+
+void CameraGrid::clear()
+{
+    for (const QPointer<CameraStatus> &box : qAsConst(m_boxes))
+        delete box.data();
+    m_boxes.clear();
+}
+
+bool CameraGrid::addBox(int index, int columns)
+{
+    const QPointer<CameraGrid> self(this);
+    auto box = std::make_unique<CameraStatus>(m_commands, nullptr, m_versions, index);
+    if (self.isNull())
+        return false;
+    m_boxes.append(box.get());
+    m_layout->addWidget(box.release(), index / columns, index % columns);
+    return true;
+}
+
+void CameraGrid::reset()
+{
+    for (const QPointer<CameraStatus> &box : qAsConst(m_boxes)) {
+        if (box)
+            box->resetProgress(0);
+    }
+}
+
+void CameraGrid::refresh(const std::shared_ptr<CalibrationRun> &run)
+{
+    if (!run->takeTurn())
+        return;
+    const QList<QPointer<CameraStatus>> boxes = m_boxes;
+    for (const QPointer<CameraStatus> &box : boxes) {
+        if (box && run->isGoingOn())
+            box->update_progressBar();
+    }
+    run->giveTurn();
+}
+
+void CameraGrid::markMostActive(const QString &message)
+{
+    for (int i = 0; i < m_boxes.size(); ++i) {
+        if (m_boxes[i])
+            m_boxes[i]->highlight(CameraMessages::holdsCamera(message, i));
+    }
+}
+
+void CameraGrid::setTabNumbers(const QString &message)
+{
+    const std::vector<std::optional<int>> tabs = CameraMessages::tabs(message);
+    const int count = std::min(m_boxes.size(), int(tabs.size()));
+    for (int i = 0; i < count; ++i) {
+        if (m_boxes[i] && tabs[std::size_t(i)])
+            m_boxes[i]->set_tab_number(*tabs[std::size_t(i)]);
+    }
+}

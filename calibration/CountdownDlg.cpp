@@ -1,0 +1,48 @@
+#include "CountdownDlg.h"
+
+#include "Resources.h"
+#include "ui_CountdownDialog.h"
+
+#include <QIcon>
+
+#include <limits>
+
+using namespace std::chrono_literals;
+
+CountdownDlg::CountdownDlg(QWidget *parent)
+    : QDialog(parent, Qt::Dialog | Qt::WindowCloseButtonHint)
+    , m_ui(std::make_unique<Ui::CountdownDialog>())
+{
+    loadResources();
+    m_ui->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    setTick(1000ms);
+    connect(&m_timer, &QTimer::timeout, this, &CountdownDlg::updateCountdown);
+    connect(m_ui->pushButton_start, &QPushButton::clicked, this, &CountdownDlg::accept);
+    connect(m_ui->pushButton_cancel, &QPushButton::clicked, this, &CountdownDlg::reject);
+}
+
+CountdownDlg::~CountdownDlg() = default;
+
+void CountdownDlg::setCountdown(const QString &text, int seconds)
+{
+    m_ui->label->setText(text);
+    m_secondsLeft = seconds;
+    m_ui->lcdNumber->display(m_secondsLeft);
+    m_timer.start();
+}
+
+void CountdownDlg::updateCountdown()
+{
+    if (m_secondsLeft > std::numeric_limits<int>::min())
+        --m_secondsLeft;
+    m_ui->lcdNumber->display(m_secondsLeft);
+    if (m_secondsLeft <= 0)
+        done(Accepted);
+}
+
+void CountdownDlg::done(int result)
+{
+    m_timer.stop();
+    QDialog::done(result);
+}

@@ -1,0 +1,146 @@
+#include "CountdownDlg.h"
+
+#include "TestRegistry.h"
+
+#include <QLCDNumber>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+QPushButton *button(const CountdownDlg &dialog, const char *text)
+{
+    const auto buttons = dialog.findChildren<QPushButton *>();
+    for (QPushButton *candidate : buttons) {
+        if (candidate->text() == QLatin1String(text))
+            return candidate;
+    }
+    return nullptr;
+}
+
+int shownSeconds(const CountdownDlg &dialog)
+{
+    return dialog.findChild<QLCDNumber *>(QStringLiteral("lcdNumber"))->intValue();
+}
+
+} // namespace
+
+class CountdownDlgTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldLookAsAgreed()
+    {
+        const CountdownDlg dialog(nullptr);
+
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Waiting"));
+        QCOMPARE(dialog.minimumSize(), QSize(186, 180));
+        QCOMPARE(dialog.font().family(), QStringLiteral("Microsoft Sans Serif"));
+        QCOMPARE(dialog.font().pointSize(), 10);
+        QVERIFY(!dialog.windowIcon().isNull());
+        QVERIFY(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        const auto *lcd = dialog.findChild<QLCDNumber *>(QStringLiteral("lcdNumber"));
+        QCOMPARE(lcd->digitCount(), 1);
+        QCOMPARE(lcd->mode(), QLCDNumber::Dec);
+        QCOMPARE(lcd->segmentStyle(), QLCDNumber::Filled);
+        QCOMPARE(dialog.findChild<QLabel *>()->text(), QStringLiteral("TextLabel"));
+        QCOMPARE(dialog.findChild<QLabel *>()->font().pointSize(), 12);
+    }
+
+    void shouldCountDownToOne()
+    {
+        CountdownDlg dialog(nullptr);
+        dialog.setTick(1h);
+        dialog.setCountdown(QStringLiteral("text"), 3);
+        QSignalSpy finished(&dialog, &QDialog::finished);
+
+        QCOMPARE(dialog.findChild<QLabel *>()->text(), QStringLiteral("text"));
+        QCOMPARE(shownSeconds(dialog), 3);
+        dialog.updateCountdown();
+        QCOMPARE(shownSeconds(dialog), 2);
+        dialog.updateCountdown();
+        QCOMPARE(shownSeconds(dialog), 1);
+        QCOMPARE(finished.count(), 0);
+        dialog.updateCountdown();
+        QCOMPARE(finished.count(), 1);
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+    }
+
+    void shouldRunOutByItself()
+    {
+        CountdownDlg dialog(nullptr);
+        dialog.setTick(5ms);
+        dialog.setCountdown(QString(), 12);
+        QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    }
+
+    void shouldTickEverySecond()
+    {
+        CountdownDlg dialog(nullptr);
+        QElapsedTimer time;
+        time.start();
+        dialog.setCountdown(QString(), 1);
+        QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+        QVERIFY2(time.elapsed() >= 950 && time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
+    }
+
+    void shouldStopTickingWhenItIsDone()
+    {
+        CountdownDlg dialog(nullptr);
+        dialog.setTick(1ms);
+        dialog.setCountdown(QString(), 5);
+        QTimer::singleShot(0, &dialog, [&dialog] { dialog.reject(); });
+        QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+        const int left = shownSeconds(dialog);
+        QTest::qWait(30);
+        QCOMPARE(shownSeconds(dialog), left);
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+    }
+
+    void shouldAnswerItsButtons_data()
+    {
+        QTest::addColumn<QByteArray>("text");
+        QTest::addColumn<int>("result");
+        QTest::newRow("start now") << QByteArray("Start now") << 1;
+        QTest::newRow("cancel") << QByteArray("Cancel") << 0;
+    }
+
+    void shouldAnswerItsButtons()
+    {
+        QFETCH(QByteArray, text);
+        CountdownDlg dialog(nullptr);
+        dialog.setCountdown(QString(), 9);
+        QTimer::singleShot(0, &dialog,
+                           [&] { QTest::mouseClick(button(dialog, text.constData()), Qt::LeftButton); });
+        const int result = dialog.exec();
+        QTEST(result, "result");
+    }
+
+    void shouldBeRejectedByItsCloseButtonAndEscape()
+    {
+        CountdownDlg dialog(nullptr);
+        dialog.setCountdown(QString(), 9);
+        QTimer::singleShot(0, &dialog, &QWidget::close);
+        QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+        QTimer::singleShot(0, &dialog, [&dialog] { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    }
+
+    void shouldNotStartByEnter()
+    {
+        CountdownDlg dialog(nullptr);
+        dialog.setTick(1h);
+        dialog.setCountdown(QString(), 9);
+        dialog.show();
+        QTest::keyClick(&dialog, Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+    }
+};
+
+ROOM_TEST_CLASS(CountdownDlgTest)
+#include "CountdownDlgTest.moc"
