@@ -50,6 +50,12 @@ ModalAnswer &ModalAnswer::thenPress(int standardButton)
     });
 }
 
+ModalAnswer &ModalAnswer::leaveAlone(const QString &title)
+{
+    m_leftAlone.append(title);
+    return *this;
+}
+
 // A timer does not fire again while its slot runs, and a step may open the next modal window: each look has a
 // timer of its own.
 void ModalAnswer::lookAgain()
@@ -65,7 +71,7 @@ void ModalAnswer::look()
         m_staleTicks = 0;
         return;
     }
-    if (m_handled.contains(window)) {
+    if (m_handled.contains(window) || m_leftAlone.contains(window->windowTitle())) {
         if (++m_staleTicks > staleTickLimit)
             closeStale(window);
         return;

@@ -27,6 +27,9 @@ public:
     /// clicked.
     ModalAnswer &thenPress(int standardButton);
 
+    /// Windows with this title are neither answered nor closed before the watchdog's time.
+    ModalAnswer &leaveAlone(const QString &title);
+
     /// Title and text of each message box that was answered, as "title|text".
     const QStringList &boxes() const { return m_boxes; }
     /// The windows that came without a step for them.
@@ -44,6 +47,7 @@ private:
     std::vector<std::function<void(QWidget *)>> m_steps;
     std::size_t m_next = 0;
     QList<QPointer<QWidget>> m_handled;
+    QStringList m_leftAlone;
     QStringList m_boxes;
     QStringList m_unexpected;
     int m_staleTicks = 0;
