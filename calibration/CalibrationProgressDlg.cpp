@@ -1,0 +1,299 @@
+#include "CalibrationProgressDlg.h"
+
+#include "CalibrationRun.h"
+#include "CameraGrid.h"
+#include "CountdownDlg.h"
+#include "ModalMessage.h"
+#include "Resources.h"
+#include "ui_CalibrationProgressDialog.h"
+
+#include <QGuiApplication>
+#include <QIcon>
+#include <QPointer>
+#include <QScreen>
+#include <QScrollBar>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+constexpr int ticksPerCameraRefresh = 3;
+constexpr auto uninterruptibleKind = "reflex_scan";
+
+Qt::WindowFlags flagsFor(const QString &kind)
+{
+    if (kind == QLatin1String(uninterruptibleKind))
+        return Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint;
+    return Qt::Dialog | Qt::WindowCloseButtonHint;
+}
+
+} // namespace
+
+CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *parent,
+                                               const BackendVersions *versions, bool pausesBetweenSteps)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::CalibrationProgressDialog>())
+    , m_controller(commands, versions)
+    , m_run(std::make_shared<CalibrationRun>(m_controller, pausesBetweenSteps))
+    , m_pausesBetweenSteps(pausesBetweenSteps)
+    , m_showsCameras(m_controller.supports(ControllerFeature::CameraProgress))
+    , m_countdownTick(1000ms)
+{
+    loadResources();
+    m_ui->setupUi(this);
+    setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    m_ui->label_remaining_time->clear();
+    m_cameras = new CameraGrid(m_ui->gridLayout_cam, commands, versions, this);
+    m_ui->frame_name->setVisible(!m_showsCameras);
+    m_ui->frame_grid->setVisible(m_showsCameras);
+    m_ui->scrollArea_cam->setVisible(m_showsCameras);
+
+    setPollInterval(200ms);
+    setStallInterval(5000ms);
+    m_warningTimer.setSingleShot(true);
+    connect(&m_statusTimer, &QTimer::timeout, this, &CalibrationProgressDlg::update_cal_status);
+    connect(&m_statusTimer, &QTimer::timeout, this, &CalibrationProgressDlg::update_cam_status);
+    connect(&m_warningTimer, &QTimer::timeout, this, &CalibrationProgressDlg::show_warning);
+    connect(m_ui->pb_cancel, &QPushButton::clicked, this, &CalibrationProgressDlg::reject);
+}
+
+CalibrationProgressDlg::~CalibrationProgressDlg()
+{
+    m_run->end();
+}
+
+int CalibrationProgressDlg::start(const QString &kind)
+{
+    if (m_run->isInUse())
+        return Rejected;
+    m_run = std::make_shared<CalibrationRun>(m_controller, m_pausesBetweenSteps);
+    const QPointer<CalibrationProgressDlg> self(this);
+    const int result = follow(kind);
+    if (self.isNull())
+        return Rejected;
+    stopTimers();
+    m_run->end();
+    return result;
+}
+
+int CalibrationProgressDlg::follow(const QString &kind)
+{
+    const QPointer<CalibrationProgressDlg> self(this);
+    const std::shared_ptr<CalibrationRun> run = m_run;
+    setWindowFlags(flagsFor(kind));
+    run->prepare(kind.toLatin1());
+    if (self.isNull())
+        return Rejected;
+    if (run->pauseSeconds() != 0 && !countDown(run->pauseSeconds()))
+        return Rejected;
+    if (self.isNull())
+        return Rejected;
+    prepareScreen(kind);
+    if (self.isNull() || !run->begin() || self.isNull())
+        return Rejected;
+    return exec();
+}
+
+void CalibrationProgressDlg::prepareScreen(const QString &kind)
+{
+    m_information = composedInformation(kind);
+    m_ui->pb_cancel->setHidden(kind.contains(QLatin1String(uninterruptibleKind)));
+    if (m_run->steps() == 1)
+        m_ui->label_info->clear();
+    const QPointer<CalibrationProgressDlg> self(this);
+    if (m_showsCameras)
+        m_cameras->build();
+    if (self.isNull())
+        return;
+    if (m_showsCameras)
+        fitToCameras();
+    m_ui->progressBar_overall->setValue(0);
+    m_cameras->reset();
+    m_isFinished = false;
+    m_statusTimer.start();
+}
+
+QString CalibrationProgressDlg::composedInformation(const QString &kind) const
+{
+    QString text = QString::fromUtf8(m_run->description());
+    text.remove(QLatin1Char('"'));
+    if (m_run->steps() > 1)
+        text += tr(" is a %1 step calibration.").arg(m_run->steps());
+    if (kind.contains(QLatin1String(uninterruptibleKind)))
+        text += tr("\nCurrently this calibration cannot be interrupted!");
+    return text;
+}
+
+/// The smallest size that shows every camera, or as many as the screen has room for.
+void CalibrationProgressDlg::fitToCameras()
+{
+    constexpr double usableWidth = 0.95;
+    constexpr double usableHeight = 0.7;
+    m_ui->gridLayout_cam->activate();
+    QSize wanted = m_ui->frame_grid->sizeHint();
+    const QSize available = screen()->availableSize();
+    const QSize usable(int(available.width() * usableWidth), int(available.height() * usableHeight));
+    if (wanted.height() > usable.height())
+        wanted.rwidth() += m_ui->scrollArea_cam->verticalScrollBar()->sizeHint().width();
+    if (wanted.width() > usable.width())
+        wanted.rheight() += m_ui->scrollArea_cam->horizontalScrollBar()->sizeHint().height();
+    m_ui->scrollArea_cam->setMinimumSize(wanted.boundedTo(usable));
+    layout()->activate();
+    resize(minimumSizeHint());
+}
+
+void CalibrationProgressDlg::update_cal_status()
+{
+    const QPointer<CalibrationProgressDlg> self(this);
+    const std::shared_ptr<CalibrationRun> run = m_run;
+    const CalibrationPoll poll = run->poll();
+    if (self.isNull())
+        return;
+    switch (poll.state) {
+    case CalibrationPoll::State::Unchanged:
+        return;
+    case CalibrationPoll::State::Running:
+        showProgress(poll);
+        return;
+    case CalibrationPoll::State::Done:
+        stopPolling();
+        accept();
+        return;
+    case CalibrationPoll::State::Failed:
+        finishWithError();
+        return;
+    case CalibrationPoll::State::Pause:
+        pauseBetweenSteps();
+        return;
+    }
+}
+
+void CalibrationProgressDlg::showProgress(const CalibrationPoll &poll)
+{
+    if (poll.hasMoved)
+        watchForStall(*poll.hasMoved);
+    if (poll.overallPercent)
+        m_ui->progressBar_overall->setValue(*poll.overallPercent);
+    if (poll.remainingSeconds)
+        m_ui->label_remaining_time->setText(tr("remaining time: %1 seconds").arg(*poll.remainingSeconds));
+    if (poll.firstStepIsComplete && !m_isFinished && m_ui->label_info->text().isEmpty())
+        showCalculating();
+}
+
+void CalibrationProgressDlg::watchForStall(bool hasMoved)
+{
+    if (hasMoved) {
+        m_warningTimer.stop();
+        m_ui->label_warning->clear();
+    } else if (!m_warningTimer.isActive() && !m_isFinished) {
+        m_warningTimer.start();
+    }
+}
+
+void CalibrationProgressDlg::showCalculating()
+{
+    m_isFinished = true;
+    m_warningTimer.stop();
+    m_ui->label_warning->hide();
+    m_ui->label_info->setText(tr("calculating..."));
+    m_ui->label_info->show();
+}
+
+void CalibrationProgressDlg::finishWithError()
+{
+    stopPolling();
+    const QPointer<CalibrationProgressDlg> self(this);
+    const std::shared_ptr<CalibrationRun> run = m_run;
+    const QByteArray error = run->fetchError();
+    if (!self.isNull())
+        ModalMessage::critical(this, tr("Calibration Error"), tr(error.constData()));
+    if (!self.isNull())
+        done(Rejected);
+}
+
+void CalibrationProgressDlg::pauseBetweenSteps()
+{
+    stopPolling();
+    const QPointer<CalibrationProgressDlg> self(this);
+    const std::shared_ptr<CalibrationRun> run = m_run;
+    const bool goesOn = countDown(run->pauseSeconds());
+    if (self.isNull() || !run->isInUse())
+        return;
+    run->resume();
+    if (!goesOn) {
+        run->end();
+        done(Rejected);
+    }
+    m_isFinished = false;
+    m_statusTimer.start();
+}
+
+bool CalibrationProgressDlg::countDown(int seconds)
+{
+    const QPointer<CountdownDlg> countdown = new CountdownDlg(this);
+    countdown->setTick(m_countdownTick);
+    countdown->setCountdown(QString(), seconds);
+    const int result = countdown->exec();
+    delete countdown.data();
+    return result == Accepted;
+}
+
+void CalibrationProgressDlg::stopPolling()
+{
+    m_isFinished = true;
+    stopTimers();
+    m_ui->label_warning->hide();
+}
+
+void CalibrationProgressDlg::stopTimers()
+{
+    m_statusTimer.stop();
+    m_warningTimer.stop();
+}
+
+void CalibrationProgressDlg::reject()
+{
+    if (!m_run->canBeStopped())
+        return;
+    stopTimers();
+    const QPointer<CalibrationProgressDlg> self(this);
+    const std::shared_ptr<CalibrationRun> run = m_run;
+    run->stop();
+    if (self.isNull())
+        return;
+    if (auto *countdown = findChild<CountdownDlg *>())
+        countdown->reject();
+    done(Rejected);
+}
+
+void CalibrationProgressDlg::accept()
+{
+    QDialog::accept();
+}
+
+void CalibrationProgressDlg::show_warning()
+{
+    m_ui->label_info->hide();
+    m_ui->label_warning->setText(
+        tr("<b><font color=red>Please move the wand in the view scope of ALL cameras!</font></b>"));
+    m_ui->label_warning->show();
+}
+
+void CalibrationProgressDlg::update_cam_status()
+{
+    if (m_showsCameras && ++m_ticks % ticksPerCameraRefresh == 0)
+        m_cameras->refresh(m_run);
+}
+
+void CalibrationProgressDlg::onReceiveCameraTabChanges(const QString &msg)
+{
+    if (m_showsCameras)
+        m_cameras->setTabNumbers(msg);
+}
+
+void CalibrationProgressDlg::onReceiveMostActiveChanges(const QString &msg)
+{
+    if (m_showsCameras)
+        m_cameras->markMostActive(msg);
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "ControllerAccess.h"
+
+#include <QDialog>
+#include <QTimer>
+
+#include <chrono>
+#include <memory>
+
+class CalibrationRun;
+class CameraGrid;
+class CountdownDlg;
+class IOManager;
+struct BackendVersions;
+struct CalibrationPoll;
+
+namespace Ui
+{
+class CalibrationProgressDialog;
+}
+
+/// Starts a calibration that the controller performs, follows it and shows how far it is.
+///
+/// Made on the heap for one start() and deleted after it. While a start is under way the dialog may be
+/// destroyed together with its parent; start() then returns 0.
+class CalibrationProgressDlg : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// `pausesBetweenSteps`: whether a calibration of two steps counts down a pause between them. Neither the
+    /// channel nor the versions are owned.
+    CalibrationProgressDlg(IOManager *commands, QWidget *parent, const BackendVersions *versions,
+                           bool pausesBetweenSteps);
+    ~CalibrationProgressDlg() override;
+
+    /// Runs a calibration of this kind (the controller's name, such as "room") to its end. Returns 1 when it
+    /// succeeded; 0 when it failed, was cancelled, or could not be started. No timer runs afterwards.
+    int start(const QString &kind);
+
+    /// What the controller says about the calibration that was started last. It is not shown.
+    const QString &information() const { return m_information; }
+
+    /// The rhythms, for runs in shortened time: 200 ms, 5000 ms and 1000 ms at first.
+    void setPollInterval(std::chrono::milliseconds interval) { m_statusTimer.setInterval(interval); }
+    void setStallInterval(std::chrono::milliseconds interval) { m_warningTimer.setInterval(interval); }
+    void setCountdownTick(std::chrono::milliseconds tick) { m_countdownTick = tick; }
+
+public slots:
+    void update_cal_status();
+    void reject() override;
+    void accept() override;
+    void show_warning();
+    void update_cam_status();
+    /// The tab of each camera, as CameraMessages::tabs() reads it.
+    void onReceiveCameraTabChanges(const QString &msg);
+    /// The most active cameras, as CameraMessages::holdsCamera() reads them.
+    void onReceiveMostActiveChanges(const QString &msg);
+
+private:
+    int follow(const QString &kind);
+    void prepareScreen(const QString &kind);
+    void fitToCameras();
+    void showProgress(const CalibrationPoll &poll);
+    void watchForStall(bool hasMoved);
+    void showCalculating();
+    void finishWithError();
+    void pauseBetweenSteps();
+    bool countDown(int seconds);
+    void stopPolling();
+    void stopTimers();
+    QString composedInformation(const QString &kind) const;
+
+    std::unique_ptr<Ui::CalibrationProgressDialog> m_ui;
+    ControllerAccess m_controller;
+    QTimer m_statusTimer;
+    std::shared_ptr<CalibrationRun> m_run;
+    QString m_information;
+    bool m_isFinished = false;
+    bool m_pausesBetweenSteps;
+    QTimer m_warningTimer;
+    CameraGrid *m_cameras;
+    int m_ticks = 0;
+    bool m_showsCameras;
+    std::chrono::milliseconds m_countdownTick;
+};

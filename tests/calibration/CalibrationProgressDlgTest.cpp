@@ -1,0 +1,636 @@
+#include "CalibrationProgressDlg.h"
+#include "CalibrationBench.h"
+#include "CameraStatus.h"
+#include "ModalAnswer.h"
+
+#include "TestRegistry.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QtTest>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+const QString room = QStringLiteral("room");
+const QString progressTitle = QStringLiteral("Calibration Progress");
+const QString poll = QStringLiteral("read status active");
+
+/// Polls come every millisecond, warnings after thirty.
+class Progress : public CalibrationProgressDlg
+{
+public:
+    explicit Progress(CalibrationBench *bench, bool pauses = false, QWidget *parent = nullptr)
+        : CalibrationProgressDlg(&bench->host, parent, &bench->versions, pauses)
+    {
+        setPollInterval(1ms);
+        setStallInterval(30ms);
+        setCountdownTick(1ms);
+    }
+
+    QString text(const char *label) const { return findChild<QLabel *>(QLatin1String(label))->text(); }
+    bool shows(const char *name) const { return findChild<QWidget *>(QLatin1String(name))->isVisible(); }
+    bool hides(const char *name) const { return findChild<QWidget *>(QLatin1String(name))->isHidden(); }
+    int overall() const { return findChild<QProgressBar *>(QStringLiteral("progressBar_overall"))->value(); }
+    QPushButton *cancel() const { return findChild<QPushButton *>(QStringLiteral("pb_cancel")); }
+};
+
+/// Sets "cal" when the calibration starts, and another answer after some polls.
+void endAfter(CalibrationBench *bench, int polls, const QByteArray &answer)
+{
+    auto count = std::make_shared<int>(0);
+    auto started = std::make_shared<bool>(false);
+    bench->host.onCall([=](const QString &line) {
+        if (line.startsWith(QLatin1String("command velmar2 cal ")) &&
+            line.endsWith(QLatin1String(" start"))) {
+            bench->set("status active", "cal");
+            *started = true;
+        } else if (*started && line == poll && ++*count > polls) {
+            bench->set("status active", answer);
+        }
+    });
+}
+
+QStringList startOfRoom()
+{
+    return lines({"read cal type_desc room", "read cal number_of_steps room", "read cal step_pause room s01",
+                  "read camera number_of_cameras", "command velmar2 get camera camera c01",
+                  "command velmar2 get camera camera c02", "read status active",
+                  "command velmar2 cal room start"});
+}
+
+QStringList onePoll()
+{
+    return lines({"read status active", "read status progress", "read status step_progress",
+                  "read cal step_duration room s01"});
+}
+
+} // namespace
+
+class CalibrationProgressDlgTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldLookAsAgreedWithCameras()
+    {
+        CalibrationBench bench(1, 11, 0);
+        const Progress dialog(&bench);
+
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Calibration Progress"));
+        QVERIFY(!dialog.windowIcon().isNull());
+        QVERIFY(dialog.hides("frame_name"));
+        QVERIFY(!dialog.hides("frame_grid"));
+        QCOMPARE(dialog.text("label_remaining_time"), QString());
+        QCOMPARE(dialog.text("label_info"), QString());
+        QCOMPARE(dialog.text("label_warning"), QString());
+        QCOMPARE(dialog.text("label_name"), QStringLiteral("room calibration"));
+        QCOMPARE(dialog.cancel()->text(), QStringLiteral("Cancel"));
+        QVERIFY(!dialog.cancel()->autoDefault());
+        QCOMPARE(bench.host.calls(), QStringList());
+    }
+
+    void shouldDecideByTheVersionWhatItShows_data()
+    {
+        QTest::addColumn<int>("major");
+        QTest::addColumn<int>("minor");
+        QTest::addColumn<int>("patch");
+        QTest::addColumn<bool>("cameras");
+        QTest::addColumn<bool>("time");
+        QTest::newRow("1.3.9") << 1 << 3 << 9 << false << false;
+        QTest::newRow("1.4.0") << 1 << 4 << 0 << false << true;
+        QTest::newRow("1.4 unknown") << 1 << 4 << -1 << false << true;
+        QTest::newRow("1.10.5") << 1 << 10 << 5 << false << true;
+        QTest::newRow("1.11.0") << 1 << 11 << 0 << true << true;
+        QTest::newRow("1.11 unknown") << 1 << 11 << -1 << true << true;
+        QTest::newRow("1.11 invalid") << 1 << 11 << -2 << false << true;
+        QTest::newRow("2.0.0") << 2 << 0 << 0 << true << true;
+    }
+
+    void shouldDecideByTheVersionWhatItShows()
+    {
+        QFETCH(int, major);
+        QFETCH(int, minor);
+        QFETCH(int, patch);
+        QFETCH(bool, cameras);
+        QFETCH(bool, time);
+        CalibrationBench bench(major, minor, patch);
+        endAfter(&bench, 7, "none");
+        Progress dialog(&bench);
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QCOMPARE(dialog.hides("frame_name"), cameras);
+        QCOMPARE(!dialog.hides("frame_grid"), cameras);
+        QCOMPARE(dialog.findChildren<CameraStatus *>().size(), cameras ? 2 : 0);
+        QCOMPARE(bench.host.calls().contains(QStringLiteral("read camera number_of_cameras")), cameras);
+        const QString refresh = QStringLiteral("command velmar2 get status camera_progress c01");
+        QCOMPARE(bench.host.calls().count(refresh), cameras ? 2 : 0);
+        QCOMPARE(dialog.text("label_remaining_time"),
+                 time ? QStringLiteral("remaining time: 3 seconds") : QString());
+    }
+
+    void shouldMakeExactlyTheseCalls()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 3, "none");
+        Progress dialog(&bench);
+
+        QCOMPARE(dialog.start(room), 1);
+
+        const QStringList cameras = lines({"command velmar2 get status camera_progress c01",
+                                           "command velmar2 get status camera_progress c02"});
+        const QStringList expected =
+            startOfRoom() + onePoll() + onePoll() + onePoll() + cameras + lines({"read status active"});
+        QCOMPARE(bench.host.calls(), expected);
+        QCOMPARE(dialog.overall(), 35);
+        QCOMPARE(dialog.information(), QStringLiteral("room calibration"));
+        const auto boxes = dialog.findChildren<CameraStatus *>();
+        QCOMPARE(boxes[0]->findChild<QProgressBar *>()->value(), 35);
+        QCOMPARE(boxes[1]->findChild<QProgressBar *>()->value(), 100);
+    }
+
+    void shouldRefreshTheCamerasOnEveryThirdTick()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 9, "none");
+        Progress dialog(&bench);
+        (void)dialog.start(room);
+        QCOMPARE(bench.host.calls().count(poll), 1 + 10);
+        QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 get status camera_progress c02")),
+                 3);
+    }
+
+    void shouldPollFiveTimesASecond()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 3, "none");
+        CalibrationProgressDlg dialog(&bench.host, nullptr, &bench.versions, false);
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(dialog.start(room), 1);
+        QVERIFY2(time.elapsed() >= 750 && time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
+    }
+
+    void shouldReturnZeroWhenTheStartIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::newRow("error") << QByteArray("velmar2 err 12 \"calibration is running\"");
+        QTest::newRow("ok with more") << QByteArray("velmar2 ok 1");
+        QTest::newRow("other case") << QByteArray("Velmar2 ok");
+    }
+
+    void shouldReturnZeroWhenTheStartIsRefused()
+    {
+        QFETCH(QByteArray, answer);
+        CalibrationBench bench;
+        bench.set("velmar2 cal room start", answer);
+        Progress dialog(&bench);
+        bool wasShown = false;
+        bench.host.onCall([&](const QString &) { wasShown = wasShown || dialog.isVisible(); });
+
+        QCOMPARE(dialog.start(room), 0);
+
+        QCOMPARE(bench.host.calls(), startOfRoom());
+        QVERIFY(!wasShown);
+        QTest::qWait(20);
+        QCOMPARE(bench.host.calls(), startOfRoom());
+    }
+
+    void shouldCountDownAnAnnouncedPauseFirst()
+    {
+        CalibrationBench bench;
+        bench.set("cal step_pause room s01", "yes 3");
+        endAfter(&bench, 1, "none");
+        Progress dialog(&bench);
+        dialog.setCountdownTick(1h);
+        ModalAnswer modal;
+        modal.leaveAlone(progressTitle);
+        QString title;
+        QStringList callsBefore;
+        modal.then([&](QWidget *window) {
+            title = window->windowTitle();
+            callsBefore = bench.host.calls();
+            qobject_cast<QDialog *>(window)->accept();
+        });
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QCOMPARE(title, QStringLiteral("Waiting"));
+        QCOMPARE(callsBefore, startOfRoom().mid(0, 3));
+    }
+
+    void shouldStartNothingWhenTheFirstPauseIsCancelled()
+    {
+        CalibrationBench bench;
+        bench.set("cal step_pause room s01", "yes 3");
+        Progress dialog(&bench);
+        dialog.setCountdownTick(1h);
+        ModalAnswer modal;
+        modal.leaveAlone(progressTitle);
+        modal.then([](QWidget *window) { window->close(); });
+
+        QCOMPARE(dialog.start(room), 0);
+
+        QCOMPARE(bench.host.calls(), startOfRoom().mid(0, 3));
+        QTest::qWait(20);
+        QCOMPARE(bench.host.count(), 3);
+    }
+
+    void shouldSendOneStopWhenCancelled_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("button") << 0;
+        QTest::newRow("escape") << 1;
+        QTest::newRow("close button") << 2;
+        QTest::newRow("slot, twice") << 3;
+    }
+
+    void shouldSendOneStopWhenCancelled()
+    {
+        QFETCH(int, way);
+        CalibrationBench bench;
+        endAfter(&bench, 1000000, "none");
+        Progress dialog(&bench);
+        QTimer::singleShot(30, &dialog, [&] {
+            if (way == 0)
+                QTest::mouseClick(dialog.cancel(), Qt::LeftButton);
+            else if (way == 1)
+                QTest::keyClick(&dialog, Qt::Key_Escape);
+            else if (way == 2)
+                dialog.close();
+            else {
+                dialog.reject();
+                dialog.reject();
+            }
+        });
+
+        QCOMPARE(dialog.start(room), 0);
+
+        const QString stop = QStringLiteral("command velmar2 cal room stop");
+        QCOMPARE(bench.host.calls().count(stop), 1);
+        QCOMPARE(bench.host.calls().last(), stop);
+        QTest::qWait(20);
+        QCOMPARE(bench.host.calls().last(), stop);
+        QVERIFY(!bench.host.calls().contains(QStringLiteral("command velmar2 tracking start")));
+    }
+
+    void shouldNotBeCancelledByEnter()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 20, "none");
+        Progress dialog(&bench);
+        QTimer::singleShot(5, &dialog, [&] { QTest::keyClick(&dialog, Qt::Key_Return); });
+        QCOMPARE(dialog.start(room), 1);
+    }
+
+    void shouldShowTheErrorAndSendNoStop()
+    {
+        CalibrationBench bench;
+        bench.set("velmar2 get status err", R"(velmar2 get status err 17 "Angle tool not found.")");
+        endAfter(&bench, 1, "err");
+        Progress dialog(&bench);
+        ModalAnswer modal;
+        modal.leaveAlone(progressTitle);
+        int callsAtBox = 0;
+        int callsLater = 0;
+        modal.then([&](QWidget *window) {
+            callsAtBox = bench.host.calls().size();
+            QTest::qWait(40);
+            callsLater = bench.host.calls().size();
+            auto *box = qobject_cast<QMessageBox *>(window);
+            QCOMPARE(box->windowTitle(), QStringLiteral("Calibration Error"));
+            QCOMPARE(box->text(), QStringLiteral("Angle tool not found."));
+            QCOMPARE(box->icon(), QMessageBox::Critical);
+            box->accept();
+        });
+
+        QCOMPARE(dialog.start(room), 0);
+
+        QVERIFY(modal.isDone());
+        QCOMPARE(callsLater, callsAtBox);
+        QCOMPARE(bench.host.calls(),
+                 startOfRoom() + onePoll() + lines({"read status active", "command velmar2 get status err"}));
+    }
+
+    void shouldWarnWhenTheProgressStandsStill()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 1000000, "none");
+        Progress dialog(&bench);
+        QString warning;
+        QString afterwards = QStringLiteral("never looked");
+        bool infoWasHidden = false;
+        QTimer::singleShot(0, &dialog, [&] {
+            [&] { QTRY_VERIFY(!dialog.text("label_warning").isEmpty()); }();
+            warning = dialog.text("label_warning");
+            infoWasHidden = !dialog.shows("label_info") && dialog.shows("label_warning");
+            bench.set("status progress", "0.36");
+            [&] { QTRY_COMPARE(dialog.overall(), 36); }();
+            afterwards = dialog.text("label_warning");
+            bench.set("status active", "none");
+        });
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QCOMPARE(warning, QStringLiteral("<b><font color=red>Please move the wand in the view scope of ALL "
+                                         "cameras!</font></b>"));
+        QVERIFY(infoWasHidden);
+        QCOMPARE(afterwards, QString());
+    }
+
+    void shouldNotWarnOutsideRoomCalibrations()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 100, "none");
+        Progress dialog(&bench);
+        QCOMPARE(dialog.start(QStringLiteral("reflex_scan")), 1);
+        QCOMPARE(dialog.text("label_warning"), QString());
+    }
+
+    void shouldSayThatItCalculates()
+    {
+        CalibrationBench bench;
+        bench.set("status progress", "1.0");
+        bench.set("status step_progress", "1 1.0");
+        endAfter(&bench, 100, "none");
+        Progress dialog(&bench);
+        bool isShown = false;
+        QTimer::singleShot(0, &dialog, [&] {
+            [&] { QTRY_COMPARE(dialog.text("label_info"), QStringLiteral("calculating...")); }();
+            isShown = dialog.shows("label_info");
+        });
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QVERIFY(isShown);
+        QCOMPARE(dialog.text("label_warning"), QString());
+        QCOMPARE(dialog.overall(), 100);
+    }
+
+    void shouldNotLetAReflexScanBeCancelled()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 200, "none");
+        Progress dialog(&bench);
+        Qt::WindowFlags flags;
+        QTimer::singleShot(10, &dialog, [&] {
+            flags = dialog.windowFlags();
+            QVERIFY(!dialog.shows("pb_cancel"));
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+            dialog.close();
+            dialog.reject();
+            QVERIFY(dialog.isVisible());
+        });
+
+        QCOMPARE(dialog.start(QStringLiteral("reflex_scan")), 1);
+
+        QVERIFY(flags.testFlag(Qt::WindowTitleHint));
+        QVERIFY(flags.testFlag(Qt::CustomizeWindowHint));
+        QVERIFY(!flags.testFlag(Qt::WindowCloseButtonHint));
+        QVERIFY(!bench.host.calls().contains(QStringLiteral("command velmar2 cal reflex_scan stop")));
+        QCOMPARE(dialog.information(),
+                 QStringLiteral("reflex scan\nCurrently this calibration cannot be interrupted!"));
+    }
+
+    void shouldHaveACloseButtonForOtherKinds()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 1, "none");
+        Progress dialog(&bench);
+        QCOMPARE(dialog.start(room), 1);
+        QVERIFY(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+        QVERIFY(!dialog.windowFlags().testFlag(Qt::CustomizeWindowHint));
+    }
+
+    void shouldGoOnWithoutCamerasWhenTheyCannotBeCounted()
+    {
+        CalibrationBench bench;
+        bench.host.failText(QStringLiteral("camera number_of_cameras"));
+        endAfter(&bench, 3, "none");
+        Progress dialog(&bench);
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QCOMPARE(bench.host.reports(), lines({"Error: Unable to get the number of cameras"}));
+        QCOMPARE(dialog.findChildren<CameraStatus *>().size(), 0);
+    }
+
+    void shouldLayTheCamerasOutInRows_data()
+    {
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("column");
+        QTest::newRow("8") << 8 << 1 << 1;
+        QTest::newRow("100") << 100 << 16 << 3;
+        QTest::newRow("101") << 101 << 8 << 4;
+    }
+
+    void shouldLayTheCamerasOutInRows()
+    {
+        QFETCH(int, count);
+        CalibrationBench bench;
+        bench.set("camera number_of_cameras", QByteArray::number(count));
+        endAfter(&bench, 1, "none");
+        Progress dialog(&bench);
+
+        QCOMPARE(dialog.start(room), 1);
+
+        auto *grid = dialog.findChild<QGridLayout *>(QStringLiteral("gridLayout_cam"));
+        QCOMPARE(grid->count(), count);
+        int row = -1;
+        int column = -1;
+        int rowSpan = 0;
+        int columnSpan = 0;
+        grid->getItemPosition(count - 1, &row, &column, &rowSpan, &columnSpan);
+        QTEST(row, "row");
+        QTEST(column, "column");
+        QVERIFY(dialog.width() <= 1600 && dialog.height() <= 1200);
+    }
+
+    void shouldMarkTheMostActiveCamerasAndShowTabs()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 30, "none");
+        Progress dialog(&bench);
+        QTimer::singleShot(5, &dialog, [&] {
+            QMetaObject::invokeMethod(&dialog, "onReceiveMostActiveChanges",
+                                      Q_ARG(QString, QStringLiteral("1,10")));
+            QMetaObject::invokeMethod(&dialog, "onReceiveCameraTabChanges",
+                                      Q_ARG(QString, QStringLiteral("2,3,4")));
+        });
+
+        QCOMPARE(dialog.start(room), 1);
+
+        const auto boxes = dialog.findChildren<CameraStatus *>();
+        QVERIFY(!boxes[0]->isHighlighted());
+        QVERIFY(boxes[1]->isHighlighted());
+        QCOMPARE(boxes[0]->findChild<QLabel *>(QStringLiteral("label_tab"))->text(),
+                 QStringLiteral("tab 03"));
+        QCOMPARE(boxes[1]->findChild<QLabel *>(QStringLiteral("label_tab"))->text(),
+                 QStringLiteral("tab 04"));
+        dialog.onReceiveMostActiveChanges(QString());
+        QVERIFY(!boxes[1]->isHighlighted());
+    }
+
+    void shouldKeepTheSlotsInTheirOrder()
+    {
+        const QMetaObject &meta = CalibrationProgressDlg::staticMetaObject;
+        QStringList slotNames;
+        for (int i = meta.methodOffset(); i < meta.methodCount(); ++i)
+            slotNames.append(QString::fromLatin1(meta.method(i).methodSignature()));
+        QCOMPARE(slotNames, lines({"update_cal_status()", "reject()", "accept()", "show_warning()",
+                                   "update_cam_status()", "onReceiveCameraTabChanges(QString)",
+                                   "onReceiveMostActiveChanges(QString)"}));
+    }
+
+    void shouldNotPollBeforeTheStartOrAfterTheEnd()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 1, "none");
+        Progress dialog(&bench);
+        for (int i = 0; i < 3; ++i) {
+            dialog.update_cal_status();
+            dialog.update_cam_status();
+        }
+        QCOMPARE(bench.host.calls(), QStringList());
+        QCOMPARE(dialog.start(room), 1);
+        const int count = bench.host.count();
+        for (int i = 0; i < 3; ++i) {
+            dialog.update_cal_status();
+            dialog.update_cam_status();
+        }
+        QCOMPARE(bench.host.count(), count);
+    }
+
+    void shouldBearEventsInsideEveryCall()
+    {
+        CalibrationBench bench;
+        int depth = 0;
+        int deepest = 0;
+        int polls = 0;
+        bench.host.onCall([&](const QString &line) {
+            deepest = std::max(deepest, ++depth);
+            if (line == QLatin1String("command velmar2 cal room start"))
+                bench.set("status active", "cal");
+            if (line == poll && ++polls == 6)
+                bench.set("status active", "none");
+            QTest::qWait(5);
+            --depth;
+        });
+        Progress dialog(&bench);
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QCOMPARE(deepest, 1);
+    }
+
+    void shouldNotTurnACancellationIntoASuccess()
+    {
+        CalibrationBench bench;
+        int polls = 0;
+        Progress dialog(&bench);
+        bench.host.onCall([&](const QString &line) {
+            if (line == poll && ++polls == 4) {
+                bench.set("status active", "none");
+                dialog.reject();
+            }
+            if (line == QLatin1String("command velmar2 cal room start"))
+                bench.set("status active", "cal");
+        });
+
+        QCOMPARE(dialog.start(room), 0);
+
+        QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 cal room stop")), 1);
+        QCOMPARE(bench.host.calls().last(), QStringLiteral("command velmar2 cal room stop"));
+    }
+
+    void shouldBearItsDestructionInsideEveryCall()
+    {
+        const int callsOfARun = 17;
+        for (int k = 1; k <= callsOfARun; ++k) {
+            CalibrationBench bench;
+            endAfter(&bench, 3, "none");
+            auto *parent = new QWidget;
+            auto *dialog = new Progress(&bench, false, parent);
+            QPointer<QWidget> guard(parent);
+            // one more layer than endAfter(): the host takes the parent away while it answers
+            bool started = false;
+            int polls = 0;
+            bench.host.onCall([&](const QString &line) {
+                if (line == QLatin1String("command velmar2 cal room start")) {
+                    bench.set("status active", "cal");
+                    started = true;
+                }
+                if (started && line == poll && ++polls > 3)
+                    bench.set("status active", "none");
+                if (bench.host.count() == k)
+                    delete guard.data();
+            });
+
+            QCOMPARE(dialog->start(room), 0);
+
+            QVERIFY2(guard.isNull(), qPrintable(QString::number(k)));
+        }
+    }
+
+    void shouldBearItsDestructionWhileItsErrorIsShown()
+    {
+        CalibrationBench bench;
+        endAfter(&bench, 1, "err");
+        const QPointer<QWidget> parent = new QWidget;
+        auto *dialog = new Progress(&bench, false, parent);
+        ModalAnswer modal;
+        modal.leaveAlone(progressTitle);
+        modal.then([&](QWidget *) { delete parent.data(); });
+
+        QCOMPARE(dialog->start(room), 0);
+
+        QVERIFY(parent.isNull());
+        QVERIFY(modal.isDone());
+    }
+
+    void shouldEndAtAnyFailure()
+    {
+        CalibrationBench reference;
+        endAfter(&reference, 6, "none");
+        Progress whole(&reference);
+        (void)whole.start(room);
+        const int calls = reference.host.count();
+        QVERIFY(calls > 20);
+        for (int k = 1; k <= calls; ++k) {
+            CalibrationBench bench;
+            bench.host.failCall(k);
+            endAfter(&bench, 6, "none");
+            Progress dialog(&bench);
+            const bool startFails = k == 8;
+
+            QCOMPARE(dialog.start(room), startFails ? 0 : 1);
+
+            QCOMPARE(bench.host.reports(),
+                     k == 4 ? lines({"Error: Unable to get the number of cameras"}) : QStringList());
+        }
+    }
+
+    void shouldEndWhenEveryCallFailsFromOneOn()
+    {
+        for (int k = 1; k <= 30; ++k) {
+            CalibrationBench bench;
+            bench.host.failFrom(k);
+            endAfter(&bench, 1000000, "none");
+            Progress dialog(&bench);
+            QTimer::singleShot(40, &dialog, &CalibrationProgressDlg::reject);
+            QCOMPARE(dialog.start(room), 0);
+            QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 cal room stop")),
+                     k <= 8 ? 0 : 1);
+        }
+    }
+};
+
+ROOM_TEST_CLASS(CalibrationProgressDlgTest)
+#include "CalibrationProgressDlgTest.moc"
