@@ -1,0 +1,221 @@
+#include "AdjustToToolDlg.h"
+
+#include "CalibrationProgressDlg.h"
+#include "ModalMessage.h"
+#include "Resources.h"
+#include "ui_AdjustToToolDlg.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QPixmap>
+#include <QPointer>
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+
+/// A spin box would show a number that is none as some other number.
+void showLength(QDoubleSpinBox *field, double millimetres)
+{
+    if (std::isfinite(millimetres))
+        field->setValue(millimetres);
+}
+
+} // namespace
+
+AdjustToToolDlg::AdjustToToolDlg(IOManager *commands, const BackendVersions *versions, QWidget *parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::AdjustToToolDlg>())
+    , m_commands(commands)
+    , m_versions(versions)
+    , m_controller(commands, versions)
+{
+    loadResources();
+    setLocale(QLocale::c());
+    m_ui->setupUi(this);
+    m_ui->label->setPixmap(QPixmap(QStringLiteral(":/att01.png")));
+    m_ui->comboBox_md->addItems(AngleTools::names());
+}
+
+AdjustToToolDlg::~AdjustToToolDlg() = default;
+
+int AdjustToToolDlg::openAndExec()
+{
+    if (isVisible() || m_isCalibrating)
+        return Rejected;
+    const QPointer<AdjustToToolDlg> self(this);
+    const ControllerAccess controller = m_controller;
+    const std::vector<OfferedCoordinateType> types = controller.coordinateTypesForAngleTool();
+    const auto distances = controller.angleToolDistances();
+    const std::optional<double> height = controller.angleToolHeight();
+    const QByteArray chosenType = controller.chosenCoordinateType();
+    if (self.isNull() || isVisible())
+        return Rejected;
+    showTool(distances, height);
+    showCoordinateTypes(types, chosenType);
+    return exec();
+}
+
+void AdjustToToolDlg::showCoordinateTypes(const std::vector<OfferedCoordinateType> &types,
+                                          const QByteArray &chosen)
+{
+    QComboBox *list = m_ui->comboBox_coordinateSystem;
+    list->clear();
+    for (const OfferedCoordinateType &type : types) {
+        QString text = QString::fromUtf8(type.description);
+        text.remove(QLatin1Char('"'));
+        list->addItem(text, QString::fromLatin1(type.identifier));
+    }
+    list->setCurrentIndex(std::max(0, list->findData(QString::fromLatin1(chosen))));
+}
+
+void AdjustToToolDlg::showTool(const std::optional<std::array<double, 3>> &distances,
+                               std::optional<double> height)
+{
+    const bool isWhole = distances.has_value() && height.has_value();
+    const QString name =
+        isWhole ? AngleTools::nameOf({(*distances)[0], (*distances)[1], (*distances)[2], *height})
+                : AngleTools::expertName();
+    selectModel(name);
+    if (!AngleTools::isEditable(name))
+        return;
+    if (distances) {
+        showLength(m_ui->doubleSpinBox_a, (*distances)[0]);
+        showLength(m_ui->doubleSpinBox_b, (*distances)[1]);
+        showLength(m_ui->doubleSpinBox_c, (*distances)[2]);
+    }
+    if (height)
+        showLength(m_ui->doubleSpinBox_height, *height);
+}
+
+void AdjustToToolDlg::selectModel(const QString &name)
+{
+    {
+        const QSignalBlocker blocker(m_ui->comboBox_md);
+        m_ui->comboBox_md->setCurrentText(name);
+    }
+    on_comboBox_md_currentIndexChanged(name);
+}
+
+std::array<QDoubleSpinBox *, 4> AdjustToToolDlg::fields() const
+{
+    return {m_ui->doubleSpinBox_a, m_ui->doubleSpinBox_b, m_ui->doubleSpinBox_c, m_ui->doubleSpinBox_height};
+}
+
+void AdjustToToolDlg::on_comboBox_md_currentIndexChanged(const QString &arg1)
+{
+    const AngleTool tool = AngleTools::named(arg1);
+    m_ui->doubleSpinBox_a->setValue(tool.distanceA);
+    m_ui->doubleSpinBox_b->setValue(tool.distanceB);
+    m_ui->doubleSpinBox_c->setValue(tool.distanceC);
+    m_ui->doubleSpinBox_height->setValue(tool.height);
+    for (QDoubleSpinBox *field : fields())
+        field->setEnabled(AngleTools::isEditable(arg1));
+}
+
+void AdjustToToolDlg::on_pushButton_exit_clicked()
+{
+    accept();
+}
+
+void AdjustToToolDlg::keyPressEvent(QKeyEvent *event)
+{
+    QDialog::keyPressEvent(event);
+}
+
+void AdjustToToolDlg::on_pushButton_calibrate_clicked()
+{
+    if (m_isCalibrating)
+        return;
+    const QPointer<AdjustToToolDlg> self(this);
+    m_isCalibrating = true;
+    calibrate();
+    if (!self.isNull())
+        m_isCalibrating = false;
+}
+
+void AdjustToToolDlg::calibrate()
+{
+    if (!m_controller.supports(ControllerFeature::AngleToolCalibration)) {
+        ModalMessage::critical(this, QStringLiteral("VELMAR3"),
+                               tr("This function is not supported by the Controller!"));
+        return;
+    }
+    const QPointer<AdjustToToolDlg> self(this);
+    const ControllerAccess controller = m_controller;
+    const bool isChosen = controller.chooseAngleToolCalibration();
+    if (self.isNull())
+        return;
+    if (!isChosen) {
+        ModalMessage::critical(this, tr("Error"), tr("Unable to roomcalibration type\nCalibration aborted."));
+        return;
+    }
+    const double oldDuration = setUpCalibration();
+    const int result = self.isNull() ? int(Rejected) : runCalibration();
+    if (self.isNull())
+        return;
+    if (result == Accepted)
+        takeOver(oldDuration);
+    else
+        giveUp(oldDuration);
+}
+
+/// Returns the duration to be restored afterwards, in seconds. Each step is made whatever became of the
+/// others.
+double AdjustToToolDlg::setUpCalibration()
+{
+    const ControllerAccess controller = m_controller;
+    const std::array<double, 3> distances{m_ui->doubleSpinBox_a->value(), m_ui->doubleSpinBox_b->value(),
+                                          m_ui->doubleSpinBox_c->value()};
+    const double height = m_ui->doubleSpinBox_height->value();
+    const QByteArray type = m_ui->comboBox_coordinateSystem->currentData().toString().toLatin1();
+    controller.setAngleToolDistances(distances);
+    controller.setAngleToolHeight(height);
+    const double oldDuration = controller.roomCalibrationDuration();
+    controller.shortenRoomCalibration();
+    controller.chooseCoordinateType(type);
+    controller.noteCalibrationStarted();
+    return oldDuration;
+}
+
+int AdjustToToolDlg::runCalibration()
+{
+    const QPointer<CalibrationProgressDlg> progress =
+        new CalibrationProgressDlg(m_commands, this, m_versions, false);
+    const int result = progress->start(QStringLiteral("room"));
+    delete progress.data();
+    return result;
+}
+
+/// A refused acceptance leaves everything as it is: neither tracking nor the duration is restored.
+void AdjustToToolDlg::takeOver(double oldDurationSeconds)
+{
+    const QPointer<AdjustToToolDlg> self(this);
+    const ControllerAccess controller = m_controller;
+    const bool isAccepted = controller.acceptNewCalibration();
+    if (self.isNull())
+        return;
+    if (!isAccepted) {
+        ModalMessage::critical(this, tr("Error"), tr("Unable to set new calibration to Controller."));
+        return;
+    }
+    ModalMessage::information(this, tr("Calibration successful"),
+                              tr("Calibration successful!\nNew calibration is set to Controller."));
+    if (self.isNull())
+        return;
+    controller.restartTrackingAfterCalibration();
+    controller.restoreRoomCalibrationDuration(oldDurationSeconds);
+    if (!self.isNull())
+        accept();
+}
+
+void AdjustToToolDlg::giveUp(double oldDurationSeconds)
+{
+    const ControllerAccess controller = m_controller;
+    controller.noteCalibrationCancelled();
+    controller.restoreRoomCalibrationDuration(oldDurationSeconds);
+    controller.restartTrackingAfterCalibration();
+}
