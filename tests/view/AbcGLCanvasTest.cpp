@@ -74,7 +74,8 @@ private slots:
         QStringList declared;
         for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
             QByteArray text = meta.method(i).methodSignature();
-            for (const QByteArray &name : meta.method(i).parameterNames())
+            const QList<QByteArray> names = meta.method(i).parameterNames();
+            for (const QByteArray &name : names)
                 text += ' ' + name;
             declared << QString::fromLatin1(text);
         }
