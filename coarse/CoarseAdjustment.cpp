@@ -149,8 +149,8 @@ void CoarseAdjustment::showState()
          {m_ui->label_left, m_ui->label_bottom, m_ui->label_bottom_left, m_ui->label_top_right})
         label->setEnabled(canAssign);
     m_ui->frame->setEnabled(m_hasQuarterAngles);
-    m_ui->label_notice->setText(notice());
-    m_ui->label_notice->setVisible(!m_ui->label_notice->text().isEmpty());
+    m_ui->label_assignNotice->setText(notice());
+    m_ui->label_assignNotice->setVisible(!m_ui->label_assignNotice->text().isEmpty());
 }
 
 QString CoarseAdjustment::notice() const

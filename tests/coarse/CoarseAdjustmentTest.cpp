@@ -248,7 +248,7 @@ private slots:
         QCOMPARE(bench.right()->currentIndex(), 0);
         QCOMPARE(bench.top()->currentIndex(), top);
         QCOMPARE(bench.picture()->axes()[2], top);
-        QCOMPARE(bench.part<QLabel>("label_notice")->isVisible(), !isKnown);
+        QCOMPARE(bench.part<QLabel>("label_assignNotice")->isVisible(), !isKnown);
         QCOMPARE(bench.host.reports(), QStringList());
     }
 
@@ -265,7 +265,7 @@ private slots:
         bench.host.succeedText(QStringLiteral("roomcal"));
         bench.panel.updatePanel();
         QVERIFY(bench.right()->isEnabled());
-        QVERIFY(!bench.part<QLabel>("label_notice")->isVisible());
+        QVERIFY(!bench.part<QLabel>("label_assignNotice")->isVisible());
     }
 
     void shouldWorkWithoutControllerVersionsAndRoom()
@@ -392,7 +392,7 @@ private slots:
         QFETCH(bool, isQuarter);
         Bench bench("normal", angles);
         const auto *frame = bench.part<QFrame>("frame");
-        const auto *notice = bench.part<QLabel>("label_notice");
+        const auto *notice = bench.part<QLabel>("label_assignNotice");
         QCOMPARE(frame->isEnabled(), isQuarter);
         QCOMPARE(notice->isVisible(), !isQuarter);
         QVERIFY(notice->isEnabled());

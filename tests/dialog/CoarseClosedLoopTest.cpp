@@ -1,58 +1,22 @@
-#include "CoarseAdjustment.h"
-
 #include "BackendVersions.h"
 #include "BenchIOManager.h"
-#include "ControllerAccess.h"
 #include "LocalController.h"
+#include "ModalAnswer.h"
 #include "PickByKeys.h"
 #include "Requester.h"
-#include "RoomAngleExchange.h"
-#include "RoomAngles.h"
+#include "RoomAdjustmentDlg2g.h"
 #include "SimController.h"
-#include "VelmarParser.h"
-#include "bsMatrix.h"
-
 #include "TestRegistry.h"
+#include "VelmarParser.h"
 
 #include <QFrame>
+#include <QPushButton>
 #include <QtTest>
 
 #include <Eigen/Dense>
 
 namespace
 {
-
-/// The controller's extra rotation as the room of a window: what is set is written at once.
-class WrittenRoom final : public RoomAngleExchange
-{
-public:
-    explicit WrittenRoom(const ControllerAccess &controller)
-        : m_controller(controller)
-    {
-    }
-
-    void getRoomAngles(double &rx, double &ry, double &rz) override
-    {
-        const RoomAngles angles = displayedAngles(m_controller.roomAdjustment().rotation);
-        rx = angles.eta;
-        ry = angles.theta;
-        rz = angles.phi;
-    }
-
-    void setRoomAngles(double rx, double ry, double rz) override
-    {
-        bsMatrix rotation = rotationFromAngles(rx, ry, rz);
-        snapAxisAligned(rotation);
-        RoomTrafoData data;
-        data.rotation = controllerRows(rotation);
-        (void)m_controller.stopTrackingIfMeasuring();
-        m_controller.writeRoomAdjustment(data);
-        (void)m_controller.startTracking();
-    }
-
-private:
-    const ControllerAccess &m_controller;
-};
 
 /// Keeps the last reported position of the first measurement tool.
 class TipReader final : public Requester
@@ -105,12 +69,33 @@ struct Bench {
         control("sim tool 1 noise 0");
         control("sim angletool pose 120 -340 560 10 20 -35");
         calibrate(type);
-        command("velmar2 tracking start");
         channel.addRequester("6dmt2", &tip);
-        panel.show();
-        panel.activateWindow();
-        isReady = QTest::qWaitForWindowActive(&panel);
-        panel.updatePanel();
+        window.show();
+    }
+
+    /// Opens the dialog, runs `inside` in its modal loop and closes it.
+    void open(const std::function<void()> &inside)
+    {
+        answer.then([this, inside](QWidget *) {
+            inside();
+            dialog.done(QDialog::Rejected);
+        });
+        dialog.update_and_exec();
+    }
+
+    template <typename Widget>
+    Widget *child(const char *name)
+    {
+        return dialog.findChild<Widget *>(QLatin1String(name));
+    }
+
+    void assign(int right, int top)
+    {
+        for (int i = 0; i < 2; ++i) { // the top axis may drive the right one away
+            pickByKeys(child<QComboBox>("comboBox_right"), right);
+            pickByKeys(child<QComboBox>("comboBox_top"), top);
+        }
+        QTest::mouseClick(child<QPushButton>("btn_apply"), Qt::LeftButton);
     }
 
     void control(const QByteArray &line)
@@ -151,15 +136,14 @@ struct Bench {
 
     const SimRotation &angleTool() { return controller.machine().room.angleTool.marker1.rotation; }
 
-    bool isReady = false;
     SimController controller;
     LocalController link{controller};
     BenchIOManager channel{link};
     BackendVersions versions = currentVersions();
-    ControllerAccess access{&channel, &versions};
-    WrittenRoom room{access};
     TipReader tip;
-    CoarseAdjustment panel{&channel, &versions, &room};
+    QWidget window;
+    ModalAnswer answer;
+    RoomAdjustmentDlg2g dialog{&channel, &window, &versions, QStringLiteral("v2.0.14")};
 };
 
 } // namespace
@@ -182,33 +166,31 @@ private slots:
         // GIVEN: the directions of the picture, as the angle tool lies in the room
         QFETCH(QByteArray, type);
         Bench bench(type);
-        QVERIFY(bench.isReady);
         const bool isStanding = type == "powerwall_standing";
         const Eigen::Vector3d right = vectorOf(bench.angleTool().column(0));
         const Eigen::Vector3d up = vectorOf(bench.angleTool().column(isStanding ? 1 : 2));
         const Eigen::Vector3d towardsViewer = right.cross(up);
-        auto *comboRight = bench.panel.findChild<QComboBox *>(QStringLiteral("comboBox_right"));
-        auto *comboTop = bench.panel.findChild<QComboBox *>(QStringLiteral("comboBox_top"));
         for (int n = 0; n < 36; ++n) {
             const int axisRight = n / 6;
             const int axisTop = n % 6;
             if (axisRight / 2 == axisTop / 2)
                 continue;
-            // WHEN
-            pickByKeys(comboRight, axisRight);
-            pickByKeys(comboTop, axisTop);
-            pickByKeys(comboRight, axisRight);
-            pickByKeys(comboTop, axisTop);
-            // THEN
-            const Eigen::Vector3d third = axisVector(axisRight).cross(axisVector(axisTop));
-            QVERIFY((bench.movementAlong(right) - 100.0 * axisVector(axisRight)).norm() < 0.01);
-            QVERIFY((bench.movementAlong(up) - 100.0 * axisVector(axisTop)).norm() < 0.01);
-            QVERIFY((bench.movementAlong(towardsViewer) - 100.0 * third).norm() < 0.01);
-            // WHEN the panel is opened again THEN it shows the same
-            bench.panel.updatePanel();
-            QCOMPARE(comboRight->currentIndex(), axisRight);
-            QCOMPARE(comboTop->currentIndex(), axisTop);
-            QVERIFY(bench.panel.findChild<QFrame *>(QStringLiteral("frame"))->isEnabled());
+            bench.open([&] {
+                // WHEN
+                bench.assign(axisRight, axisTop);
+                // THEN
+                const Eigen::Vector3d third = axisVector(axisRight).cross(axisVector(axisTop));
+                QVERIFY((bench.movementAlong(right) - 100.0 * axisVector(axisRight)).norm() < 0.01);
+                QVERIFY((bench.movementAlong(up) - 100.0 * axisVector(axisTop)).norm() < 0.01);
+                QVERIFY((bench.movementAlong(towardsViewer) - 100.0 * third).norm() < 0.01);
+            });
+            // WHEN it is opened again THEN it shows the same
+            bench.open([&] {
+                QCOMPARE(bench.child<QComboBox>("comboBox_right")->currentIndex(), axisRight);
+                QCOMPARE(bench.child<QComboBox>("comboBox_top")->currentIndex(), axisTop);
+                QVERIFY(bench.child<QFrame>("frame")->isEnabled());
+            });
+            QVERIFY(bench.answer.isDone());
         }
     }
 };
