@@ -42,6 +42,20 @@ private:
     QTcpSocket m_socket;
 };
 
+/// Whether a new client is answered within five seconds; until the server has noticed that others have left,
+/// it refuses.
+bool isServed(quint16 port)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 5000) {
+        if (Client(port).ask("sim get clock") == "sim get clock real")
+            return true;
+        QTest::qWait(10);
+    }
+    return false;
+}
+
 } // namespace
 
 class LineServerTest : public QObject
@@ -101,8 +115,7 @@ void LineServerTest::shouldBoundTheConnections()
                 another.socket().waitForDisconnected(5000));
     }
     clients.pop_back();
-    QTRY_COMPARE(Client(server.port()).ask("velmar2 get status active"),
-                 QByteArray("velmar2 get status active none"));
+    QVERIFY(isServed(server.port()));
 }
 
 void LineServerTest::shouldOutliveRandomBytes()
@@ -119,9 +132,7 @@ void LineServerTest::shouldOutliveRandomBytes()
         client.socket().waitForBytesWritten(1000);
         client.socket().abort();
     }
-    Client client(server.port());
-    QCOMPARE(client.ask("velmar2 get camera number_of_cameras"),
-             QByteArray("velmar2 get camera number_of_cameras 4"));
+    QVERIFY(isServed(server.port()));
     QCOMPARE(server.process().state(), QProcess::Running);
 }
 
@@ -164,7 +175,7 @@ void LineServerTest::shouldCloseEveryConnectionOnADisconnection()
     QCOMPARE(first.ask("sim fault disconnect 0.3"), QByteArray("sim ok"));
     QVERIFY(second.socket().state() == QAbstractSocket::UnconnectedState ||
             second.socket().waitForDisconnected(5000));
-    QTRY_COMPARE(Client(server.port()).ask("sim get clock"), QByteArray("sim get clock real"));
+    QVERIFY(isServed(server.port()));
 }
 
 void LineServerTest::shouldRefuseToStartWithBadArguments_data()
