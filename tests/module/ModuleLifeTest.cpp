@@ -1,0 +1,144 @@
+#include "LoadedModule.h"
+#include "ModalAnswer.h"
+#include "TestRegistry.h"
+
+#include <QDialog>
+#include <QFile>
+#include <QPointer>
+#include <QtTest>
+
+#include <malloc.h>
+
+namespace
+{
+
+const QStringList releaseOnly = {QStringLiteral("release")};
+
+bool isMapped()
+{
+    QFile maps(QStringLiteral("/proc/self/maps"));
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libroomadjustment2g.so");
+}
+
+void openAndCancel(LoadedModule &loaded)
+{
+    ModalAnswer answer;
+    answer.then([](QWidget *dialog) { QTest::keyClick(dialog, Qt::Key_Escape); });
+    loaded.module->actions().constFirst()->trigger();
+}
+
+/// A host's whole use of the module, with one opening of the dialog.
+bool useOnce()
+{
+    LoadedModule loaded;
+    if (loaded.module == nullptr)
+        return false;
+    loaded.setAll();
+    openAndCancel(loaded);
+    const bool isUsed = loaded.host.calls().contains(QStringLiteral("command velmar2 tracking start"));
+    return loaded.unload() && isUsed && !isMapped();
+}
+
+std::size_t heapInUse()
+{
+    return mallinfo2().uordblks;
+}
+
+} // namespace
+
+class ModuleLifeTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldOpenTheSameDialogWithEachTrigger()
+    {
+        LoadedModule loaded;
+        loaded.setAll();
+        QAction *action = loaded.module->actions().constFirst();
+        QList<QWidget *> seen;
+        for (int i = 0; i < 2; ++i) {
+            ModalAnswer answer;
+            answer.then([&seen](QWidget *dialog) {
+                seen << dialog;
+                QTest::keyClick(dialog, Qt::Key_Escape);
+            });
+            action->trigger();
+        }
+        QCOMPARE(seen.size(), 2);
+        QCOMPARE(seen.at(0), seen.at(1));
+        QCOMPARE(seen.at(0)->windowTitle(), QStringLiteral("Room Adjustment"));
+    }
+
+    void shouldEndTheSubscriptionsOfAnOpenDialog()
+    {
+        LoadedModule loaded;
+        loaded.setAll();
+        ModalAnswer answer;
+        int whileOpen = 0;
+        answer.then([&](QWidget *dialog) {
+            whileOpen = loaded.host.subscriptions().size();
+            loaded.module->releaseRequests();
+            QCOMPARE(loaded.host.subscriptions().size(), 0);
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        loaded.module->actions().constFirst()->trigger();
+        QCOMPARE(whileOpen, 5);
+    }
+
+    void shouldBuildEverythingAnewAfterUnloading()
+    {
+        LoadedModule loaded;
+        loaded.setAll();
+        const QPointer<QAction> before = loaded.module->actions().constFirst();
+        loaded.module->unload();
+        loaded.module->unload();
+        QCOMPARE(loaded.module->actions().size(), 1);
+        QVERIFY(loaded.module->actions().constFirst() != before);
+        openAndCancel(loaded);
+        QVERIFY(loaded.host.calls().contains(QStringLiteral("command velmar2 tracking start")));
+    }
+
+    void shouldSurviveThatTheHostDestroysTheParentFirst()
+    {
+        auto *parent = new QWidget;
+        LoadedModule loaded;
+        loaded.setAll();
+        loaded.set("ModuleParent", QVariant::fromValue(parent));
+        loaded.module->actions();
+        loaded.host.clear();
+        delete parent;
+        loaded.module->releaseRequests();
+        loaded.module->unload();
+        QVERIFY(loaded.host.calls().isEmpty() || loaded.host.calls() == releaseOnly);
+    }
+
+    void shouldMakeNoCallWhileItIsUnloaded()
+    {
+        LoadedModule loaded;
+        loaded.setAll();
+        openAndCancel(loaded);
+        loaded.host.clear();
+        QVERIFY(loaded.unload());
+        QCOMPARE(loaded.host.calls(), releaseOnly);
+    }
+
+    void shouldLeaveNothingBehindHoweverOftenItIsLoaded()
+    {
+        constexpr int warmUp = 20;
+        constexpr int times = 200;
+        constexpr std::size_t allowedPerCycle = 128;
+        for (int i = 0; i < warmUp; ++i)
+            QVERIFY(useOnce());
+        const std::size_t before = heapInUse();
+        for (int i = 0; i < times; ++i)
+            QVERIFY(useOnce());
+        const std::size_t after = heapInUse();
+        QVERIFY2(after < before + times * allowedPerCycle,
+                 qPrintable(QStringLiteral("%1 bytes in %2 times").arg(after - before).arg(times)));
+    }
+};
+
+ROOM_TEST_CLASS(ModuleLifeTest)
+
+#include "ModuleLifeTest.moc"
