@@ -19,7 +19,7 @@ const char *const fakeModule = FAKE_MODULE;
 bool isMapped()
 {
     QFile maps(QStringLiteral("/proc/self/maps"));
-    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libfakemodule.so");
+    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains("libroomadjustment-fake.so");
 }
 
 QVariantMap given()
