@@ -1,6 +1,7 @@
 #include "CooTrans.h"
 
 #include "AbcGLCanvas.h"
+#include "AdjustToToolDlg.h"
 #include "HelpDialog.h"
 #include "Prompt.h"
 #include "abcRoom.h"
@@ -54,6 +55,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     buildViewMenu();
     colourPlanes();
     connectView();
+    m_angleToolDialog = new AdjustToToolDlg(commands, versions, this);
     closeSideDialogs();
 }
 
@@ -137,10 +139,8 @@ void CooTrans::connectView()
 
 void CooTrans::closeSideDialogs()
 {
-    for (QPushButton *button : {m_ui->w_bodyMatchingButton, m_ui->pushButton_att}) {
-        button->setEnabled(false);
-        button->setToolTip(tr("Not available in this version"));
-    }
+    m_ui->w_bodyMatchingButton->setEnabled(false);
+    m_ui->w_bodyMatchingButton->setToolTip(tr("Not available in this version"));
 }
 
 void CooTrans::changeEvent(QEvent *event)
@@ -463,6 +463,7 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
 void CooTrans::on_pushButton_att_clicked()
 {
     const QPointer<CooTrans> self(this);
+    m_angleToolDialog->openAndExec();
     if (!self.isNull())
         emit do_update_raDataAndControls();
 }

@@ -9,6 +9,7 @@
 #include <memory>
 
 class AbcGLCanvas;
+class AdjustToToolDlg;
 class QDoubleSpinBox;
 class QMenu;
 class TrackingControl;
@@ -123,6 +124,7 @@ private:
     RoomEdits m_edits;
     AbcGLCanvas *m_view = nullptr;
     QMenu *m_viewMenu = nullptr;
+    AdjustToToolDlg *m_angleToolDialog = nullptr;
     bool m_armed = true;
     bool m_wideScaling = false;
 };

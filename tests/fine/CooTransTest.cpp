@@ -134,6 +134,7 @@ private slots:
     void shouldConnectTheViewEditors();
     void shouldTakeAFittedTransformationUnrounded();
     void shouldTakeAFittedHalfTurnAboutAnyAxis();
+    void shouldReadEverythingAnewAfterTheAngleTool();
     void shouldShowARecordThatIsNoRotation();
     void shouldSayWhenTrackingIsNotAvailable();
 };
@@ -204,6 +205,7 @@ void CooTransTest::shouldCarryTheRequiredToolTips()
         {"btn_resetVector", "Reset x, y, z to 0.00"},
         {"btn_resetAngles", "Reset rx, ry, rz to 0.00"},
         {"btn_resetScaling", "Reset scaling factor to 1.000"},
+        {"pushButton_att", "Open adjust room coordinates to angle tool"},
         {"w_viewPositionXYZ", "Change view position"},
         {"w_viewOrientationXYZ", "Change view orientation"},
         {"w_adjustViewButton", "Adjust scaling of graphic view"},
@@ -547,6 +549,21 @@ void CooTransTest::shouldTakeAFittedHalfTurnAboutAnyAxis()
                         1e-6);
         }
     }
+}
+
+void CooTransTest::shouldReadEverythingAnewAfterTheAngleTool()
+{
+    Panel p;
+    p.widget.loadPage();
+    const QSignalSpy readAnew(&p.widget, &CooTrans::do_update_raDataAndControls);
+    bool wasOpen = false;
+    p.answer.then([&](QWidget *angleTool) {
+        wasOpen = angleTool->inherits("AdjustToToolDlg") && readAnew.isEmpty();
+        angleTool->close();
+    });
+    p.widget.openAngleTool();
+    QVERIFY(wasOpen);
+    QCOMPARE(readAnew.count(), 1);
 }
 
 void CooTransTest::shouldShowARecordThatIsNoRotation()
