@@ -450,6 +450,22 @@ private slots:
         QVERIFY(bench.room.changes.isEmpty());
     }
 
+    void shouldLetTheTabKeyThroughItsWidgets()
+    {
+        Bench bench;
+        QVERIFY(bench.isReady);
+        QStandardItemModel model(5, 4);
+        bench.panel.setCameraModel(&model);
+        bench.part<QTableView>("tableView")->setFocus();
+        QStringList visited;
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            visited << QApplication::focusWidget()->objectName();
+        }
+        QCOMPARE(visited, QStringList({QStringLiteral("comboBox_top"), QStringLiteral("comboBox_right"),
+                                       QStringLiteral("pushButton_reset")}));
+    }
+
     void shouldColourTheAxesReadablyOnLightAndDark_data()
     {
         QTest::addColumn<QColor>("window");
