@@ -10,6 +10,7 @@ QMessageBox::StandardButton ask(QWidget *parent, QMessageBox::Icon icon, const Q
                                 QMessageBox::StandardButton defaultButton)
 {
     const QPointer<QMessageBox> box = new QMessageBox(icon, title, text, buttons, parent);
+    box->setTextFormat(Qt::PlainText);
     box->setDefaultButton(defaultButton);
     const int answer = box->exec();
     if (box.isNull())
