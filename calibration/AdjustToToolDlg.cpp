@@ -1,7 +1,7 @@
 #include "AdjustToToolDlg.h"
 
 #include "CalibrationProgressDlg.h"
-#include "ModalMessage.h"
+#include "Prompt.h"
 #include "Resources.h"
 #include "ui_AdjustToToolDlg.h"
 
@@ -140,8 +140,8 @@ void AdjustToToolDlg::on_pushButton_calibrate_clicked()
 void AdjustToToolDlg::calibrate()
 {
     if (!m_controller.supports(ControllerFeature::AngleToolCalibration)) {
-        ModalMessage::critical(this, QStringLiteral("VELMAR3"),
-                               tr("This function is not supported by the Controller!"));
+        Prompt::ask(this, QMessageBox::Critical, QStringLiteral("VELMAR3"),
+                    tr("This function is not supported by the Controller!"), QMessageBox::Ok);
         return;
     }
     const QPointer<AdjustToToolDlg> self(this);
@@ -150,7 +150,8 @@ void AdjustToToolDlg::calibrate()
     if (self.isNull())
         return;
     if (!isChosen) {
-        ModalMessage::critical(this, tr("Error"), tr("Unable to roomcalibration type\nCalibration aborted."));
+        Prompt::ask(this, QMessageBox::Critical, tr("Error"),
+                    tr("Unable to roomcalibration type\nCalibration aborted."), QMessageBox::Ok);
         return;
     }
     const double oldDuration = setUpCalibration();
@@ -199,11 +200,12 @@ void AdjustToToolDlg::takeOver(double oldDurationSeconds)
     if (self.isNull())
         return;
     if (!isAccepted) {
-        ModalMessage::critical(this, tr("Error"), tr("Unable to set new calibration to Controller."));
+        Prompt::ask(this, QMessageBox::Critical, tr("Error"),
+                    tr("Unable to set new calibration to Controller."), QMessageBox::Ok);
         return;
     }
-    ModalMessage::information(this, tr("Calibration successful"),
-                              tr("Calibration successful!\nNew calibration is set to Controller."));
+    Prompt::ask(this, QMessageBox::Information, tr("Calibration successful"),
+                tr("Calibration successful!\nNew calibration is set to Controller."), QMessageBox::Ok);
     if (self.isNull())
         return;
     controller.restartTrackingAfterCalibration();

@@ -3,7 +3,7 @@
 #include "CalibrationRun.h"
 #include "CameraGrid.h"
 #include "CountdownDlg.h"
-#include "ModalMessage.h"
+#include "Prompt.h"
 #include "Resources.h"
 #include "ui_CalibrationProgressDialog.h"
 
@@ -130,6 +130,9 @@ void CalibrationProgressDlg::fitToCameras()
 {
     constexpr double usableWidth = 0.95;
     constexpr double usableHeight = 0.7;
+    const auto widgets = m_ui->frame_grid->findChildren<QWidget *>();
+    for (QWidget *widget : widgets)
+        widget->ensurePolished();
     m_ui->gridLayout_cam->activate();
     QSize wanted = m_ui->frame_grid->sizeHint();
     const QSize available = screen()->availableSize();
@@ -207,7 +210,8 @@ void CalibrationProgressDlg::finishWithError()
     const std::shared_ptr<CalibrationRun> run = m_run;
     const QByteArray error = run->fetchError();
     if (!self.isNull())
-        ModalMessage::critical(this, tr("Calibration Error"), tr(error.constData()));
+        Prompt::ask(this, QMessageBox::Critical, tr("Calibration Error"), tr(error.constData()),
+                    QMessageBox::Ok);
     if (!self.isNull())
         done(Rejected);
 }

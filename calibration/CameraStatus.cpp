@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QLayout>
 #include <QPalette>
 #include <QPointer>
 
@@ -12,6 +13,9 @@ namespace
 {
 
 constexpr int wholePercent = 100;
+constexpr int margin = 5;
+constexpr int thickBorder = 4;
+constexpr int titleRoom = 5;
 
 QString twoDigits(const QString &text, int number)
 {
@@ -57,6 +61,11 @@ CameraStatus::CameraStatus(IOManager *commands, QWidget *parent, const BackendVe
     , m_index(index)
 {
     m_ui->setupUi(this);
+    // The bar's colours run from dark to white, so that its own text would be unreadable on one of them.
+    m_ui->label_percent->setMinimumWidth(m_ui->label_percent->sizeHint().width());
+    m_ui->label_percent->setText(m_ui->progressBar->text());
+    connect(m_ui->progressBar, &QProgressBar::valueChanged, this,
+            [this] { m_ui->label_percent->setText(m_ui->progressBar->text()); });
     setTitle(twoDigits(QStringLiteral("c%1"), m_index + 1));
     highlight(false);
     m_serial = QString::fromUtf8(m_controller.cameraSerial(m_index + 1));
@@ -69,6 +78,9 @@ CameraStatus::~CameraStatus() = default;
 void CameraStatus::highlight(bool isMostActive)
 {
     m_isHighlighted = isMostActive;
+    // The thick border takes its room from the margin, so that no box changes its size.
+    const int side = margin + (m_isHighlighted ? 0 : thickBorder);
+    layout()->setContentsMargins(side, side + titleRoom, side, side);
     applyGroupStyle();
 }
 

@@ -153,6 +153,26 @@ private slots:
         QCOMPARE(box.styleSheet(), head + QLatin1Char('0') + rest + tail);
     }
 
+    void shouldKeepItsSizeWhenItIsMarked()
+    {
+        RecordingHost host;
+        CameraStatus box(&host, nullptr, nullptr, 0);
+        box.ensurePolished();
+        const QSize plain = box.sizeHint();
+        box.highlight(true);
+        QCOMPARE(box.sizeHint(), plain);
+    }
+
+    void shouldSayItsProgressBesideTheBar()
+    {
+        RecordingHost host;
+        CameraStatus box(&host, nullptr, nullptr, 0);
+        QCOMPARE(text(box, "label_percent"), QStringLiteral("0%"));
+        box.set_progressBar(35);
+        QCOMPARE(text(box, "label_percent"), QStringLiteral("35%"));
+        QVERIFY(!bar(box)->isTextVisible());
+    }
+
     void shouldFollowAChangeOfThePalette()
     {
         RecordingHost host;
