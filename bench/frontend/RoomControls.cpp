@@ -48,6 +48,11 @@ void RoomControls::touchPoint(int point)
     send(QStringLiteral("tool 1 touch %1").arg(point));
 }
 
+void RoomControls::saveNominalPoints(const QString &file)
+{
+    control(QStringLiteral("sim object save ") + file);
+}
+
 void RoomControls::pressToolButton()
 {
     send(QStringLiteral("tool 1 button 1 click"));
@@ -117,10 +122,14 @@ void RoomControls::disconnectFor(double seconds)
 QString RoomControls::send(const QString &line)
 {
     const QString text = line.simplified();
-    const QString whole = text.startsWith(prefix) ? text : prefix + text;
-    const QString answer = QString::fromStdString(m_channel.control(whole.toStdString()));
+    return control(text.startsWith(prefix) ? text : prefix + text);
+}
+
+QString RoomControls::control(const QString &line)
+{
+    const QString answer = QString::fromStdString(m_channel.control(line.toStdString()));
     if (answer.startsWith(QStringLiteral("sim err")))
-        emit refused(tr("The controller does not do \"%1\": %2").arg(whole, answer.mid(8)));
+        emit refused(tr("The controller does not do \"%1\": %2").arg(line, answer.mid(8)));
     else
         emit changed();
     return answer;

@@ -21,8 +21,8 @@ struct WorkpiecePoint {
     std::array<double, 3> nominalMm = {};
 };
 
-/// The hands and feet in the simulated room, by intent: every change becomes a control line for the controller,
-/// wherever that is. Numbers of points, buttons and tools count from 1.
+/// The hands and feet in the simulated room, by intent: every change becomes a control line for the
+/// controller, wherever that is. Numbers of points, buttons and tools count from 1.
 class RoomControls : public QObject
 {
     Q_OBJECT
@@ -32,6 +32,10 @@ public:
     explicit RoomControls(BenchIOManager &channel, QObject *parent = nullptr);
 
     void touchPoint(int point);
+
+    /// Writes the workpiece's nominal points to a file that the module can load as reference points.
+    void saveNominalPoints(const QString &file);
+
     void pressToolButton();
     void pressDeviceButton();
     void setToolTracked(bool tracked);
@@ -70,6 +74,7 @@ signals:
     void refused(const QString &text);
 
 private:
+    QString control(const QString &line);
     std::optional<QString> question(const QString &about) const;
 
     BenchIOManager &m_channel;

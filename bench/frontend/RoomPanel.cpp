@@ -3,8 +3,11 @@
 #include "RoomControls.h"
 #include "ui_RoomPanel.h"
 
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalBlocker>
 
 #include <chrono>
@@ -73,7 +76,8 @@ void RoomPanel::showPoints()
     if (count == m_shownPoints)
         return;
     m_shownPoints = count;
-    qDeleteAll(m_ui->touchGroup->findChildren<QPushButton *>());
+    qDeleteAll(
+        m_ui->touchGroup->findChildren<QPushButton *>(QRegularExpression(QStringLiteral("^pointButton"))));
     QWidget *before = m_ui->tabWidget;
     for (int number = 1; number <= count; ++number) {
         auto *button =
@@ -89,7 +93,7 @@ void RoomPanel::showPoints()
         setTabOrder(before, button);
         before = button;
     }
-    setTabOrder(before, m_ui->toolButton);
+    setTabOrder(before, m_ui->savePointsButton);
 }
 
 void RoomPanel::touch(int point)
@@ -119,6 +123,14 @@ void RoomPanel::showReading()
 void RoomPanel::showMessage(const QString &text)
 {
     m_ui->messageLabel->setText(text);
+}
+
+void RoomPanel::on_savePointsButton_clicked()
+{
+    const QString file = QFileDialog::getSaveFileName(this, tr("Save the nominal coordinates"), QString(),
+                                                      tr("Reference points (*.txt);;All files (*)"));
+    if (!file.isEmpty())
+        m_controls.saveNominalPoints(file);
 }
 
 void RoomPanel::on_toolButton_clicked()

@@ -31,6 +31,7 @@ public slots:
     void showReading();
 
 private slots:
+    void on_savePointsButton_clicked();
     void on_toolButton_clicked();
     void on_deviceButton_clicked();
     void on_trackedBox_toggled(bool checked);

@@ -4,6 +4,7 @@
 #include "TestRegistry.h"
 
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class RoomControlsTest : public QObject
@@ -22,6 +23,24 @@ private slots:
         QVERIFY(std::fabs(tip.x - expected.x) < 1e-9);
         QVERIFY(std::fabs(tip.y - expected.y) < 1e-9);
         QVERIFY(std::fabs(tip.z - expected.z) < 1e-9);
+    }
+
+    void shouldSaveTheNominalPointsForTheModule()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("two  blanks.txt"));
+        controls.saveNominalPoints(file);
+        QFile saved(file);
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        const QList<QByteArray> lines = saved.readAll().trimmed().split('\n');
+        QCOMPARE(lines.size(), static_cast<int>(fake.room().workpiece.points.size()));
+        const QStringList words = QString::fromLatin1(lines.at(1)).simplified().split(QLatin1Char(' '));
+        QCOMPARE(words.value(1).toDouble(), fake.room().workpiece.points.at(1).nominal.x);
+        QSignalSpy refused(&controls, &RoomControls::refused);
+        controls.saveNominalPoints(folder.filePath(QStringLiteral("missing/points.txt")));
+        QCOMPARE(refused.size(), 1);
     }
 
     void shouldWorkTheToolAndTheDevice()
