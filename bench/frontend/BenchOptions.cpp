@@ -19,7 +19,8 @@ struct OptionText {
 constexpr std::array<OptionText, 17> texts = {{
     {"plugin", "FILE", "The module's shared library; by default it is looked for beside the bench."},
     {"controller", "HOST:PORT", "Use the controller at that address instead of one in this process."},
-    {"scenario", "FILE", "Start the controller of this process from a scenario file."},
+    {"scenario", "FILE",
+     "Start the controller of this process from a scenario file or a supplied scenario's name."},
     {"cameras", "N", "Number of cameras of the controller of this process."},
     {"interface-version", "M.m[.p]", "Interface version of the controller."},
     {"observer", nullptr, "Load the module in observer mode."},

@@ -4,6 +4,7 @@
 #include "LocalController.h"
 #include "RemoteController.h"
 #include "Scenario.h"
+#include "ScenarioFile.h"
 #include "SimController.h"
 
 #include <QCoreApplication>
@@ -60,7 +61,8 @@ bool BenchSession::makeLocal(const BenchOptions &options, QString *error)
     SimMachine machine;
     if (!options.scenario.isEmpty()) {
         std::string reason;
-        const std::optional<Scenario> scenario = Scenario::load(options.scenario.toStdString(), &reason);
+        const QString file = ScenarioFile::find(options.scenario, QCoreApplication::applicationDirPath());
+        const std::optional<Scenario> scenario = Scenario::load(file.toStdString(), &reason);
         if (!scenario) {
             *error = QString::fromStdString(reason);
             return false;

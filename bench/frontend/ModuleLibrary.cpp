@@ -102,7 +102,7 @@ QStringList ModuleLibrary::candidates(const QString &executableFolder)
 {
     const QDir folder(executableFolder);
     QStringList files;
-    for (const char *place : {".", "../../module", "../lib/velmar/modules", "../lib/velmar", "../lib"})
+    for (const char *place : {".", "../../module", ROOM_MODULES_FROM_PROGRAMS})
         files << QDir::cleanPath(
             folder.absoluteFilePath(QLatin1String(place) + QLatin1Char('/') + libraryName));
     return files;

@@ -1,6 +1,7 @@
 #include "LineServer.h"
 #include "LocalController.h"
 #include "Scenario.h"
+#include "ScenarioFile.h"
 #include "SimController.h"
 
 #include <QCommandLineParser>
@@ -32,7 +33,8 @@ void describe(QCommandLineParser &parser)
           QStringLiteral("address"), QStringLiteral("127.0.0.1")},
          {QStringLiteral("port"), QStringLiteral("Port to listen on, 0 for any free one."),
           QStringLiteral("port"), QStringLiteral("5210")},
-         {QStringLiteral("scenario"), QStringLiteral("Room and controller to begin with (JSON)."),
+         {QStringLiteral("scenario"),
+          QStringLiteral("Room and controller to begin with: a JSON file or a supplied scenario's name."),
           QStringLiteral("file")},
          {QStringLiteral("control"),
           QStringLiteral("Control line to run at the start, such as \"sim seed 7\"."),
@@ -86,7 +88,9 @@ int main(int argc, char **argv)
     Scenario scenario;
     if (parser.isSet(QStringLiteral("scenario"))) {
         std::string error;
-        const auto loaded = Scenario::load(parser.value(QStringLiteral("scenario")).toStdString(), &error);
+        const QString file = ScenarioFile::find(parser.value(QStringLiteral("scenario")),
+                                                QCoreApplication::applicationDirPath());
+        const auto loaded = Scenario::load(file.toStdString(), &error);
         if (!loaded)
             return complain(QString::fromStdString(error));
         scenario = *loaded;

@@ -120,6 +120,14 @@ private slots:
         QVERIFY(file.open(QIODevice::WriteOnly));
         QCOMPARE(ModuleLibrary::find(folder.filePath(QStringLiteral("bench/frontend"))), file.fileName());
     }
+
+    void shouldFindTheInstalledLibraryInItsOwnFolder()
+    {
+        const QString installed = ModuleLibrary::candidates(QStringLiteral("/opt/room/bin")).constLast();
+        QVERIFY2(installed.startsWith(QStringLiteral("/opt/room/lib")), qPrintable(installed));
+        QVERIFY2(installed.endsWith(QStringLiteral("/room-adjustment/libroomadjustment2g.so")),
+                 qPrintable(installed));
+    }
 };
 
 ROOM_TEST_CLASS(ModuleLibraryTest)
