@@ -1,0 +1,815 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>AdjustToToolDlg</name>
+    <message>
+        <source>Adjust Room Coordinates To Angle Tool</source>
+        <translation>Raumkoordinaten am Winkelwerkzeug ausrichten</translation>
+    </message>
+    <message>
+        <source>Picture of the angle tool: A is the distance of markers 1 and 2, B of 1 and 4, C of 1 and 3; the height is that of the markers above the floor</source>
+        <translation>Bild des Winkelwerkzeugs: A ist der Abstand der Marker 1 und 2, B der Marker 1 und 4, C der Marker 1 und 3; die Höhe ist die der Marker über dem Boden</translation>
+    </message>
+    <message>
+        <source>angle tool</source>
+        <translation>Winkelwerkzeug</translation>
+    </message>
+    <message>
+        <source>Model of the angle tool; expert allows to enter its dimensions</source>
+        <translation>Modell des Winkelwerkzeugs; mit „Experte“ können die Maße eingegeben werden</translation>
+    </message>
+    <message>
+        <source>marker distances</source>
+        <translation>Markerabstände</translation>
+    </message>
+    <message>
+        <source>A (1-2) [mm]</source>
+        <translation>A (1-2) [mm]</translation>
+    </message>
+    <message>
+        <source>Distance of marker 1 to marker 2</source>
+        <translation>Abstand von Marker 1 zu Marker 2</translation>
+    </message>
+    <message>
+        <source>B (1-4) [mm]</source>
+        <translation>B (1-4) [mm]</translation>
+    </message>
+    <message>
+        <source>Distance of marker 1 to marker 4</source>
+        <translation>Abstand von Marker 1 zu Marker 4</translation>
+    </message>
+    <message>
+        <source>C (1-3) [mm]</source>
+        <translation>C (1-3) [mm]</translation>
+    </message>
+    <message>
+        <source>Distance of marker 1 to marker 3</source>
+        <translation>Abstand von Marker 1 zu Marker 3</translation>
+    </message>
+    <message>
+        <source>height [mm]</source>
+        <translation>Höhe [mm]</translation>
+    </message>
+    <message>
+        <source>Height of the marker centres above the floor</source>
+        <translation>Höhe der Markermittelpunkte über dem Boden</translation>
+    </message>
+    <message>
+        <source>coordinate system</source>
+        <translation>Koordinatensystem</translation>
+    </message>
+    <message>
+        <source>Directions of the new axes</source>
+        <translation>Richtungen der neuen Achsen</translation>
+    </message>
+    <message>
+        <source>Calibrate the room with the angle tool</source>
+        <translation>Den Raum mit dem Winkelwerkzeug kalibrieren</translation>
+    </message>
+    <message>
+        <source>&amp;Calibrate</source>
+        <translation>&amp;Kalibrieren</translation>
+    </message>
+    <message>
+        <source>Close this dialog</source>
+        <translation>Diesen Dialog schließen</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>This function is not supported by the Controller!</source>
+        <translation>Diese Funktion wird vom Controller nicht unterstützt!</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Unable to roomcalibration type
+Calibration aborted.</source>
+        <translation>Die Art der Raumkalibrierung konnte nicht eingestellt werden.
+Die Kalibrierung wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>Unable to set new calibration to Controller.</source>
+        <translation>Die neue Kalibrierung konnte nicht an den Controller übergeben werden.</translation>
+    </message>
+    <message>
+        <source>Calibration successful</source>
+        <translation>Kalibrierung erfolgreich</translation>
+    </message>
+    <message>
+        <source>Calibration successful!
+New calibration is set to Controller.</source>
+        <translation>Kalibrierung erfolgreich!
+Die neue Kalibrierung ist an den Controller übergeben.</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProgressDialog</name>
+    <message>
+        <source>Calibration Progress</source>
+        <translation>Kalibrierungsfortschritt</translation>
+    </message>
+    <message>
+        <source>room calibration</source>
+        <translation>Raumkalibrierung</translation>
+    </message>
+    <message>
+        <source>Calibration progress of the cameras</source>
+        <translation>Kalibrierungsfortschritt der Kameras</translation>
+    </message>
+    <message>
+        <source>Overall calibration progress</source>
+        <translation>Gesamtfortschritt der Kalibrierung</translation>
+    </message>
+    <message>
+        <source>remaining time:</source>
+        <translation>verbleibende Zeit:</translation>
+    </message>
+    <message>
+        <source>Stop the calibration and keep the present one</source>
+        <translation>Die Kalibrierung beenden und die bisherige behalten</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationProgressDlg</name>
+    <message>
+        <source> is a %1 step calibration.</source>
+        <translation> ist eine Kalibrierung in %1 Schritten.</translation>
+    </message>
+    <message>
+        <source>
+Currently this calibration cannot be interrupted!</source>
+        <translation>
+Diese Kalibrierung kann zurzeit nicht unterbrochen werden!</translation>
+    </message>
+    <message>
+        <source>remaining time: %1 seconds</source>
+        <translation>verbleibende Zeit: %1 Sekunden</translation>
+    </message>
+    <message>
+        <source>calculating...</source>
+        <translation>Berechnung läuft ...</translation>
+    </message>
+    <message>
+        <source>Calibration Error</source>
+        <translation>Kalibrierungsfehler</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;&lt;font color=red&gt;Please move the wand in the view scope of ALL cameras!&lt;/font&gt;&lt;/b&gt;</source>
+        <translation>&lt;b&gt;&lt;font color=red&gt;Bitte den Kalibrierstab im Sichtbereich ALLER Kameras bewegen!&lt;/font&gt;&lt;/b&gt;</translation>
+    </message>
+</context>
+<context>
+    <name>CameraStatus</name>
+    <message>
+        <source>Tab of the front-end that shows this camera</source>
+        <translation>Reiter der Bedienoberfläche, der diese Kamera zeigt</translation>
+    </message>
+    <message>
+        <source>tab 01</source>
+        <translation>Reiter 01</translation>
+    </message>
+    <message>
+        <source>Serial number of the camera</source>
+        <translation>Seriennummer der Kamera</translation>
+    </message>
+    <message>
+        <source>00028</source>
+        <translation>00028</translation>
+    </message>
+    <message>
+        <source>Calibration progress of the camera</source>
+        <translation>Kalibrierungsfortschritt der Kamera</translation>
+    </message>
+    <message>
+        <source>tab %1</source>
+        <translation>Reiter %1</translation>
+    </message>
+</context>
+<context>
+    <name>CoarseAdjustment</name>
+    <message>
+        <source>Adjust room coordinate system by rotating around axes</source>
+        <translation>Raumkoordinatensystem durch Drehen um Achsen anpassen</translation>
+    </message>
+    <message>
+        <source>camera coordinates</source>
+        <translation>Kamerakoordinaten</translation>
+    </message>
+    <message>
+        <source>Camera coordinates</source>
+        <translation>Kamerakoordinaten</translation>
+    </message>
+    <message>
+        <source>assign axes to room directions</source>
+        <translation>Achsen den Raumrichtungen zuordnen</translation>
+    </message>
+    <message>
+        <source>Change the vertical axis to rotate room coordinate system.</source>
+        <translation>Die senkrechte Achse ändern, um das Raumkoordinatensystem zu drehen.</translation>
+    </message>
+    <message>
+        <source>Axis that points up</source>
+        <translation>Achse, die nach oben zeigt</translation>
+    </message>
+    <message>
+        <source>Axis that points away from the viewer</source>
+        <translation>Achse, die vom Betrachter weg zeigt</translation>
+    </message>
+    <message>
+        <source>Axis that points to the left</source>
+        <translation>Achse, die nach links zeigt</translation>
+    </message>
+    <message>
+        <source>The current room coordinate system.</source>
+        <translation>Das aktuelle Raumkoordinatensystem.</translation>
+    </message>
+    <message>
+        <source>Change the horizontal axis to rotate room coordinate system.</source>
+        <translation>Die waagerechte Achse ändern, um das Raumkoordinatensystem zu drehen.</translation>
+    </message>
+    <message>
+        <source>Axis that points to the right</source>
+        <translation>Achse, die nach rechts zeigt</translation>
+    </message>
+    <message>
+        <source>Axis that points towards the viewer</source>
+        <translation>Achse, die zum Betrachter zeigt</translation>
+    </message>
+    <message>
+        <source>Axis that points down</source>
+        <translation>Achse, die nach unten zeigt</translation>
+    </message>
+    <message>
+        <source>Reset room coordinate system to default values</source>
+        <translation>Raumkoordinatensystem auf Standardwerte zurücksetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>The controller has no coordinate type of a room calibration, so axes cannot be assigned to directions here. Use the tab &quot;Fine&quot;.</source>
+        <translation>Der Controller kennt keinen Koordinatentyp einer Raumkalibrierung, daher können hier keine Achsen zugeordnet werden. Bitte den Reiter „Fein“ verwenden.</translation>
+    </message>
+    <message>
+        <source>The room is turned by angles that are not multiples of 90 degrees, so axes cannot be assigned to directions here. Use the tab &quot;Fine&quot;.</source>
+        <translation>Der Raum ist um Winkel gedreht, die keine Vielfachen von 90 Grad sind, daher können hier keine Achsen zugeordnet werden. Bitte den Reiter „Fein“ verwenden.</translation>
+    </message>
+</context>
+<context>
+    <name>CooTrans</name>
+    <message>
+        <source>Room in 3D</source>
+        <translation>Raum in 3D</translation>
+    </message>
+    <message>
+        <source>Long axes</source>
+        <translation>Lange Achsen</translation>
+    </message>
+    <message>
+        <source>Show XY plane</source>
+        <translation>XY-Ebene anzeigen</translation>
+    </message>
+    <message>
+        <source>Show YZ plane</source>
+        <translation>YZ-Ebene anzeigen</translation>
+    </message>
+    <message>
+        <source>Show XZ plane</source>
+        <translation>XZ-Ebene anzeigen</translation>
+    </message>
+    <message>
+        <source>Not available in this version</source>
+        <translation>In dieser Version nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Scaling</source>
+        <translation>Skalierung</translation>
+    </message>
+    <message>
+        <source>Scaling (+/- 5%)</source>
+        <translation>Skalierung (+/- 5 %)</translation>
+    </message>
+    <message>
+        <source>Room Adjustment</source>
+        <translation>Raumjustierung</translation>
+    </message>
+    <message>
+        <source>You have unsaved data. Save changes?
+
+(If yes press &apos;Apply&apos; and re-open matching)</source>
+        <translation>Es gibt nicht gespeicherte Daten. Änderungen speichern?
+
+(Falls ja, „Übernehmen“ drücken und die Anpassung erneut öffnen)</translation>
+    </message>
+</context>
+<context>
+    <name>CooTransClass</name>
+    <message>
+        <source>Tracking is not available.</source>
+        <translation>Das Tracking ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>Zero point offset</source>
+        <translation>Nullpunktverschiebung</translation>
+    </message>
+    <message>
+        <source>x [mm]</source>
+        <translation>x [mm]</translation>
+    </message>
+    <message>
+        <source>Vector for zero point offset</source>
+        <translation>Vektor der Nullpunktverschiebung</translation>
+    </message>
+    <message>
+        <source>Zero point offset x</source>
+        <translation>Nullpunktverschiebung x</translation>
+    </message>
+    <message>
+        <source>y [mm]</source>
+        <translation>y [mm]</translation>
+    </message>
+    <message>
+        <source>Zero point offset y</source>
+        <translation>Nullpunktverschiebung y</translation>
+    </message>
+    <message>
+        <source>z [mm]</source>
+        <translation>z [mm]</translation>
+    </message>
+    <message>
+        <source>Zero point offset z</source>
+        <translation>Nullpunktverschiebung z</translation>
+    </message>
+    <message>
+        <source>Reset x, y, z to 0.00</source>
+        <translation>x, y, z auf 0.00 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset vector</source>
+        <translation>Vektor zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Rotation angles</source>
+        <translation>Drehwinkel</translation>
+    </message>
+    <message>
+        <source>rx [deg]</source>
+        <translation>rx [Grad]</translation>
+    </message>
+    <message>
+        <source>Rotation angles:
+rx (eta)    range [-180 deg .. +180 deg]
+ry (theta) range [-  90 deg .. +  90 deg]
+rz (phi)    range [-180 deg .. +180 deg]</source>
+        <translation>Drehwinkel:
+rx (eta)    Bereich [-180 Grad .. +180 Grad]
+ry (theta) Bereich [-  90 Grad .. +  90 Grad]
+rz (phi)    Bereich [-180 Grad .. +180 Grad]</translation>
+    </message>
+    <message>
+        <source>Rotation angle rx</source>
+        <translation>Drehwinkel rx</translation>
+    </message>
+    <message>
+        <source>ry [deg]</source>
+        <translation>ry [Grad]</translation>
+    </message>
+    <message>
+        <source>Rotation angle ry</source>
+        <translation>Drehwinkel ry</translation>
+    </message>
+    <message>
+        <source>rz [deg]</source>
+        <translation>rz [Grad]</translation>
+    </message>
+    <message>
+        <source>Rotation angle rz</source>
+        <translation>Drehwinkel rz</translation>
+    </message>
+    <message>
+        <source>Reset rx, ry, rz to 0.00</source>
+        <translation>rx, ry, rz auf 0.00 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset angles</source>
+        <translation>Winkel zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Scaling factor</source>
+        <translation>Skalierungsfaktor</translation>
+    </message>
+    <message>
+        <source>factor</source>
+        <translation>Faktor</translation>
+    </message>
+    <message>
+        <source>Scaling (+/- 5%)</source>
+        <translation>Skalierung (+/- 5 %)</translation>
+    </message>
+    <message>
+        <source>Reset scaling factor to 1.000</source>
+        <translation>Skalierungsfaktor auf 1.000 zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset scaling</source>
+        <translation>Skalierung zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Adjust to angle tool</source>
+        <translation>Am Winkelwerkzeug ausrichten</translation>
+    </message>
+    <message>
+        <source>Open adjust room coordinates to angle tool</source>
+        <translation>Das Ausrichten der Raumkoordinaten am Winkelwerkzeug öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Adjust</source>
+        <translation>&amp;Ausrichten</translation>
+    </message>
+    <message>
+        <source>Adjust based on reference points</source>
+        <translation>An Referenzpunkten ausrichten</translation>
+    </message>
+    <message>
+        <source>Open room adjustment based on reference points</source>
+        <translation>Die Raumjustierung anhand von Referenzpunkten öffnen</translation>
+    </message>
+    <message>
+        <source>&amp;Start</source>
+        <translation>&amp;Starten</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
+    <message>
+        <source>The room cannot be drawn: this computer offers no OpenGL. All numbers can be edited and applied.</source>
+        <translation>Der Raum kann nicht gezeichnet werden: dieser Rechner bietet kein OpenGL. Alle Zahlen können bearbeitet und übernommen werden.</translation>
+    </message>
+    <message>
+        <source>Change view position</source>
+        <translation>Position der Ansicht ändern</translation>
+    </message>
+    <message>
+        <source>View position</source>
+        <translation>Ansichtsposition</translation>
+    </message>
+    <message>
+        <source>Change view orientation</source>
+        <translation>Ausrichtung der Ansicht ändern</translation>
+    </message>
+    <message>
+        <source>View orientation</source>
+        <translation>Ansichtsausrichtung</translation>
+    </message>
+    <message>
+        <source>show XY</source>
+        <translation>XY anzeigen</translation>
+    </message>
+    <message>
+        <source>show YZ</source>
+        <translation>YZ anzeigen</translation>
+    </message>
+    <message>
+        <source>show XZ</source>
+        <translation>XZ anzeigen</translation>
+    </message>
+    <message>
+        <source>long axes</source>
+        <translation>lange Achsen</translation>
+    </message>
+    <message>
+        <source>Adjust scaling of graphic view</source>
+        <translation>Maßstab der grafischen Ansicht anpassen</translation>
+    </message>
+    <message>
+        <source>Adjust view</source>
+        <translation>Ansicht anpassen</translation>
+    </message>
+    <message>
+        <source>Reset graphic view to the default</source>
+        <translation>Grafische Ansicht auf den Standard zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Reset view</source>
+        <translation>Ansicht zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Show help on mouse controls in graphic view</source>
+        <translation>Hilfe zur Maussteuerung der grafischen Ansicht anzeigen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+</context>
+<context>
+    <name>CountdownDialog</name>
+    <message>
+        <source>Waiting</source>
+        <translation>Warten</translation>
+    </message>
+    <message>
+        <source>Seconds until the next calibration step</source>
+        <translation>Sekunden bis zum nächsten Kalibrierungsschritt</translation>
+    </message>
+    <message>
+        <source>Seconds until the calibration step starts</source>
+        <translation>Sekunden bis zum Beginn des Kalibrierungsschritts</translation>
+    </message>
+    <message>
+        <source>TextLabel</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Start the calibration step without waiting</source>
+        <translation>Den Kalibrierungsschritt sofort beginnen</translation>
+    </message>
+    <message>
+        <source>Start now</source>
+        <translation>Jetzt starten</translation>
+    </message>
+    <message>
+        <source>Cancel the calibration</source>
+        <translation>Die Kalibrierung abbrechen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>HelpDialog</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Control of the graphic view</source>
+        <translation>Steuerung der grafischen Ansicht</translation>
+    </message>
+    <message>
+        <source>panning:</source>
+        <translation>Verschieben:</translation>
+    </message>
+    <message>
+        <source>rotating:</source>
+        <translation>Drehen:</translation>
+    </message>
+    <message>
+        <source>zoom in / out:</source>
+        <translation>Vergrößern / Verkleinern:</translation>
+    </message>
+    <message>
+        <source>Panning</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Rotating</source>
+        <translation>Drehen</translation>
+    </message>
+    <message>
+        <source>Zooming</source>
+        <translation>Vergrößern und Verkleinern</translation>
+    </message>
+    <message>
+        <source>Ctrl + left mouse button</source>
+        <translation>Strg + linke Maustaste</translation>
+    </message>
+    <message>
+        <source>Ctrl + right mouse button</source>
+        <translation>Strg + rechte Maustaste</translation>
+    </message>
+    <message>
+        <source>Ctrl + mouse wheel&lt;br&gt;
+Shift + left mouse button</source>
+        <translation>Strg + Mausrad&lt;br&gt;
+Umschalt + linke Maustaste</translation>
+    </message>
+    <message>
+        <source>Close this help</source>
+        <translation>Diese Hilfe schließen</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Alt+X</source>
+        <translation>Alt+S</translation>
+    </message>
+</context>
+<context>
+    <name>MatchingHelpClass</name>
+    <message>
+        <source>Room Adjustment Based On Reference Points Help</source>
+        <translation>Hilfe zur Raumjustierung anhand von Referenzpunkten</translation>
+    </message>
+    <message>
+        <source>Description how to do the room adjustment based on reference points</source>
+        <translation>Beschreibung der Raumjustierung anhand von Referenzpunkten</translation>
+    </message>
+    <message>
+        <source>&lt;h3&gt;How to adjust the room based on reference points&lt;/h3&gt;
+&lt;p&gt;The coordinate transformation moves the origin and the orientation of the tracking system&apos;s initial coordinate system, marked &lt;b&gt;O&lt;/b&gt; in the picture, to a coordinate system that is given by an object, marked &lt;b&gt;T&lt;/b&gt;. Afterwards all 6DOF measurements of the targets are delivered relative to the coordinate system of the object.&lt;/p&gt;</source>
+        <translation>&lt;h3&gt;Raumjustierung anhand von Referenzpunkten&lt;/h3&gt;
+&lt;p&gt;Die Koordinatentransformation verschiebt Ursprung und Orientierung des anfänglichen Koordinatensystems des Trackingsystems, im Bild mit &lt;b&gt;O&lt;/b&gt; bezeichnet, in ein Koordinatensystem, das durch ein Objekt gegeben ist, im Bild mit &lt;b&gt;T&lt;/b&gt; bezeichnet. Danach werden alle 6DOF-Messungen der Targets relativ zum Koordinatensystem des Objekts ausgegeben.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>Picture: the initial coordinate system O and the coordinate system T of an object</source>
+        <translation>Bild: das anfängliche Koordinatensystem O und das Koordinatensystem T eines Objekts</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Step 1: add the reference points&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;Add the reference points of the object&apos;s coordinate system; at least three are needed, and the first three must not lie on one line. There are two ways:&lt;/p&gt;
+&lt;ul&gt;&lt;li&gt;type the coordinates into the table &lt;i&gt;reference points&lt;/i&gt;: the button &lt;i&gt;Add&lt;/i&gt; appends a row;&lt;/li&gt;
+&lt;li&gt;load them from a text file with the button &lt;i&gt;Load&lt;/i&gt;.&lt;/li&gt;&lt;/ul&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;Schritt 1: Referenzpunkte eingeben&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;Fügen Sie die Referenzpunkte des Objektkoordinatensystems hinzu; mindestens drei sind nötig, und die ersten drei dürfen nicht auf einer Geraden liegen. Es gibt zwei Wege:&lt;/p&gt;
+&lt;ul&gt;&lt;li&gt;die Koordinaten in die Tabelle &lt;i&gt;Referenzpunkte&lt;/i&gt; eintippen: die Schaltfläche &lt;i&gt;Hinzufügen&lt;/i&gt; hängt eine Zeile an;&lt;/li&gt;
+&lt;li&gt;sie mit der Schaltfläche &lt;i&gt;Laden&lt;/i&gt; aus einer Textdatei laden.&lt;/li&gt;&lt;/ul&gt;</translation>
+    </message>
+    <message>
+        <source>Picture: a reference point file with five points</source>
+        <translation>Bild: eine Referenzpunktdatei mit fünf Punkten</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;The text file&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;The file holds one point per line in four columns: the number of the reference point, then its X, Y and Z coordinates in millimetres, with a decimal point. The columns are separated by one or more whitespace characters. The first point has the number 1. The button &lt;i&gt;Save&lt;/i&gt; writes such a file.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;Die Textdatei&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;Die Datei enthält je Zeile einen Punkt in vier Spalten: die Nummer des Referenzpunkts, dann seine X-, Y- und Z-Koordinaten in Millimetern, mit Dezimalpunkt. Die Spalten sind durch ein oder mehrere Leerzeichen oder Tabulatoren getrennt. Der erste Punkt hat die Nummer 1. Die Schaltfläche &lt;i&gt;Speichern&lt;/i&gt; schreibt eine solche Datei.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>&lt;p&gt;&lt;b&gt;Step 2: measure the points on the object&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;With a calibrated measurement tool inside the tracking volume, touch the points on the object that correspond to the reference points of step 1, and hold the tip still. The order does not matter, unless you check &lt;i&gt;preserve order of points&lt;/i&gt;. A measurement is started by any of these:&lt;/p&gt;
+&lt;ul&gt;&lt;li&gt;clicking the button &lt;i&gt;Measure&lt;/i&gt;,&lt;/li&gt;
+&lt;li&gt;pressing a button of the measurement tool,&lt;/li&gt;
+&lt;li&gt;the measurement start simulation of the measurement tool itself,&lt;/li&gt;
+&lt;li&gt;pressing a button of an assigned hand-held input device.&lt;/li&gt;&lt;/ul&gt;
+&lt;p&gt;&lt;b&gt;Step 3: check and accept the result&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;When all reference points have been measured, the result is shown in the text box &lt;i&gt;transformation&lt;/i&gt;: the residual error, and the distance of every point to its reference point. Accepting it with &lt;i&gt;Apply&lt;/i&gt; closes the dialog and passes the transformation on.&lt;/p&gt;</source>
+        <translation>&lt;p&gt;&lt;b&gt;Schritt 2: Punkte am Objekt messen&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;Berühren Sie mit einem kalibrierten Messwerkzeug innerhalb des Messvolumens die Punkte am Objekt, die den Referenzpunkten aus Schritt 1 entsprechen, und halten Sie die Spitze ruhig. Die Reihenfolge ist beliebig, außer wenn &lt;i&gt;Reihenfolge der Punkte beibehalten&lt;/i&gt; gewählt ist. Eine Messung beginnt durch:&lt;/p&gt;
+&lt;ul&gt;&lt;li&gt;Klicken auf die Schaltfläche &lt;i&gt;Messen&lt;/i&gt;,&lt;/li&gt;
+&lt;li&gt;Drücken einer Taste des Messwerkzeugs,&lt;/li&gt;
+&lt;li&gt;die Messstart-Simulation des Messwerkzeugs selbst,&lt;/li&gt;
+&lt;li&gt;Drücken einer Taste eines zugeordneten Handeingabegeräts.&lt;/li&gt;&lt;/ul&gt;
+&lt;p&gt;&lt;b&gt;Schritt 3: Ergebnis prüfen und übernehmen&lt;/b&gt;&lt;/p&gt;
+&lt;p&gt;Sind alle Referenzpunkte gemessen, steht das Ergebnis im Textfeld &lt;i&gt;Transformation&lt;/i&gt;: der Restfehler und der Abstand jedes Punktes zu seinem Referenzpunkt. &lt;i&gt;Übernehmen&lt;/i&gt; schließt den Dialog und gibt die Transformation weiter.&lt;/p&gt;</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close the help</source>
+        <translation>Die Hilfe schließen</translation>
+    </message>
+</context>
+<context>
+    <name>RoomAdjustmentDlg2g</name>
+    <message>
+        <source>Camera</source>
+        <translation>Kamera</translation>
+    </message>
+    <message>
+        <source>x [mm]</source>
+        <translation>x [mm]</translation>
+    </message>
+    <message>
+        <source>y [mm]</source>
+        <translation>y [mm]</translation>
+    </message>
+    <message>
+        <source>z [mm]</source>
+        <translation>z [mm]</translation>
+    </message>
+    <message>
+        <source>&amp;Coarse</source>
+        <translation>&amp;Grob</translation>
+    </message>
+    <message>
+        <source>&amp;Fine</source>
+        <translation>&amp;Fein</translation>
+    </message>
+    <message>
+        <source>The controller cannot track at the moment. The room cannot be adjusted.</source>
+        <translation>Der Controller kann zurzeit nicht messen. Der Raum kann nicht justiert werden.</translation>
+    </message>
+    <message>
+        <source>The cameras have no room calibration, or the controller does not answer. The room cannot be adjusted.</source>
+        <translation>Die Kameras haben keine Raumkalibrierung, oder der Controller antwortet nicht. Der Raum kann nicht justiert werden.</translation>
+    </message>
+    <message>
+        <source>This controller is too old to have its room adjusted.</source>
+        <translation>Dieser Controller ist zu alt, um seinen Raum zu justieren.</translation>
+    </message>
+    <message>
+        <source>The configuration of the controller is locked. The room cannot be adjusted.</source>
+        <translation>Die Konfiguration des Controllers ist gesperrt. Der Raum kann nicht justiert werden.</translation>
+    </message>
+    <message>
+        <source>Room Adjustment</source>
+        <translation>Raumjustierung</translation>
+    </message>
+    <message>
+        <source>Discard changes?</source>
+        <translation>Änderungen verwerfen?</translation>
+    </message>
+</context>
+<context>
+    <name>RoomAdjustmentDlgClass</name>
+    <message>
+        <source>Room Adjustment</source>
+        <translation>Raumjustierung</translation>
+    </message>
+    <message>
+        <source>Accept changes and close dialog</source>
+        <translation>Änderungen übernehmen und Dialog schließen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Apply changes</source>
+        <translation>Änderungen übernehmen</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>Über&amp;nehmen</translation>
+    </message>
+    <message>
+        <source>Discard changes and close dialog</source>
+        <translation>Änderungen verwerfen und Dialog schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>RoomAdjustmentModule2g</name>
+    <message>
+        <source>GUI Room Adjustment</source>
+        <translation>GUI-Raumjustierung</translation>
+    </message>
+    <message>
+        <source>&amp;Tracking</source>
+        <translation>&amp;Tracking</translation>
+    </message>
+    <message>
+        <source>Room a&amp;djustment</source>
+        <translation>Raum&amp;justierung</translation>
+    </message>
+    <message>
+        <source>Shift+F5</source>
+        <translation>Shift+F5</translation>
+    </message>
+    <message>
+        <source>Perform the room adjustment incl. COOTrans</source>
+        <translation>Die Raumjustierung einschließlich COOTrans durchführen</translation>
+    </message>
+    <message>
+        <source>Adjust the room coordinate system</source>
+        <translation>Das Raumkoordinatensystem justieren</translation>
+    </message>
+</context>
+<context>
+    <name>bsDoubleWidget</name>
+    <message>
+        <source>Wheel for %1</source>
+        <translation>Drehrad für %1</translation>
+    </message>
+</context>
+<context>
+    <name>xyzWidget</name>
+    <message>
+        <source>X :</source>
+        <translation>X :</translation>
+    </message>
+    <message>
+        <source>Y :</source>
+        <translation>Y :</translation>
+    </message>
+    <message>
+        <source>Z :</source>
+        <translation>Z :</translation>
+    </message>
+</context>
+</TS>
