@@ -1,0 +1,92 @@
+#include "ToolSampler.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace
+{
+
+/// The first flag of a tool tells that the controller measures; the next ones are the tool's buttons.
+constexpr int toolButtons = 3;
+constexpr double trackedQuality = 1.0;
+
+bool controllerRests(const MeasurementToolRecord &tool)
+{
+    return tool.flags.front() == 0;
+}
+
+bool controllerMeasures(const MeasurementToolRecord &tool)
+{
+    return tool.flags.front() == 1;
+}
+
+} // namespace
+
+void ToolSampler::restart()
+{
+    m_measurement.clear();
+    m_tracked = false;
+}
+
+void ToolSampler::selectTool(int number)
+{
+    restart();
+    m_tool = number;
+}
+
+void ToolSampler::setLimits(double duration, double tolerance)
+{
+    m_duration = duration;
+    m_tolerance = tolerance;
+}
+
+bool ToolSampler::decode(const char *text)
+{
+    const std::size_t length = text ? ::strnlen(text, bufferSize) : bufferSize;
+    if (length >= bufferSize)
+        return false;
+    std::memcpy(m_buffer.data(), text, length + 1);
+    char *cursor = m_buffer.data();
+    return m_parser.parseLine(&cursor) == 1;
+}
+
+ToolSampler::Step ToolSampler::sample(int index)
+{
+    const MeasurementToolRecord *tool = m_parser.measurementTool(index);
+    if (!tool || tool->id + 1 != m_tool)
+        return {};
+    m_tracked = tool->quality >= trackedQuality;
+    Step step;
+    if (m_tracked && controllerMeasures(*tool))
+        return collect(*tool);
+    step.event = m_tracked && startIsRequested(*tool) ? Event::StartRequested : Event::Ended;
+    if (step.event == Event::Ended)
+        step.judgement = m_measurement.finish(m_duration, m_tolerance);
+    return step;
+}
+
+bool ToolSampler::startIsRequested(const MeasurementToolRecord &tool) const
+{
+    const auto buttons = tool.flags.begin() + 1;
+    return controllerRests(tool) &&
+           (std::find(buttons, buttons + toolButtons, 1) != buttons + toolButtons || handheldIsPressed());
+}
+
+bool ToolSampler::handheldIsPressed() const
+{
+    for (int index = 0; index < m_parser.handheldCount(); ++index) {
+        const RecordButtons &buttons = m_parser.handheld(index)->buttons;
+        if (std::any_of(buttons.begin(), buttons.end(), [](int button) { return button > 0; }))
+            return true;
+    }
+    return false;
+}
+
+ToolSampler::Step ToolSampler::collect(const MeasurementToolRecord &tool)
+{
+    m_measurement.add(m_parser.timestamp(), {tool.location[0], tool.location[1], tool.location[2]});
+    Step step;
+    step.event = m_measurement.count() > 1 ? Event::Sampled : Event::FirstSample;
+    step.elapsed = m_measurement.elapsed();
+    return step;
+}

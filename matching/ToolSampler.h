@@ -1,0 +1,72 @@
+#pragma once
+
+#include "TipMeasurement.h"
+#include "VelmarParser.h"
+
+#include <array>
+
+/// Follows the selected measurement tool through the controller's records, and collects its tip measurements.
+///
+/// Tools are numbered from 1. Units: millimetres and seconds.
+class ToolSampler
+{
+public:
+    enum class Event {
+        Ignored,        ///< not the selected tool
+        StartRequested, ///< a button asks for a measurement
+        FirstSample,    ///< a measurement began
+        Sampled,        ///< it goes on
+        Ended,          ///< the controller does not measure, or the tool is lost
+    };
+
+    struct Step {
+        Event event = Event::Ignored;
+        double elapsed = 0.0;                ///< of Sampled
+        TipMeasurement::Judgement judgement; ///< of Ended; Nothing if no measurement was going on
+    };
+
+    static constexpr int noTool = -1;
+    static constexpr double defaultDuration = 1.0;
+    static constexpr double defaultTolerance = 1.5;
+
+    /// Forgets samples and tracking state; the tool and what was decoded stay.
+    void restart();
+
+    /// Begins anew with another tool, or noTool.
+    void selectTool(int number);
+    [[nodiscard]] int selectedTool() const { return m_tool; }
+
+    /// How long a measurement must last, and how far its tip may spread.
+    void setLimits(double duration, double tolerance);
+
+    /// The selected tool was tracked in the last record.
+    [[nodiscard]] bool isTracked() const { return m_tracked; }
+
+    /// Takes the values of a record over. False for a null text, a record of bufferSize bytes or more, which
+    /// is not even copied, and one that does not convert.
+    [[nodiscard]] bool decode(const char *text);
+
+    /// How many tools the records have told of.
+    [[nodiscard]] int toolCount() const { return m_parser.measurementToolCount(); }
+
+    /// Looks at the tool at an index of the decoded list (from 0); to be called after every record.
+    [[nodiscard]] Step sample(int index);
+
+    /// Forgets the samples.
+    void drop() { m_measurement.clear(); }
+
+private:
+    static constexpr std::size_t bufferSize = 10240;
+
+    [[nodiscard]] bool startIsRequested(const MeasurementToolRecord &tool) const;
+    [[nodiscard]] bool handheldIsPressed() const;
+    [[nodiscard]] Step collect(const MeasurementToolRecord &tool);
+
+    VelmarParser m_parser;
+    std::array<char, bufferSize> m_buffer{};
+    TipMeasurement m_measurement;
+    int m_tool = noTool;
+    double m_duration = defaultDuration;
+    double m_tolerance = defaultTolerance;
+    bool m_tracked = false;
+};
