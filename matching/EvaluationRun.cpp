@@ -1,0 +1,90 @@
+#include "EvaluationRun.h"
+
+#include <QThread>
+
+#include <atomic>
+#include <chrono>
+#include <ctime>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+constexpr std::chrono::nanoseconds immediateTime = 100ms;
+
+/// Processor time, so that a busy machine does not change what is done at once.
+std::chrono::nanoseconds usedTime()
+{
+    std::timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+} // namespace
+
+struct EvaluationRun::Job {
+    MatchingPoints references;
+    MatchingPoints measured;
+    MatchingEvaluation::Order order = MatchingEvaluation::Order::Preserved;
+    std::atomic<bool> cancelled{false};
+    MatchingEvaluation evaluation;
+    std::unique_ptr<QThread> thread;
+};
+
+EvaluationRun::EvaluationRun(QObject *parent)
+    : QObject(parent)
+{
+}
+
+EvaluationRun::~EvaluationRun()
+{
+    cancel();
+}
+
+std::optional<MatchingEvaluation> EvaluationRun::start(const MatchingPoints &references,
+                                                       const MatchingPoints &measured,
+                                                       MatchingEvaluation::Order order)
+{
+    cancel();
+    const std::chrono::nanoseconds end = usedTime() + immediateTime;
+    const MatchingEvaluation evaluation =
+        MatchingEvaluation::of(references, measured, order, [end] { return usedTime() < end; });
+    if (evaluation.outcome != MatchingEvaluation::Outcome::Cancelled)
+        return evaluation;
+    const auto job = std::make_shared<Job>();
+    job->references = references;
+    job->measured = measured;
+    job->order = order;
+    job->thread.reset(QThread::create([work = job.get()] {
+        work->evaluation = MatchingEvaluation::of(work->references, work->measured, work->order, [work] {
+            return !work->cancelled.load(std::memory_order_relaxed);
+        });
+    }));
+    m_job = job;
+    connect(job->thread.get(), &QThread::finished, this, [this, job] { finish(job); });
+    job->thread->start();
+    return std::nullopt;
+}
+
+void EvaluationRun::cancel()
+{
+    if (!m_job)
+        return;
+    const std::shared_ptr<Job> job = std::move(m_job);
+    m_job = nullptr;
+    job->cancelled = true;
+    job->thread->disconnect(this);
+    job->thread->wait();
+}
+
+void EvaluationRun::finish(const std::shared_ptr<Job> &job)
+{
+    if (job != m_job)
+        return;
+    // The connection holds the job, and the job the thread that the connection belongs to.
+    job->thread->disconnect(this);
+    job->thread->wait();
+    m_job = nullptr;
+    emit finished(MatchingEvaluation(job->evaluation));
+}

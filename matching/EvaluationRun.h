@@ -1,0 +1,45 @@
+#pragma once
+
+#include "MatchingEvaluation.h"
+#include "MatchingPoint.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+class QThread;
+
+/// Evaluates a matching: at once where that is quick, otherwise on a thread of its own.
+///
+/// The thread works on copies of the lists and touches nothing else. One evaluation runs at a time; a new one
+/// replaces it.
+class EvaluationRun : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit EvaluationRun(QObject *parent = nullptr);
+    /// Ends a running evaluation without a result.
+    ~EvaluationRun() override;
+
+    /// Returns the evaluation when it takes less than a tenth of a second of processor time. Otherwise it
+    /// goes on and finished() tells the result.
+    [[nodiscard]] std::optional<MatchingEvaluation>
+    start(const MatchingPoints &references, const MatchingPoints &measured, MatchingEvaluation::Order order);
+
+    [[nodiscard]] bool isRunning() const { return m_job != nullptr; }
+
+    /// Ends a running evaluation; finished() does not come.
+    void cancel();
+
+signals:
+    void finished(const MatchingEvaluation &evaluation);
+
+private:
+    struct Job;
+
+    void finish(const std::shared_ptr<Job> &job);
+
+    std::shared_ptr<Job> m_job;
+};

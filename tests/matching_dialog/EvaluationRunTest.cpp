@@ -1,0 +1,114 @@
+#include "EvaluationRun.h"
+#include "TestRegistry.h"
+
+#include <QSignalSpy>
+#include <QThread>
+#include <QtTest>
+
+#include <random>
+
+using Order = MatchingEvaluation::Order;
+using Outcome = MatchingEvaluation::Outcome;
+
+namespace
+{
+
+MatchingPoints points(std::size_t count, unsigned seed)
+{
+    std::minstd_rand random(seed);
+    std::uniform_real_distribution<double> coordinate(-1000.0, 1000.0);
+    MatchingPoints list(count);
+    for (MatchingPoint &point : list)
+        point = {coordinate(random), coordinate(random), coordinate(random)};
+    return list;
+}
+
+} // namespace
+
+class EvaluationRunTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldAnswerAtOnceWhatIsQuick();
+    void shouldGoOnWithWhatTakesLong();
+    void shouldForgetACancelledRun();
+    void shouldReplaceARunByTheNext();
+    void shouldEndWithItsOwner();
+};
+
+void EvaluationRunTest::shouldAnswerAtOnceWhatIsQuick()
+{
+    EvaluationRun run;
+    const MatchingPoints list = points(12, 1);
+    const auto evaluation = run.start(list, list, Order::Searched);
+    QVERIFY(evaluation.has_value());
+    QCOMPARE(evaluation->outcome, Outcome::Matched);
+    QVERIFY(!run.isRunning());
+    QCOMPARE(run.start({}, {}, Order::Preserved)->outcome, Outcome::NotEnoughPoints);
+}
+
+void EvaluationRunTest::shouldGoOnWithWhatTakesLong()
+{
+    EvaluationRun run;
+    std::vector<MatchingEvaluation> results;
+    connect(&run, &EvaluationRun::finished, this, [&](const MatchingEvaluation &evaluation) {
+        QCOMPARE(QThread::currentThread(), thread());
+        QVERIFY(!run.isRunning());
+        results.push_back(evaluation);
+    });
+    // The number of points for which unrelated sets take longer than a moment depends on the machine.
+    for (std::size_t count = 8; count < 16; ++count) {
+        const auto evaluation = run.start(points(count, 1), points(count, 2), Order::Searched);
+        if (evaluation)
+            continue;
+        QVERIFY(run.isRunning());
+        QTRY_VERIFY_WITH_TIMEOUT(!results.empty(), 120000);
+        QVERIFY(results.front().outcome == Outcome::Matched ||
+                results.front().outcome == Outcome::NoValidOrder);
+        return;
+    }
+    QFAIL("no search took long");
+}
+
+void EvaluationRunTest::shouldForgetACancelledRun()
+{
+    EvaluationRun run;
+    QSignalSpy finished(&run, &EvaluationRun::finished);
+    QVERIFY(!run.start(points(30, 1), points(30, 2), Order::Searched));
+    QElapsedTimer time;
+    time.start();
+    run.cancel();
+    QVERIFY(time.elapsed() < 5000);
+    QVERIFY(!run.isRunning());
+    QCoreApplication::processEvents();
+    QVERIFY(finished.isEmpty());
+    run.cancel();
+}
+
+void EvaluationRunTest::shouldReplaceARunByTheNext()
+{
+    EvaluationRun run;
+    QSignalSpy finished(&run, &EvaluationRun::finished);
+    QVERIFY(!run.start(points(30, 1), points(30, 2), Order::Searched));
+    const MatchingPoints list = points(5, 1);
+    QCOMPARE(run.start(list, list, Order::Searched)->outcome, Outcome::Matched);
+    QVERIFY(!run.isRunning());
+    QCoreApplication::processEvents();
+    QVERIFY(finished.isEmpty());
+}
+
+void EvaluationRunTest::shouldEndWithItsOwner()
+{
+    QElapsedTimer time;
+    {
+        EvaluationRun run;
+        QVERIFY(!run.start(points(30, 1), points(30, 2), Order::Searched));
+        time.start();
+    }
+    QVERIFY(time.elapsed() < 5000);
+}
+
+ROOM_TEST_CLASS(EvaluationRunTest)
+
+#include "EvaluationRunTest.moc"
