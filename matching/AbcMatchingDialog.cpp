@@ -1,0 +1,575 @@
+#include "AbcMatchingDialog.h"
+
+#include "EvaluationRun.h"
+#include "IOManager.h"
+#include "MatchingEvaluation.h"
+#include "MatchingHelp.h"
+#include "MatchingReport.h"
+#include "NumberText.h"
+#include "PointFilePrompt.h"
+#include "Prompt.h"
+#include "Resources.h"
+#include "SearchProgress.h"
+#include "ui_AbcMatchingDialog.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QTableWidget>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstring>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+
+constexpr auto trackingStatusInterval = 200ms;
+constexpr int noResult = 0;
+constexpr int undecodable = -2;
+
+/// Whole hundredths of a second, as the progress bar counts them.
+int hundredths(double seconds)
+{
+    constexpr double most = 1e9;
+    const double value = seconds * 100.0;
+    return std::isfinite(value) ? static_cast<int>(std::clamp(value, -most, most)) : 0;
+}
+
+MatchingPoint toPoint(const bsVector &vector)
+{
+    return {vector.x, vector.y, vector.z};
+}
+
+} // namespace
+
+AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions *versions, QWidget *parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::AbcMatchingDialogClass>())
+    , m_controller(commands, versions)
+    , m_run(new EvaluationRun(this))
+    , m_progress(new SearchProgress(this))
+{
+    loadResources();
+    m_ui->setupUi(this);
+    m_referenceTable =
+        std::make_unique<PointTable>(m_ui->tableWidget_referencePoints, PointTable::Cells::Editable);
+    m_measuredTable =
+        std::make_unique<PointTable>(m_ui->tableWidget_measuredPoints, PointTable::Cells::ReadOnly);
+    m_timer.setInterval(trackingStatusInterval);
+    m_ui->label_error->hide();
+    showNotice(m_notice);
+    connectOwnSignals();
+    showTrackingStatus();
+    showState();
+}
+
+AbcMatchingDialog::~AbcMatchingDialog() = default;
+
+void AbcMatchingDialog::connectOwnSignals()
+{
+    connect(this, &AbcMatchingDialog::startTipMea, this, &AbcMatchingDialog::on_w_measureButton_clicked);
+    connect(this, &AbcMatchingDialog::do_updateProgressbar, this, &AbcMatchingDialog::updateProgressbar);
+    connect(this, &AbcMatchingDialog::do_addMeasuredPoint, this, &AbcMatchingDialog::addMeasuredPoint);
+    connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
+    connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
+    connect(m_run, &EvaluationRun::finished, this, &AbcMatchingDialog::showEvaluation);
+    connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
+}
+
+// --- Opening and closing
+
+int AbcMatchingDialog::update_and_exec()
+{
+    if (isVisible() || m_opening) {
+        raise();
+        activateWindow();
+        return noResult;
+    }
+    const QPointer<AbcMatchingDialog> self(this);
+    m_opening = true;
+    startAnew();
+    const ToolSurvey survey = surveyTools(m_controller);
+    if (self.isNull())
+        return noResult;
+    m_opening = false;
+    showSurvey(survey);
+    return exec();
+}
+
+void AbcMatchingDialog::startAnew()
+{
+    m_toolCount = 0;
+    m_toolReady = false;
+    m_measuring = false;
+    m_sampler.restart();
+}
+
+void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
+{
+    using Verdict = ToolSurvey::Verdict;
+    m_toolCount = survey.toolCount;
+    m_toolReady = survey.verdict == Verdict::Ready;
+    m_opened = m_toolReady || survey.verdict == Verdict::NotCalibrated;
+    fillToolList(survey.calibrated);
+    setUsable(m_opened);
+    showNotice(m_notice);
+    const bool noTool = survey.verdict == Verdict::NotCalibrated;
+    m_ui->label_error->setText(noTool ? tr("<b><font color=red>No Measurement Tool available!</font></b>")
+                                      : QString());
+    m_ui->label_error->setVisible(noTool);
+    if (survey.verdict == Verdict::NotSupported)
+        showNotice(tr("This controller does not support measuring points with a measurement tool."));
+    if (survey.verdict == Verdict::NotAvailable)
+        showNotice(tr("The controller offers no measurement tool."));
+    m_ui->progressBar->setValue(0);
+    showTrackingStatus();
+    m_ui->w_measureButton->setEnabled(m_toolReady);
+    if (m_toolReady)
+        m_timer.start();
+}
+
+void AbcMatchingDialog::fillToolList(const std::vector<int> &tools)
+{
+    const int previous = m_ui->comboBox_meatool->currentIndex();
+    {
+        const QSignalBlocker blocker(m_ui->comboBox_meatool);
+        m_ui->comboBox_meatool->clear();
+        for (const int tool : tools)
+            m_ui->comboBox_meatool->addItem(tr("M%1").arg(tool), tool);
+        const bool kept = previous >= 0 && previous < m_ui->comboBox_meatool->count();
+        m_ui->comboBox_meatool->setCurrentIndex(kept ? previous
+                                                     : std::min(0, m_ui->comboBox_meatool->count() - 1));
+    }
+    selectCurrentTool();
+}
+
+void AbcMatchingDialog::selectCurrentTool()
+{
+    const QVariant tool = m_ui->comboBox_meatool->currentData();
+    m_sampler.selectTool(tool.isValid() ? tool.toInt() : ToolSampler::noTool);
+}
+
+/// Disables every control but Cancel, or gives each the state that fits.
+void AbcMatchingDialog::setUsable(bool usable)
+{
+    m_usable = usable;
+    const QList<QWidget *> controls = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget *control : controls) {
+        if (!control->isWindow())
+            control->setEnabled(usable || control == m_ui->w_closeButton);
+    }
+    showState();
+}
+
+void AbcMatchingDialog::showState()
+{
+    const bool busy = m_run->isRunning();
+    const bool free = m_usable && !busy;
+    m_ui->tableWidget_referencePoints->setEnabled(free);
+    m_ui->w_loadButton->setEnabled(free);
+    m_ui->pushButton_save->setEnabled(free && m_referenceTable->rowCount() > 0);
+    m_ui->pushButton_addRefPoint->setEnabled(free);
+    m_ui->pushButton_removeRefPoint->setEnabled(free);
+    m_ui->w_orderCheckBox->setEnabled(free);
+    m_ui->w_replaceCheckBox->setEnabled(free && m_measuredTable->selectedRow() >= 0);
+    m_ui->w_removeButton->setEnabled(free);
+    m_ui->pushButton_clearMeaPoints->setEnabled(free && m_measuredTable->rowCount() > 0);
+    m_ui->progressBar->setEnabled(m_usable && m_toolReady);
+    m_ui->w_applyButton->setEnabled(free && m_valid);
+}
+
+void AbcMatchingDialog::closeEvent(QCloseEvent *event)
+{
+    m_timer.stop();
+    m_opened = false;
+    if (m_run->isRunning())
+        cancelSearch();
+    QDialog::closeEvent(event);
+}
+
+void AbcMatchingDialog::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        close();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+/// A selected row stays in sight when the tables get lower.
+void AbcMatchingDialog::resizeEvent(QResizeEvent *event)
+{
+    QDialog::resizeEvent(event);
+    m_referenceTable->showSelectedRow();
+    m_measuredTable->showSelectedRow();
+}
+
+void AbcMatchingDialog::on_w_closeButton_clicked()
+{
+    close();
+}
+
+void AbcMatchingDialog::on_w_applyButton_clicked()
+{
+    apply();
+}
+
+void AbcMatchingDialog::apply()
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    emit applyTrafoRequest(bsMatrix(m_transformation));
+    if (!self.isNull())
+        close();
+}
+
+void AbcMatchingDialog::on_pushButton_help_clicked()
+{
+    const QPointer<MatchingHelp> help = new MatchingHelp(this);
+    help->exec();
+    delete help.data();
+}
+
+// --- Measuring
+
+int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
+{
+    if (!m_sampler.decode(text))
+        return undecodable;
+    constexpr char endingKind[] = "6dmt ";
+    const bool ends = kind && std::strncmp(kind, endingKind, sizeof endingKind - 1) == 0;
+    if (ends || !m_opened || m_run->isRunning())
+        return noResult;
+    const QPointer<AbcMatchingDialog> self(this);
+    const int count = std::min(m_toolCount, m_sampler.toolCount());
+    for (int index = 0; index < count && !self.isNull(); ++index)
+        takeStep(m_sampler.sample(index));
+    return noResult;
+}
+
+void AbcMatchingDialog::takeStep(const ToolSampler::Step &step)
+{
+    switch (step.event) {
+    case ToolSampler::Event::StartRequested:
+        emit startTipMea();
+        break;
+    case ToolSampler::Event::Sampled:
+        emit do_updateProgressbar(step.elapsed);
+        break;
+    case ToolSampler::Event::Ended:
+        endMeasurement(step.judgement);
+        break;
+    case ToolSampler::Event::FirstSample:
+    case ToolSampler::Event::Ignored:
+        break;
+    }
+}
+
+void AbcMatchingDialog::endMeasurement(const TipMeasurement::Judgement &judgement)
+{
+    using Outcome = TipMeasurement::Outcome;
+    const QPointer<AbcMatchingDialog> self(this);
+    if (judgement.outcome == Outcome::Point) {
+        m_mean = judgement.mean;
+        emit do_setTrafoText(QString());
+        if (!self.isNull())
+            emit do_addMeasuredPoint();
+    } else if (judgement.outcome == Outcome::TipMoved) {
+        emit do_setTrafoText(MatchingReport::tipMoved(judgement.variance, judgement.standardDeviation));
+    } else if (judgement.outcome == Outcome::EndedEarly) {
+        emit do_setTrafoText(MatchingReport::tipMoved());
+    }
+    if (!self.isNull())
+        emit do_updateProgressbar(0.0);
+}
+
+void AbcMatchingDialog::on_w_measureButton_clicked()
+{
+    const int tool = m_sampler.selectedTool();
+    if (tool == ToolSampler::noTool || m_starting || m_run->isRunning())
+        return;
+    const QPointer<AbcMatchingDialog> self(this);
+    const ControllerAccess controller = m_controller;
+    m_starting = true;
+    m_measuring = true;
+    m_ui->w_measureButton->setEnabled(false);
+    const double duration = controller.measurementDuration(tool);
+    if (self.isNull())
+        return;
+    m_ui->progressBar->setRange(0, std::max(0, hundredths(duration)));
+    m_ui->progressBar->setValue(0);
+    const double tolerance = controller.tipTolerance(tool);
+    if (self.isNull())
+        return;
+    m_sampler.setLimits(duration, tolerance);
+    controller.startTipMeasurement(tool);
+    if (!self.isNull())
+        m_starting = false;
+}
+
+void AbcMatchingDialog::updateProgressbar(const double &elapsed)
+{
+    const int value = hundredths(elapsed);
+    const int end = m_ui->progressBar->maximum();
+    m_ui->progressBar->setValue(end > 0 ? std::min(value, end) : value);
+    m_measuring = elapsed > 0.0;
+}
+
+void AbcMatchingDialog::showTrackingStatus()
+{
+    const bool selected = m_sampler.selectedTool() != ToolSampler::noTool;
+    const bool tracked = selected && m_sampler.isTracked();
+    if (!tracked || m_run->isRunning())
+        m_ui->w_measureButton->setEnabled(false);
+    else if (!m_measuring)
+        m_ui->w_measureButton->setEnabled(m_usable);
+    QLabel *icon = m_ui->label_trackedIcon;
+    icon->setPixmap(QPixmap(tracked    ? QStringLiteral(":/green.png")
+                            : selected ? QStringLiteral(":/red.png")
+                                       : QStringLiteral(":/grey.png")));
+    icon->setToolTip(tracked    ? tr("The measurement tool is tracked")
+                     : selected ? tr("The measurement tool is not tracked")
+                                : tr("No measurement tool is selected"));
+    icon->setAccessibleDescription(icon->toolTip());
+}
+
+void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
+{
+    Q_UNUSED(index)
+    selectCurrentTool();
+}
+
+void AbcMatchingDialog::addMeasuredPoint()
+{
+    const int row = m_measuredTable->selectedRow();
+    const QCheckBox *replace = m_ui->w_replaceCheckBox;
+    if (replace->isChecked() && replace->isEnabled() && row >= 0) {
+        m_measuredPoints[static_cast<std::size_t>(row)] = toPoint(m_mean);
+        m_measuredTable->setPoint(row, toPoint(m_mean));
+    } else {
+        m_measuredPoints.push_back(toPoint(m_mean));
+        m_measuredTable->append(toPoint(m_mean));
+    }
+    evaluate();
+}
+
+// --- The lists of points
+
+void AbcMatchingDialog::on_tableWidget_measuredPoints_itemSelectionChanged()
+{
+    showState();
+}
+
+void AbcMatchingDialog::on_w_removeButton_clicked()
+{
+    remove();
+}
+
+void AbcMatchingDialog::remove()
+{
+    const int row = m_measuredTable->selectedRow();
+    if (row < 0 || !confirm(tr("Remove row %1?").arg(row + 1)) || row >= m_measuredTable->rowCount())
+        return;
+    m_measuredTable->removeRow(row);
+    m_measuredPoints.erase(m_measuredPoints.begin() + row);
+    evaluate();
+}
+
+void AbcMatchingDialog::on_pushButton_clearMeaPoints_clicked()
+{
+    if (m_measuredTable->rowCount() == 0 || !confirm(tr("Remove all measured points?")))
+        return;
+    m_measuredTable->clear();
+    m_measuredPoints.clear();
+    evaluate();
+}
+
+void AbcMatchingDialog::on_pushButton_removeRefPoint_clicked()
+{
+    if (m_referenceTable->rowCount() == 0)
+        return;
+    const int row = m_referenceTable->selectedRow();
+    if (row < 0) {
+        inform(QMessageBox::Information, tr("Remove"), tr("Nothing selected."));
+    } else if (confirm(tr("Remove row %1?").arg(row + 1)) && row < m_referenceTable->rowCount()) {
+        m_referenceTable->removeRow(row);
+        takeReferenceCells();
+    }
+}
+
+void AbcMatchingDialog::on_pushButton_addRefPoint_clicked()
+{
+    m_referenceTable->append({0.0, 0.0, 0.0});
+    takeReferenceCells();
+}
+
+void AbcMatchingDialog::on_tableWidget_referencePoints_clicked(QModelIndex index)
+{
+    onRPSelected(index);
+}
+
+void AbcMatchingDialog::onRPSelected(QModelIndex index)
+{
+    Q_UNUSED(index)
+    showState();
+}
+
+void AbcMatchingDialog::on_tableWidget_referencePoints_itemChanged(QTableWidgetItem *item)
+{
+    if (!m_opened || !item)
+        return;
+    const QString entered = item->text();
+    QString text = entered;
+    const bool valid = normalizeNumberText(text);
+    m_referenceTable->setText(item->row(), item->column(), text);
+    if (valid)
+        takeReferenceCells();
+    else if (!m_referenceTable->isBeingEdited(item))
+        refuseNumber(entered);
+    else // after the editor has handed over its text: it would not survive this dialog's end in a message box
+        QTimer::singleShot(0, this, [this, entered] { refuseNumber(entered); });
+}
+
+void AbcMatchingDialog::refuseNumber(const QString &entered)
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    inform(QMessageBox::Critical, tr("Error"), tr("'%1' is not a number!").arg(entered));
+    if (!self.isNull())
+        takeReferenceCells();
+}
+
+void AbcMatchingDialog::takeReferenceCells()
+{
+    m_referencePoints = m_referenceTable->points();
+    evaluate();
+}
+
+void AbcMatchingDialog::on_w_loadButton_clicked()
+{
+    load();
+}
+
+void AbcMatchingDialog::load()
+{
+    using Result = ReferencePointFile::LoadResult;
+    const QString name = PointFilePrompt::fileToLoad(this, tr("Open reference points file..."),
+                                                     tr("Text files (*.txt);; All files (*.*)"));
+    if (name.isEmpty())
+        return;
+    const Result result = ReferencePointFile::load(name, m_referencePoints);
+    if (result == Result::UnknownFormat) {
+        inform(QMessageBox::Warning, tr("Error loading file"), tr("Unknown format !"));
+    } else if (result == Result::Loaded) {
+        m_referenceTable->setPoints(m_referencePoints);
+        evaluate();
+    }
+}
+
+void AbcMatchingDialog::on_pushButton_save_clicked()
+{
+    if (m_referenceTable->rowCount() == 0) {
+        inform(QMessageBox::Critical, QStringLiteral("Save"), QStringLiteral("Nothing to save."));
+        return;
+    }
+    const QString name =
+        PointFilePrompt::fileToSave(this, tr("Save reference points"), tr("Text file (*.txt)"));
+    if (!name.isEmpty())
+        static_cast<void>(ReferencePointFile::save(name, m_referenceTable->texts()));
+}
+
+/// False also when this dialog was destroyed while it asked.
+bool AbcMatchingDialog::confirm(const QString &question)
+{
+    return Prompt::ask(this, QMessageBox::Warning, tr("Warning"), question,
+                       QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
+void AbcMatchingDialog::inform(QMessageBox::Icon icon, const QString &title, const QString &text)
+{
+    Prompt::ask(this, icon, title, text, QMessageBox::Ok);
+}
+
+// --- The evaluation
+
+void AbcMatchingDialog::on_w_orderCheckBox_toggled(bool toggled)
+{
+    onOrderToggled(toggled);
+}
+
+void AbcMatchingDialog::onOrderToggled(bool toggled)
+{
+    Q_UNUSED(toggled)
+    evaluate();
+}
+
+void AbcMatchingDialog::evaluate()
+{
+    m_valid = false;
+    m_transformedPoints.clear();
+    m_notice.clear();
+    m_referenceTable->clearMark();
+    m_measuredTable->clearMark();
+    const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
+                                                ? MatchingEvaluation::Order::Preserved
+                                                : MatchingEvaluation::Order::Searched;
+    const std::optional<MatchingEvaluation> evaluation =
+        m_run->start(m_referencePoints, m_measuredPoints, order);
+    if (evaluation) {
+        showEvaluation(*evaluation);
+        return;
+    }
+    m_sampler.drop();
+    updateProgressbar(0.0);
+    m_progress->start();
+    setTrafoText(MatchingReport::searching());
+    showNotice(m_notice);
+    showState();
+    showTrackingStatus();
+}
+
+void AbcMatchingDialog::cancelSearch()
+{
+    m_run->cancel();
+    MatchingEvaluation evaluation;
+    evaluation.outcome = MatchingEvaluation::Outcome::Cancelled;
+    showEvaluation(evaluation);
+}
+
+void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
+{
+    m_progress->stop();
+    m_valid = evaluation.outcome == MatchingEvaluation::Outcome::Matched;
+    if (m_valid) {
+        m_transformedPoints = evaluation.mapped;
+        m_transformation = evaluation.roomFromReference;
+        markWorstRows(evaluation);
+    }
+    showState();
+    m_notice = MatchingReport::notice(evaluation);
+    showNotice(m_notice);
+    setTrafoText(MatchingReport::report(evaluation));
+    emit updateRequest();
+}
+
+void AbcMatchingDialog::markWorstRows(const MatchingEvaluation &evaluation)
+{
+    if (evaluation.worstPair < 0)
+        return;
+    const auto worst = static_cast<std::size_t>(evaluation.worstPair);
+    const QString reason = MatchingReport::worstRow(evaluation.distancesMm[worst]);
+    m_referenceTable->mark(evaluation.worstPair, reason);
+    m_measuredTable->mark(evaluation.order[worst], reason);
+}
+
+void AbcMatchingDialog::setTrafoText(const QString &text)
+{
+    m_ui->w_trafoText->setPlainText(text);
+}
+
+void AbcMatchingDialog::showNotice(const QString &text)
+{
+    m_ui->label_notice->setText(text);
+    m_ui->label_notice->setVisible(!text.isEmpty());
+}

@@ -1,0 +1,138 @@
+#pragma once
+
+#include "ControllerAccess.h"
+#include "MatchingPoint.h"
+#include "PointTable.h"
+#include "ToolSampler.h"
+#include "ToolSurvey.h"
+#include "bsMatrix.h"
+#include "bsVector.h"
+
+#include <QDialog>
+#include <QMessageBox>
+#include <QModelIndex>
+#include <QTimer>
+
+#include <memory>
+
+class EvaluationRun;
+class QTableWidgetItem;
+class SearchProgress;
+struct BackendVersions;
+struct MatchingEvaluation;
+
+namespace Ui
+{
+class AbcMatchingDialogClass;
+}
+
+/// Adjusts the room by points that are measured with a measurement tool and matched to reference points.
+///
+/// After every change of either list the transformation is evaluated and reported. Units: millimetres and
+/// seconds. Lists, report and result outlast a closing; the state of the measurement begins anew at each
+/// opening. An evaluation that takes long goes on while the window stays alive; no point is taken meanwhile.
+class AbcMatchingDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// Neither the channel nor the versions are owned; both may be null. No call is made here.
+    AbcMatchingDialog(IOManager *commands, const BackendVersions *versions, QWidget *parent = nullptr);
+    ~AbcMatchingDialog() override;
+
+    /// Takes a measurement record of the subscribed kind. Returns 0, or -2 for a record that cannot be
+    /// decoded.
+    int dataReceived(const char *kind, const char *text);
+
+signals:
+    void startTipMea();
+    void updateRequest();
+    /// The transformation takes reference coordinates to coordinates of the room as it is now.
+    void applyTrafoRequest(const bsMatrix &matrix);
+    /// Seconds since the first sample of the measurement; 0 when there is none.
+    void do_updateProgressbar(const double &elapsed);
+    void do_addMeasuredPoint();
+    void do_setTrafoText(const QString &text);
+
+public slots:
+    /// Reads the state of the measurement tools and runs the dialog modally. Raises a dialog that is open
+    /// already.
+    int update_and_exec();
+    void on_pushButton_clearMeaPoints_clicked();
+    void on_pushButton_help_clicked();
+    void on_tableWidget_referencePoints_clicked(QModelIndex index);
+    void on_tableWidget_referencePoints_itemChanged(QTableWidgetItem *item);
+    void on_tableWidget_measuredPoints_itemSelectionChanged();
+    void on_comboBox_meatool_currentIndexChanged(int index);
+    void on_pushButton_removeRefPoint_clicked();
+    void on_pushButton_addRefPoint_clicked();
+    void on_pushButton_save_clicked();
+    void on_w_orderCheckBox_toggled(bool toggled);
+    void on_w_applyButton_clicked();
+    void on_w_removeButton_clicked();
+    void on_w_measureButton_clicked();
+    void on_w_loadButton_clicked();
+    void on_w_closeButton_clicked();
+    void load();
+    void remove();
+    void apply();
+    void onRPSelected(QModelIndex index);
+    void onOrderToggled(bool toggled);
+    void updateProgressbar(const double &elapsed);
+    void showTrackingStatus();
+    void addMeasuredPoint();
+    void setTrafoText(const QString &text);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void connectOwnSignals();
+
+    void startAnew();
+    void showSurvey(const ToolSurvey &survey);
+    void fillToolList(const std::vector<int> &tools);
+    void selectCurrentTool();
+    void setUsable(bool usable);
+    void showState();
+    void showNotice(const QString &text);
+
+    void takeStep(const ToolSampler::Step &step);
+    void endMeasurement(const TipMeasurement::Judgement &judgement);
+
+    void takeReferenceCells();
+    void refuseNumber(const QString &entered);
+    bool confirm(const QString &question);
+    void inform(QMessageBox::Icon icon, const QString &title, const QString &text);
+
+    void evaluate();
+    void cancelSearch();
+    void showEvaluation(const MatchingEvaluation &evaluation);
+    void markWorstRows(const MatchingEvaluation &evaluation);
+
+    std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
+    ControllerAccess m_controller;
+    QTimer m_timer;
+    ToolSampler m_sampler;
+    std::unique_ptr<PointTable> m_referenceTable;
+    std::unique_ptr<PointTable> m_measuredTable;
+    EvaluationRun *m_run;
+    SearchProgress *m_progress;
+
+    int m_toolCount = 0;
+    bool m_toolReady = false; ///< at least one tool has a calibrated tip
+    bool m_measuring = false;
+    bool m_starting = false; ///< the calls that start a measurement go on
+    bool m_opening = false;  ///< the calls that open the dialog go on
+    bool m_opened = false;
+    bool m_usable = true;
+    bool m_valid = false; ///< the last evaluation succeeded
+    bsVector m_mean;
+    MatchingPoints m_referencePoints;
+    MatchingPoints m_measuredPoints;
+    MatchingPoints m_transformedPoints;
+    bsMatrix m_transformation;
+    QString m_notice;
+};

@@ -1,0 +1,107 @@
+#include "MatchingReport.h"
+
+#include "MatchingEvaluation.h"
+
+#include <QStringList>
+
+namespace
+{
+
+QString twoDecimals(double value)
+{
+    return QString::number(value, 'f', 2);
+}
+
+} // namespace
+
+QString MatchingReport::report(const MatchingEvaluation &evaluation)
+{
+    using Outcome = MatchingEvaluation::Outcome;
+    switch (evaluation.outcome) {
+    case Outcome::NotEnoughPoints:
+        return tr("Cannot evaluate the transformation : not enough points.");
+    case Outcome::CountsDiffer:
+        return tr(
+            "Cannot evaluate the transformation : number of reference and measured points is different.");
+    case Outcome::NoValidOrder:
+        return tr("No valid permutation to match transformation.");
+    case Outcome::StartFailed:
+        return tr("Error when calculating matching transformation (trafo3d_3trafo) : %1")
+            .arg(evaluation.code);
+    case Outcome::RefinementFailed:
+        return tr("Error when optimizing matching transformation (trafo3d_opttrafo) : %1")
+            .arg(evaluation.code);
+    case Outcome::Cancelled:
+        return cancelled();
+    case Outcome::Matched:
+        return success(evaluation);
+    }
+    return {};
+}
+
+QString MatchingReport::success(const MatchingEvaluation &evaluation)
+{
+    QString text = tr("Transformation evaluation report :\nResidual error : %1").arg(evaluation.rmsMm);
+    for (std::size_t i = 0; i < evaluation.mapped.size(); ++i) {
+        const MatchingPoint &point = evaluation.mapped[i];
+        text += tr("\n Point %1 -> %2 : (%3, %4, %5) ; distance to reference point = %6")
+                    .arg(i + 1)
+                    .arg(evaluation.order[i] + 1)
+                    .arg(twoDecimals(point[0]), twoDecimals(point[1]), twoDecimals(point[2]),
+                         twoDecimals(evaluation.distancesMm[i]));
+    }
+    return text + tr("\nAll values are in [mm]");
+}
+
+QString MatchingReport::notice(const MatchingEvaluation &evaluation)
+{
+    QStringList reasons;
+    if (evaluation.geometry.nearlyCoinciding)
+        reasons << tr("Not reliable: some reference points nearly coincide.");
+    if (evaluation.geometry.nearlyOnLine)
+        reasons << tr(
+            "Not reliable: the reference points lie nearly on a line, so the rotation about it is uncertain. "
+            "Add a point beside the line.");
+    else if (evaluation.geometry.firstThreeNearlyOnLine)
+        reasons << tr(
+            "Not reliable: the first three reference points lie on a line, or nearly so. Put three points "
+            "first that are not on a line.");
+    if (evaluation.otherOrderFits)
+        reasons << tr(
+            "Not reliable: another order of the measured points fits equally well; the object may be "
+            "symmetric. Measure in the order of the table and check \"preserve order of points\".");
+    return reasons.join(QLatin1Char('\n'));
+}
+
+QString MatchingReport::cancelled()
+{
+    return tr("The search for the best order of the measured points was cancelled.\nMeasure the points in "
+              "the order "
+              "of the table and check \"preserve order of points\".");
+}
+
+QString MatchingReport::searching()
+{
+    return tr("Searching for the best order of the measured points ...");
+}
+
+QString MatchingReport::tipMoved()
+{
+    return tr("Measurement failed :\nTip moved too much during measurement");
+}
+
+QString MatchingReport::tipMoved(double variance, double standardDeviation)
+{
+    return tr("Measurement failed :\nTip moved too much during measurement:\n\to Variance = %1\n\to Standard "
+              "deviation "
+              "= %2")
+        .arg(twoDecimals(variance), twoDecimals(standardDeviation));
+}
+
+QString MatchingReport::worstRow(double distance)
+{
+    return tr("The distance of this point, %1 mm, is the largest and more than three times the median "
+              "distance. Check "
+              "it or measure it again.")
+        .arg(twoDecimals(distance));
+}

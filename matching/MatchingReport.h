@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+struct MatchingEvaluation;
+
+/// The sentences in which the matching dialog tells the result of an evaluation.
+class MatchingReport
+{
+    Q_DECLARE_TR_FUNCTIONS(AbcMatchingDialog)
+
+public:
+    [[nodiscard]] static QString report(const MatchingEvaluation &evaluation);
+
+    /// Why the result is not reliable, one sentence per reason; empty when nothing speaks against it.
+    [[nodiscard]] static QString notice(const MatchingEvaluation &evaluation);
+
+    [[nodiscard]] static QString cancelled();
+    [[nodiscard]] static QString searching();
+    [[nodiscard]] static QString tipMoved();
+    [[nodiscard]] static QString tipMoved(double variance, double standardDeviation);
+    [[nodiscard]] static QString worstRow(double distance);
+
+private:
+    [[nodiscard]] static QString success(const MatchingEvaluation &evaluation);
+};

@@ -1,0 +1,38 @@
+#include "ToolSurvey.h"
+
+#include <algorithm>
+
+namespace
+{
+
+/// A controller that claims more tools is not asked about the others.
+constexpr int mostTools = 1000;
+
+bool anyTipIsCalibrated(const ControllerAccess &controller, int toolCount)
+{
+    for (int tool = 1; tool <= toolCount; ++tool) {
+        if (controller.tipIsCalibrated(tool))
+            return true;
+    }
+    return false;
+}
+
+} // namespace
+
+ToolSurvey surveyTools(ControllerAccess controller)
+{
+    ToolSurvey survey;
+    if (!controller.supports(ControllerFeature::PointMeasurement))
+        return survey;
+    survey.verdict = ToolSurvey::Verdict::NotAvailable;
+    if (controller.measurementToolAvailable() != Reply::Yes)
+        return survey;
+    survey.toolCount = std::clamp(controller.numberOfMeasurementTools(), 0, mostTools);
+    const bool ready = anyTipIsCalibrated(controller, survey.toolCount);
+    survey.verdict = ready ? ToolSurvey::Verdict::Ready : ToolSurvey::Verdict::NotCalibrated;
+    for (int tool = 1; tool <= survey.toolCount; ++tool) {
+        if (controller.tipIsCalibratedQuietly(tool))
+            survey.calibrated.push_back(tool);
+    }
+    return survey;
+}

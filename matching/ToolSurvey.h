@@ -1,0 +1,24 @@
+#pragma once
+
+#include "ControllerAccess.h"
+
+#include <vector>
+
+/// What the controller tells about its measurement tools when the matching dialog opens.
+struct ToolSurvey {
+    enum class Verdict {
+        NotSupported,  ///< the controller is too old to measure points
+        NotAvailable,  ///< it has no measurement tool, or did not answer
+        NotCalibrated, ///< no tool has a calibrated tip
+        Ready,
+    };
+
+    Verdict verdict = Verdict::NotSupported;
+    int toolCount = 0;
+    /// The numbers, from 1, of the tools with a calibrated tip.
+    std::vector<int> calibrated;
+};
+
+/// Asks the controller; failures are reported where ControllerAccess says so. The access is taken by value so
+/// that the caller may be destroyed while a call lasts.
+[[nodiscard]] ToolSurvey surveyTools(ControllerAccess controller);

@@ -1,0 +1,439 @@
+#include "OpenedDialog.h"
+#include "TestRegistry.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QProgressDialog>
+#include <QTableWidget>
+#include <QtTest>
+
+#include <cmath>
+#include <random>
+
+namespace
+{
+
+constexpr auto referenceTable = "tableWidget_referencePoints";
+constexpr auto measuredTable = "tableWidget_measuredPoints";
+
+/// A quarter turn about z and a shift.
+MatchingPoint moved(const MatchingPoint &p)
+{
+    return {100.0 - p[1], 200.0 + p[0], -50.0 + p[2]};
+}
+
+const MatchingPoints corners{{0, 0, 0}, {500, 0, 0}, {0, 300, 0}};
+
+void enter(OpenedDialog &opened, const MatchingPoints &references)
+{
+    for (const MatchingPoint &point : references)
+        opened.addReference(point);
+}
+
+void measureIn(OpenedDialog &opened, const MatchingPoints &references, const std::vector<int> &order)
+{
+    for (const int index : order)
+        opened.measure(moved(references[static_cast<std::size_t>(index)]));
+}
+
+bool isMarked(const QTableWidget *table, int row)
+{
+    return table->item(row, 0)->font().bold() && !table->item(row, 0)->toolTip().isEmpty() &&
+           !table->item(row, 0)->icon().isNull();
+}
+
+/// Points that no order can lay on each other, so that the search has to look at most of them.
+MatchingPoints unrelated(std::size_t count, unsigned seed)
+{
+    std::minstd_rand random(seed);
+    std::uniform_real_distribution<double> coordinate(-1000.0, 1000.0);
+    MatchingPoints points(count);
+    for (MatchingPoint &point : points)
+        point = {std::round(coordinate(random)), std::round(coordinate(random)),
+                 std::round(coordinate(random))};
+    return points;
+}
+
+} // namespace
+
+class MatchingResultTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldAskForMorePoints();
+    void shouldAskForEqualNumbers();
+    void shouldFindTheOrderAndReportIt();
+    void shouldKeepTheOrderWhenTold();
+    void shouldReportACollinearStart();
+    void shouldReportThatNoOrderIsValid();
+    void shouldReportAFailedRefinement();
+    void shouldPrintWithThePointInEveryLocale();
+    void shouldHandOutTheInverseTransformation();
+    void shouldEnableApplyOnlyAfterASuccess();
+    void shouldKeepListsReportAndResultOverAClosing();
+    void shouldMarkTheWorstRows();
+    void shouldNotMarkRowsWithoutReason();
+    void shouldNoticeASymmetricObject();
+    void shouldNoticePointsNearlyOnALine();
+    void shouldNoticePointsThatNearlyCoincide();
+    void shouldCancelALongSearch_data();
+    void shouldCancelALongSearch();
+    void shouldFinishALongSearch();
+    void shouldReplaceARunningSearch();
+    void shouldSurviveItsEndDuringASearch();
+};
+
+void MatchingResultTest::shouldAskForMorePoints()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.measure({1, 2, 3});
+        QCOMPARE(opened.report(), QStringLiteral("Cannot evaluate the transformation : not enough points."));
+        enter(opened, {{0, 0, 0}, {1, 0, 0}});
+        QCOMPARE(opened.report(), QStringLiteral("Cannot evaluate the transformation : not enough points."));
+        QVERIFY(opened.notice().isEmpty());
+    });
+}
+
+void MatchingResultTest::shouldAskForEqualNumbers()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, corners);
+        QCOMPARE(opened.report(),
+                 QStringLiteral("Cannot evaluate the transformation : number of reference and "
+                                "measured points is different."));
+        QVERIFY(!opened.isEnabled("w_applyButton"));
+    });
+}
+
+void MatchingResultTest::shouldFindTheOrderAndReportIt()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, corners);
+        QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
+        measureIn(opened, corners, {1, 2, 0});
+        QCOMPARE(evaluated.count(), 3);
+        const QStringList lines = opened.report().split(QLatin1Char('\n'));
+        QCOMPARE(lines.size(), 6);
+        QCOMPARE(lines[0], QStringLiteral("Transformation evaluation report :"));
+        QVERIFY(lines[1].startsWith(QStringLiteral("Residual error : ")));
+        QVERIFY(lines[1].mid(17).toDouble() < 1e-6);
+        const QString zero = QStringLiteral("-?0\\.00");
+        const QString pattern =
+            QStringLiteral("^ Point 1 -> 3 : \\(%1, %1, %1\\) ; distance to reference point = 0\\.00$")
+                .arg(zero);
+        QVERIFY2(QRegularExpression(pattern).match(lines[2]).hasMatch(), qPrintable(lines[2]));
+        QVERIFY(lines[3].startsWith(QStringLiteral(" Point 2 -> 1 : (500.00, ")));
+        QVERIFY(lines[4].startsWith(QStringLiteral(" Point 3 -> 2 : (")));
+        QCOMPARE(lines[5], QStringLiteral("All values are in [mm]"));
+        QVERIFY(opened.isEnabled("w_applyButton"));
+    });
+}
+
+void MatchingResultTest::shouldKeepTheOrderWhenTold()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, corners);
+        measureIn(opened, corners, {1, 2, 0});
+        QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        QCOMPARE(evaluated.count(), 1);
+        QVERIFY(opened.report().contains(QStringLiteral("\n Point 1 -> 1 : ")));
+        QVERIFY(opened.report().section(QLatin1Char('\n'), 1, 1).mid(17).toDouble() > 100.0);
+        QVERIFY(opened.isEnabled("w_applyButton"));
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(false);
+        QVERIFY(opened.report().contains(QStringLiteral("\n Point 1 -> 3 : ")));
+    });
+}
+
+void MatchingResultTest::shouldReportACollinearStart()
+{
+    const MatchingPoints line{{0, 0, 0}, {100, 0, 0}, {200, 0, 0}, {0, 300, 0}};
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        enter(opened, line);
+        measureIn(opened, line, {0, 1, 2, 3});
+        QCOMPARE(opened.report(),
+                 QStringLiteral("Error when calculating matching transformation (trafo3d_3trafo) : -1"));
+        QVERIFY(!opened.isEnabled("w_applyButton"));
+        QVERIFY(opened.notice().contains(QStringLiteral("Put three points first that are not on a line")));
+    });
+}
+
+void MatchingResultTest::shouldReportThatNoOrderIsValid()
+{
+    const MatchingPoints line{{0, 0, 0}, {100, 0, 0}, {200, 0, 0}, {0, 300, 0}};
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, line);
+        measureIn(opened, line, {0, 1, 2, 3});
+        QCOMPARE(opened.report(), QStringLiteral("No valid permutation to match transformation."));
+        QVERIFY(!opened.isEnabled("w_applyButton"));
+        QVERIFY(!opened.notice().isEmpty());
+    });
+}
+
+void MatchingResultTest::shouldReportAFailedRefinement()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        const QRegularExpression expected(
+            QStringLiteral("^Error when optimizing matching transformation \\(trafo3d_opttrafo\\) : -[23]$"));
+        // Far apart from each other, most pairs of sets do not settle.
+        enter(opened, unrelated(8, 1));
+        for (const MatchingPoint &point : unrelated(8, 2))
+            opened.measure(point);
+        QVERIFY2(expected.match(opened.report()).hasMatch(), qPrintable(opened.report()));
+        QVERIFY(!opened.isEnabled("w_applyButton"));
+    });
+}
+
+void MatchingResultTest::shouldPrintWithThePointInEveryLocale()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, {{0, 0, 0}, {500, 0, 0}, {0, 300, 0}, {0, 0, 400}});
+        for (const MatchingPoint &point : MatchingPoints{{0, 0, 0}, {510, 0, 0}, {0, 300, 0}, {0, 0, 400}})
+            opened.measure(point);
+        QVERIFY(opened.report().section(QLatin1Char('\n'), 1, 1).contains(QLatin1Char('.')));
+        QVERIFY(!opened.report().section(QLatin1Char('\n'), 1, 1).contains(QLatin1Char(',')));
+    });
+}
+
+void MatchingResultTest::shouldHandOutTheInverseTransformation()
+{
+    OpenedDialog opened;
+    bsMatrix handed;
+    int count = 0;
+    connect(&opened.dialog(), &AbcMatchingDialog::applyTrafoRequest, [&](const bsMatrix &matrix) {
+        handed = matrix;
+        ++count;
+    });
+    opened.run([&] {
+        enter(opened, corners);
+        measureIn(opened, corners, {2, 0, 1});
+        opened.click("w_applyButton");
+        QVERIFY(!opened.dialog().isVisible());
+    });
+    QCOMPARE(count, 1);
+    for (const MatchingPoint &corner : corners) {
+        const bsVector measured = handed.transformPoint({corner[0], corner[1], corner[2]});
+        const MatchingPoint expected = moved(corner);
+        QVERIFY(std::fabs(measured.x - expected[0]) < 1e-6);
+        QVERIFY(std::fabs(measured.y - expected[1]) < 1e-6);
+        QVERIFY(std::fabs(measured.z - expected[2]) < 1e-6);
+    }
+}
+
+void MatchingResultTest::shouldEnableApplyOnlyAfterASuccess()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, corners);
+        measureIn(opened, corners, {0, 1, 2});
+        QVERIFY(opened.isEnabled("w_applyButton"));
+        opened.click("pushButton_addRefPoint");
+        QVERIFY(!opened.isEnabled("w_applyButton"));
+        opened.measure(moved({0, 0, 0}));
+        QVERIFY(opened.isEnabled("w_applyButton"));
+    });
+}
+
+void MatchingResultTest::shouldKeepListsReportAndResultOverAClosing()
+{
+    OpenedDialog opened;
+    QString report;
+    opened.run([&] {
+        enter(opened, corners);
+        measureIn(opened, corners, {0, 1, 2});
+        report = opened.report();
+    });
+    opened.run([&] {
+        QCOMPARE(opened.report(), report);
+        QCOMPARE(opened.rows(referenceTable), 3);
+        QCOMPARE(opened.rows(measuredTable), 3);
+        QVERIFY(opened.isEnabled("w_applyButton"));
+    });
+    opened.host().setAnswer(QStringLiteral("measurementtool available"), "no");
+    opened.run([&] { QVERIFY(!opened.isEnabled("w_applyButton")); });
+    opened.host().setAnswer(QStringLiteral("measurementtool available"), "yes");
+    opened.run([&] {
+        QVERIFY(opened.isEnabled("w_applyButton"));
+        QVERIFY(opened.notice().isEmpty());
+    });
+}
+
+void MatchingResultTest::shouldMarkTheWorstRows()
+{
+    const MatchingPoints ring{{300, 0, 0},   {200, 220, 0},   {20, 310, 0},  {-230, 190, 0},
+                              {-290, 10, 0}, {-200, -240, 0}, {30, -320, 0}, {210, -190, 0}};
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        enter(opened, ring);
+        for (const MatchingPoint &point : ring) {
+            MatchingPoint tip = moved(point);
+            if (point == ring[5])
+                tip[2] += 20.0;
+            opened.measure(tip);
+        }
+        for (int row = 0; row < 8; ++row) {
+            QCOMPARE(isMarked(opened.find<QTableWidget>(referenceTable), row), row == 5);
+            QCOMPARE(isMarked(opened.find<QTableWidget>(measuredTable), row), row == 5);
+        }
+        const QString reason = opened.find<QTableWidget>(measuredTable)->item(5, 2)->toolTip();
+        QVERIFY(reason.contains(QStringLiteral("three times the median")));
+        opened.find<QTableWidget>(measuredTable)->selectRow(5);
+        opened.find<QCheckBox>("w_replaceCheckBox")->setChecked(true);
+        opened.measure(moved(ring[5]));
+        QVERIFY(!isMarked(opened.find<QTableWidget>(referenceTable), 5));
+        QVERIFY(!isMarked(opened.find<QTableWidget>(measuredTable), 5));
+    });
+}
+
+void MatchingResultTest::shouldNotMarkRowsWithoutReason()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, corners);
+        measureIn(opened, corners, {0, 1, 2});
+        for (int row = 0; row < 3; ++row)
+            QVERIFY(!isMarked(opened.find<QTableWidget>(referenceTable), row));
+        QVERIFY(opened.notice().isEmpty());
+    });
+}
+
+void MatchingResultTest::shouldNoticeASymmetricObject()
+{
+    const MatchingPoints square{{0, 0, 0}, {400, 0, 0}, {400, 400, 0}, {0, 400, 0}};
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, square);
+        measureIn(opened, square, {0, 1, 2, 3});
+        QVERIFY(opened.notice().contains(
+            QStringLiteral("another order of the measured points fits equally well")));
+        QVERIFY(opened.isEnabled("w_applyButton"));
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        QVERIFY(opened.notice().isEmpty());
+    });
+}
+
+void MatchingResultTest::shouldNoticePointsNearlyOnALine()
+{
+    const MatchingPoints rod{{0, 0, 0}, {500, 1, 0}, {1000, 0, 0}, {1600, 0, 1}};
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, rod);
+        measureIn(opened, rod, {0, 1, 2, 3});
+        QVERIFY(opened.notice().contains(QStringLiteral("lie nearly on a line")));
+        QVERIFY(opened.find<QWidget>("label_notice")->isVisible());
+    });
+}
+
+void MatchingResultTest::shouldNoticePointsThatNearlyCoincide()
+{
+    const MatchingPoints twins{{0, 0, 0}, {500, 0, 0}, {0, 300, 0}, {500, 0.5, 0}};
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        enter(opened, twins);
+        measureIn(opened, twins, {0, 1, 2, 3});
+        QCOMPARE(opened.notice(), QStringLiteral("Not reliable: some reference points nearly coincide."));
+    });
+}
+
+void MatchingResultTest::shouldCancelALongSearch_data()
+{
+    QTest::addColumn<bool>("byClosing");
+    QTest::newRow("by its button") << false;
+    QTest::newRow("by closing the dialog") << true;
+}
+
+void MatchingResultTest::shouldCancelALongSearch()
+{
+    QFETCH(bool, byClosing);
+    const MatchingPoints references = unrelated(24, 1);
+    const MatchingPoints measured = unrelated(24, 2);
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, references);
+        opened.answers().then([&](QWidget *window) {
+            auto *progress = qobject_cast<QProgressDialog *>(window);
+            QVERIFY(progress);
+            QVERIFY(!opened.isEnabled("w_applyButton"));
+            QVERIFY(!opened.isEnabled("pushButton_addRefPoint"));
+            opened.measure({1, 2, 3}); // blocked meanwhile
+            if (byClosing)
+                opened.dialog().close();
+            else
+                QTest::mouseClick(progress->findChild<QAbstractButton *>(), Qt::LeftButton);
+        });
+        for (const MatchingPoint &point : measured)
+            opened.measure(point);
+        QTRY_VERIFY(opened.report().contains(QStringLiteral("was cancelled")));
+        QVERIFY(opened.report().contains(QStringLiteral("preserve order of points")));
+        QCOMPARE(opened.rows(referenceTable), 24);
+        QCOMPARE(opened.rows(measuredTable), 24);
+        QVERIFY(!opened.isEnabled("w_applyButton"));
+        QVERIFY(opened.isEnabled("pushButton_addRefPoint"));
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        QVERIFY(!opened.report().contains(QStringLiteral("was cancelled")));
+    });
+}
+
+void MatchingResultTest::shouldFinishALongSearch()
+{
+    const MatchingPoints references = unrelated(10, 5);
+    const MatchingPoints measured = unrelated(10, 6);
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, references);
+        for (const MatchingPoint &point : measured)
+            opened.measure(point);
+        QTRY_VERIFY_WITH_TIMEOUT(!opened.report().startsWith(QStringLiteral("Searching")), 60000);
+        QVERIFY(opened.report().startsWith(QStringLiteral("Transformation evaluation report")) ||
+                opened.report().startsWith(QStringLiteral("No valid permutation")));
+    });
+}
+
+void MatchingResultTest::shouldReplaceARunningSearch()
+{
+    const MatchingPoints references = unrelated(24, 1);
+    const MatchingPoints measured = unrelated(24, 2);
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, references);
+        for (const MatchingPoint &point : measured)
+            opened.measure(point);
+        QVERIFY(opened.report().startsWith(QStringLiteral("Searching")));
+        opened.dialog().on_pushButton_addRefPoint_clicked();
+        QVERIFY(opened.report().startsWith(QStringLiteral("Cannot evaluate")));
+        QVERIFY(opened.isEnabled("pushButton_addRefPoint"));
+    });
+}
+
+void MatchingResultTest::shouldSurviveItsEndDuringASearch()
+{
+    const MatchingPoints references = unrelated(24, 1);
+    const MatchingPoints measured = unrelated(24, 2);
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, references);
+        opened.answers().then([&](QWidget *) { QTimer::singleShot(0, [&] { opened.destroy(); }); });
+        for (const MatchingPoint &point : measured)
+            opened.measure(point);
+        const AbcMatchingDialog *dialog = &opened.dialog();
+        QTRY_VERIFY(!QApplication::topLevelWidgets().contains(const_cast<AbcMatchingDialog *>(dialog)));
+    });
+    opened.destroy();
+}
+
+ROOM_TEST_CLASS(MatchingResultTest)
+
+#include "MatchingResultTest.moc"
