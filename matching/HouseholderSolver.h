@@ -95,5 +95,5 @@ private:
     std::ptrdiff_t m_columnStep;
     int m_rows;
     int m_columns;
-    double m_diagonal[largestColumnCount];
+    double m_diagonal[largestColumnCount] = {};
 };

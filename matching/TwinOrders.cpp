@@ -1,6 +1,7 @@
 #include "TwinOrders.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -17,6 +18,64 @@ void takeOut(std::vector<Value> &values, Value value)
 {
     values.erase(std::find(values.begin(), values.end(), value));
 }
+
+/// Goes through the exchanges like the wheels of a meter: a group that is through carries to the next.
+class ExchangeMeter
+{
+public:
+    ExchangeMeter(PointOrder order, const TwinPoints &references, const TwinPoints &measured)
+        : m_current(std::move(order))
+        , m_references(references)
+        , m_measured(measured)
+    {
+        for (int group = 0; group < references.groupCount(); ++group) {
+            std::vector<int> partners = partnersOf(group);
+            std::sort(partners.begin(), partners.end(), byGroup());
+            setPartners(group, partners);
+        }
+    }
+
+    [[nodiscard]] const PointOrder &current() const { return m_current; }
+
+    /// False when all have been.
+    bool advance()
+    {
+        for (int group = 0; group < m_references.groupCount(); ++group) {
+            std::vector<int> partners = partnersOf(group);
+            const bool more = std::next_permutation(partners.begin(), partners.end(), byGroup());
+            setPartners(group, partners);
+            if (more)
+                return true;
+        }
+        return false;
+    }
+
+private:
+    [[nodiscard]] std::function<bool(int, int)> byGroup() const
+    {
+        return [this](int left, int right) { return m_measured.group(left) < m_measured.group(right); };
+    }
+
+    [[nodiscard]] std::vector<int> partnersOf(int group) const
+    {
+        std::vector<int> partners;
+        partners.reserve(m_references.members(group).size());
+        for (const int place : m_references.members(group))
+            partners.push_back(at(m_current, place));
+        return partners;
+    }
+
+    void setPartners(int group, const std::vector<int> &partners)
+    {
+        auto partner = partners.begin();
+        for (const int place : m_references.members(group))
+            at(m_current, place) = *partner++;
+    }
+
+    PointOrder m_current;
+    const TwinPoints &m_references;
+    const TwinPoints &m_measured;
+};
 
 } // namespace
 
@@ -52,34 +111,10 @@ PointOrder TwinOrders::outermost(const PointOrder &order, bool last) const
 void TwinOrders::forEachExchange(const PointOrder &order, int largest,
                                  const std::function<void(const PointOrder &)> &call) const
 {
-    std::vector<std::vector<int>> groups;
-    PointOrder current = order;
-    for (int group = 0; group < m_references.groupCount(); ++group) {
-        if (m_references.members(group).size() > 1)
-            groups.push_back(m_references.members(group));
-    }
-    const auto byGroup = [this](int left, int right) {
-        return m_measured.group(left) < m_measured.group(right);
-    };
-    const auto exchange = [&](const std::vector<int> &places, bool next) {
-        std::vector<int> partners;
-        for (const int place : places)
-            partners.push_back(at(current, place));
-        const bool more = next ? std::next_permutation(partners.begin(), partners.end(), byGroup)
-                               : (std::sort(partners.begin(), partners.end(), byGroup), true);
-        for (std::size_t i = 0; i < places.size(); ++i)
-            at(current, places[i]) = partners[i];
-        return more;
-    };
-    for (const std::vector<int> &places : groups)
-        exchange(places, false);
-    for (int number = 0; number < largest; ++number) {
-        call(current);
-        // Counts on like the wheels of a meter: a group that wrapped around carries to the next.
-        const auto moved = std::find_if(groups.begin(), groups.end(), [&](const std::vector<int> &places) {
-            return exchange(places, true);
-        });
-        if (moved == groups.end())
-            return;
+    ExchangeMeter meter(order, m_references, m_measured);
+    bool more = true;
+    for (int number = 0; more && number < largest; ++number) {
+        call(meter.current());
+        more = meter.advance();
     }
 }

@@ -118,6 +118,24 @@ bool searchAlong(PairRefinement &pairs, double *T_new, double *r_new, const doub
     return false;
 }
 
+/// Linearises and steps until the residual settles. Leaves T and the residual there, or returns the code.
+int refine(PairRefinement &pairs, double *T, double *rms, int rotations, bool scale)
+{
+    double T_new[transformSize], step[7];
+    double r_old = pairs.residual(T);
+    for (int iteration = 1; iteration <= largestIterations; ++iteration) {
+        if (!pairs.solveStep(step, T, rotations, scale))
+            return -1;
+        if (!searchAlong(pairs, T_new, rms, T, r_old, step))
+            return -2;
+        std::copy_n(T_new, transformSize, T);
+        if (std::fabs(r_old - *rms) < settledMm)
+            return 0;
+        r_old = *rms;
+    }
+    return -3;
+}
+
 } // namespace
 
 int trafo3d_3trafo(double *T_out, const double *A3, const double *B3)
@@ -146,28 +164,17 @@ int trafo3d_opttrafo(double *T_inout, double *scale_out, const double *A, const 
 int trafo3d_opttrafo_n(double *T_inout, int dof, double *scale_out, int with_scale, const double *A,
                        const double *B, int N, double *rms_out)
 {
-    const int rotations = dof < rigidParameters ? 2 : 3;
     PairRefinement pairs(A, B, std::max(N, 0));
-    double T[transformSize], T_new[transformSize], step[7];
+    double T[transformSize];
     std::copy_n(T_inout, transformSize, T);
-    double r_old = pairs.residual(T);
-    double r_new = r_old;
-    for (int iteration = 1;; ++iteration) {
-        if (!pairs.solveStep(step, T, rotations, with_scale != 0))
-            return -1;
-        if (!searchAlong(pairs, T_new, &r_new, T, r_old, step))
-            return -2;
-        if (std::fabs(r_old - r_new) < settledMm)
-            break;
-        if (iteration == largestIterations)
-            return -3;
-        std::copy_n(T_new, transformSize, T);
-        r_old = r_new;
-    }
+    double rms = 0.0;
+    const int code = refine(pairs, T, &rms, dof < rigidParameters ? 2 : 3, with_scale != 0);
+    if (code != 0)
+        return code;
     if (with_scale == 1 && scale_out != nullptr)
-        *scale_out = takeScale(T_new);
-    std::copy_n(T_new, transformSize, T_inout);
-    *rms_out = r_new;
+        *scale_out = takeScale(T);
+    std::copy_n(T, transformSize, T_inout);
+    *rms_out = rms;
     return 0;
 }
 
