@@ -47,6 +47,7 @@ void setUp(QCommandLineParser &parser)
     parser.setApplicationDescription(
         tr("A small front-end with a simulated tracking controller for the room adjustment module."));
     parser.addHelpOption();
+    parser.addVersionOption();
     for (const OptionText &text : texts) {
         const QString name = QLatin1String(text.name);
         if (text.value == nullptr)
@@ -174,10 +175,11 @@ std::optional<BenchOptions> BenchOptions::read(const QStringList &arguments, QSt
         *error = tr("%1 is no option.").arg(parser.positionalArguments().constFirst());
         return std::nullopt;
     }
-    BenchOptions helped;
-    helped.isHelpWanted = parser.isSet(QStringLiteral("help"));
-    if (helped.isHelpWanted)
-        return helped;
+    BenchOptions explained;
+    explained.isHelpWanted = parser.isSet(QStringLiteral("help"));
+    explained.isVersionWanted = parser.isSet(QStringLiteral("version"));
+    if (explained.isHelpWanted || explained.isVersionWanted)
+        return explained;
     Reader reader(parser);
     const BenchOptions options = reader.options();
     *error = reader.error();
@@ -189,4 +191,10 @@ QString BenchOptions::help()
     QCommandLineParser parser;
     setUp(parser);
     return parser.helpText();
+}
+
+QString BenchOptions::version()
+{
+    return QCoreApplication::applicationName() + QLatin1Char(' ') + QCoreApplication::applicationVersion() +
+           QLatin1Char('\n');
 }

@@ -48,6 +48,13 @@ int run(const BenchOptions &options, const QString &plugin)
     return exitCode;
 }
 
+/// Help and version need no display.
+int explain(const BenchOptions &options, const QCoreApplication &)
+{
+    QTextStream(stdout) << (options.isHelpWanted ? BenchOptions::help() : BenchOptions::version());
+    return 0;
+}
+
 QStringList allArguments(int argc, char **argv)
 {
     QStringList arguments;
@@ -61,18 +68,17 @@ QStringList allArguments(int argc, char **argv)
 int main(int argc, char **argv)
 {
     const QStringList arguments = allArguments(argc, argv);
-    // Qt gets no arguments to see: it would take --plugin for itself.
-    int programOnly = 1;
-    const QApplication application(programOnly, argv);
-    QApplication::setApplicationName(QStringLiteral("velmar-bench"));
+    QCoreApplication::setApplicationName(QStringLiteral("velmar-bench"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ROOM_VERSION));
     QString error;
     const auto options = BenchOptions::read(arguments, &error);
     if (!options)
         return fail(error);
-    if (options->isHelpWanted) {
-        QTextStream(stdout) << BenchOptions::help();
-        return 0;
-    }
+    // Qt gets no arguments to see: it would take --plugin for itself.
+    int programOnly = 1;
+    if (options->isHelpWanted || options->isVersionWanted)
+        return explain(*options, QCoreApplication(programOnly, argv));
+    const QApplication application(programOnly, argv);
     const QString plugin =
         options->plugin.isEmpty() ? ModuleLibrary::find(QApplication::applicationDirPath()) : options->plugin;
     return run(*options, plugin);

@@ -31,6 +31,7 @@ private slots:
         QVERIFY(!options->observerMode);
         QVERIFY(!options->cameras.has_value());
         QVERIFY(!options->isHelpWanted);
+        QVERIFY(!options->isVersionWanted);
     }
 
     void shouldTurnTheStateIntoLinesForTheController_data()
@@ -108,6 +109,7 @@ private slots:
     void shouldListEveryOptionInItsHelp()
     {
         QVERIFY(read({QStringLiteral("--help")})->isHelpWanted);
+        QVERIFY(read({QStringLiteral("--version")})->isVersionWanted);
         const QString help = BenchOptions::help();
         for (const char *name : {"--plugin", "--controller", "--scenario", "--observer", "--demo", "--seed"})
             QVERIFY2(help.contains(QLatin1String(name)), name);

@@ -13,9 +13,11 @@ constexpr int patienceMs = 60000;
 
 /// One run of the program to its end.
 struct ProgramRun {
-    explicit ProgramRun(const QStringList &arguments)
+    explicit ProgramRun(const QStringList &arguments,
+                        const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment())
     {
         QProcess process;
+        process.setProcessEnvironment(environment);
         process.start(QStringLiteral(BENCH_PROGRAM), arguments);
         if (!process.waitForFinished(patienceMs))
             process.kill();
@@ -39,9 +41,9 @@ QStringList demo(const QTemporaryDir &folder, const QStringList &more = {})
 
 const QString startTracking = QStringLiteral("velmar2 tracking start");
 const QString stopTracking = QStringLiteral("velmar2 tracking stop");
-const QString rotation =
-    QStringLiteral("tracking extra_rotation 0.98480775 -0.17364818 0.00000000 0.17364818 0.98480775 0.00000000 "
-                   "0.00000000 0.00000000 1.00000000");
+const QString rotation = QStringLiteral(
+    "tracking extra_rotation 0.98480775 -0.17364818 0.00000000 0.17364818 0.98480775 0.00000000 "
+    "0.00000000 0.00000000 1.00000000");
 const QString translation = QStringLiteral("tracking extra_translation -250.000 0.000 0.000");
 const QString scaling = QStringLiteral("tracking extra_scaling 1.00000");
 
@@ -65,11 +67,23 @@ class BenchProgramTest : public QObject
     Q_OBJECT
 
 private slots:
-    void shouldExplainItself()
+    void shouldExplainItselfWithoutADisplay_data()
     {
-        const ProgramRun run({QStringLiteral("--help")});
+        QTest::addColumn<QString>("option");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("help") << QStringLiteral("--help") << QStringLiteral("--demo");
+        QTest::newRow("version") << QStringLiteral("--version") << QStringLiteral("velmar-bench 2.0.14");
+    }
+
+    void shouldExplainItselfWithoutADisplay()
+    {
+        QFETCH(QString, option);
+        QFETCH(QString, said);
+        QProcessEnvironment noDisplay = QProcessEnvironment::systemEnvironment();
+        noDisplay.remove(QStringLiteral("DISPLAY"));
+        const ProgramRun run({option}, noDisplay);
         QCOMPARE(run.exitCode, 0);
-        QVERIFY(run.out.contains(QStringLiteral("--demo")));
+        QVERIFY2(run.out.contains(said), qPrintable(run.out));
     }
 
     void shouldRefuseWrongUse_data()
