@@ -28,7 +28,7 @@ constexpr int minimumPartWidth = 56;
 constexpr std::array<QBoxLayout::Direction, 4> labelDirections{
     QBoxLayout::TopToBottom, QBoxLayout::BottomToTop, QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
 constexpr std::array<QBoxLayout::Direction, 4> wheelDirections{
-    QBoxLayout::BottomToTop, QBoxLayout::TopToBottom, QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
+    QBoxLayout::BottomToTop, QBoxLayout::TopToBottom, QBoxLayout::RightToLeft, QBoxLayout::LeftToRight};
 
 } // namespace
 

@@ -360,8 +360,8 @@ private slots:
         QTest::addColumn<bool>("centred");
         QTest::newRow("top") << 0 << int(QBoxLayout::TopToBottom) << int(QBoxLayout::BottomToTop) << true;
         QTest::newRow("bottom") << 1 << int(QBoxLayout::BottomToTop) << int(QBoxLayout::TopToBottom) << true;
-        QTest::newRow("left") << 2 << int(QBoxLayout::LeftToRight) << int(QBoxLayout::LeftToRight) << false;
-        QTest::newRow("right") << 3 << int(QBoxLayout::RightToLeft) << int(QBoxLayout::RightToLeft) << false;
+        QTest::newRow("left") << 2 << int(QBoxLayout::LeftToRight) << int(QBoxLayout::RightToLeft) << false;
+        QTest::newRow("right") << 3 << int(QBoxLayout::RightToLeft) << int(QBoxLayout::LeftToRight) << false;
     }
 
     void shouldPlaceTheLabelAndTheWheel()
