@@ -1,6 +1,7 @@
 #include "BenchWindow.h"
 
 #include "BenchIOManager.h"
+#include "CameraNotices.h"
 #include "ControllerLink.h"
 #include "ConversationView.h"
 #include "ModalCompanion.h"
@@ -48,6 +49,7 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     m_room->setWindowFlag(Qt::Window);
     m_room->resize(roomSize);
     m_companion = new ModalCompanion(m_room);
+    new CameraNotices(m_channel, this);
     buildMenus();
     readVersion();
     showModuleState();
