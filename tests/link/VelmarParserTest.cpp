@@ -1,4 +1,5 @@
 #include "VelmarParser.h"
+#include "AllocationCounter.h"
 #include "TestRegistry.h"
 
 #include <QByteArray>
@@ -74,6 +75,8 @@ private slots:
     void shouldSaturateIntegers();
     void shouldGiveNullOutsideAList();
     void shouldReadNotANumberAndInfinityAsTheyAre();
+    void shouldAllocateNothingOnceTheListsHaveTheirSize();
+    void shouldReadEveryLineThatTheControllerSends();
 };
 
 void VelmarParserTest::shouldBeginWithoutAnything()
@@ -522,6 +525,49 @@ void VelmarParserTest::shouldReadNotANumberAndInfinityAsTheyAre()
     QVERIFY(qIsInf(parser.body(0)->location[0]));
     QVERIFY(parser.body(0)->location[1] < 0.0);
     QCOMPARE(parser.body(0)->location[2], 8.0);
+}
+
+void VelmarParserTest::shouldAllocateNothingOnceTheListsHaveTheirSize()
+{
+    QByteArray bodies("6d 30");
+    QByteArray tools("6dmt2 4");
+    for (int id = 0; id < 30; ++id)
+        bodies += " [" + QByteArray::number(id) + " 1.000][1.5 2.5 3.5]" + unitRotation;
+    for (int id = 0; id < 4; ++id)
+        tools += ' ' + tool2('[' + QByteArray::number(id) + " 1.0 4 2.5]", "[1 0 0 0]");
+    const QByteArray noTools("6dmt2 0");
+    VelmarParser parser;
+    QCOMPARE(parse(parser, bodies), 1);
+    QCOMPARE(parse(parser, tools), 1);
+    std::array<QByteArray, 4> lines{bodies, noTools, tools, QByteArray("6d 0")};
+    for (QByteArray &line : lines)
+        line.detach();
+    const std::size_t before = AllocationCounter::count();
+    int parsed = 0;
+    for (QByteArray &line : lines) {
+        char *cursor = line.data();
+        parsed += parser.parseLine(&cursor);
+    }
+    QCOMPARE(AllocationCounter::count(), before);
+    QCOMPARE(parsed, 4);
+    VelmarParser fresh;
+    QCOMPARE(parse(fresh, bodies), 1);
+    QVERIFY(AllocationCounter::count() > before);
+}
+
+void VelmarParserTest::shouldReadEveryLineThatTheControllerSends()
+{
+    VelmarParser parser;
+    const QByteArray place = "[50.000 60.000 70.000]" + unitRotation;
+    for (const QByteArray &line :
+         {QByteArray("fr 601"), QByteArray("ts 36010.016667"), QByteArray("6dcal 4"),
+          "6d 1 [0 1.000]" + place, "6dmt 2 [0 1.000 1]" + place + " [1 -1.000 0]" + place,
+          "6df 1 [0 1.000 2]" + place, "6df2 1 [0 1.000 4 2]" + place + "[0 1 0 0 0.00 -1.00]"})
+        QVERIFY2(parse(parser, line) == 1, line.constData());
+    QCOMPARE(parser.frameCounter(), 601U);
+    QCOMPARE(parser.timestamp(), 36010.016667);
+    QCOMPARE(parser.measurementTool(0)->flags[0], 1);
+    QCOMPARE(parser.handheld(0)->buttons[1], 1);
 }
 
 ROOM_TEST_CLASS(VelmarParserTest)
