@@ -22,7 +22,10 @@ using PointMap = Eigen::Map<const Eigen::Matrix3Xd>;
 constexpr double spreadMm = 2000.0;
 constexpr double noiseMm = 0.3;
 constexpr int sampleCount = 31;
-constexpr int callsPerSample = 2000;
+
+/// Short series, many of them: the median then knows nothing of other programs that take their turn.
+constexpr int seriesCount = 301;
+constexpr int callsPerSeries = 100;
 
 struct Sample {
     Values references;
@@ -86,13 +89,13 @@ FitTimes fitTimes(int count)
     }
     const auto repeat = [&samples](void (*work)(const Sample &)) {
         return timeOf([&samples, work]() {
-                   for (std::size_t call = 0; call < callsPerSample; ++call)
+                   for (std::size_t call = 0; call < callsPerSeries; ++call)
                        work(samples[call % samples.size()]);
                }) /
-               callsPerSample;
+               callsPerSeries;
     };
     std::vector<Milliseconds> fits, closedForms;
-    for (int i = 0; i < sampleCount; ++i) {
+    for (int i = 0; i < seriesCount; ++i) {
         fits.push_back(repeat(fitOnce));
         closedForms.push_back(repeat(closedFormOnce));
     }
