@@ -1,6 +1,7 @@
 #include "CooTrans.h"
 
 #include "AbcGLCanvas.h"
+#include "AbcMatchingDialog.h"
 #include "AdjustToToolDlg.h"
 #include "HelpDialog.h"
 #include "Prompt.h"
@@ -55,8 +56,9 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     buildViewMenu();
     colourPlanes();
     connectView();
+    m_matchingDialog = new AbcMatchingDialog(commands, versions, this);
     m_angleToolDialog = new AdjustToToolDlg(commands, versions, this);
-    closeSideDialogs();
+    connect(m_matchingDialog, &AbcMatchingDialog::applyTrafoRequest, this, &CooTrans::applyTrafo);
 }
 
 CooTrans::~CooTrans() = default;
@@ -137,19 +139,12 @@ void CooTrans::connectView()
     connect(m_ui->w_bodyRedoButton, &QPushButton::clicked, m_view, &AbcGLCanvas::redo);
 }
 
-void CooTrans::closeSideDialogs()
-{
-    m_ui->w_bodyMatchingButton->setEnabled(false);
-    m_ui->w_bodyMatchingButton->setToolTip(tr("Not available in this version"));
-}
-
 void CooTrans::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
     m_ui->retranslateUi(this);
-    closeSideDialogs();
     showScalingCaption();
     const QStringList texts = {tr("Long axes"), QString(), tr("Show XY plane"), tr("Show YZ plane"),
                                tr("Show XZ plane")};
@@ -282,9 +277,9 @@ void CooTrans::openAngleTool()
     m_ui->pushButton_att->click();
 }
 
-int CooTrans::dataReceived(const char * /*kind*/, const char * /*record*/)
+int CooTrans::dataReceived(const char *kind, const char *record)
 {
-    return 0;
+    return m_matchingDialog->isVisible() ? m_matchingDialog->dataReceived(kind, record) : 0;
 }
 
 void CooTrans::previewOffset()
@@ -453,6 +448,7 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
     m_measuringFrame.prepareTransformation();
     m_measuringFrame.prepareReference();
     const QPointer<CooTrans> self(this);
+    m_matchingDialog->update_and_exec();
     if (self.isNull())
         return;
     m_measuringFrame.restoreReference();

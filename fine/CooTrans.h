@@ -9,6 +9,7 @@
 #include <memory>
 
 class AbcGLCanvas;
+class AbcMatchingDialog;
 class AdjustToToolDlg;
 class QDoubleSpinBox;
 class QMenu;
@@ -99,7 +100,6 @@ private:
     void buildView();
     void buildViewMenu();
     void connectView();
-    void closeSideDialogs();
     void colourPlanes();
     void prepareEditors();
     AdjustmentBoxes boxes() const;
@@ -124,6 +124,7 @@ private:
     RoomEdits m_edits;
     AbcGLCanvas *m_view = nullptr;
     QMenu *m_viewMenu = nullptr;
+    AbcMatchingDialog *m_matchingDialog = nullptr;
     AdjustToToolDlg *m_angleToolDialog = nullptr;
     bool m_armed = true;
     bool m_wideScaling = false;

@@ -134,6 +134,8 @@ private slots:
     void shouldConnectTheViewEditors();
     void shouldTakeAFittedTransformationUnrounded();
     void shouldTakeAFittedHalfTurnAboutAnyAxis();
+    void shouldAskBeforeMatchingWithUnsavedData();
+    void shouldKeepTheMeasuringFrameAroundTheMatching();
     void shouldReadEverythingAnewAfterTheAngleTool();
     void shouldShowARecordThatIsNoRotation();
     void shouldSayWhenTrackingIsNotAvailable();
@@ -205,6 +207,7 @@ void CooTransTest::shouldCarryTheRequiredToolTips()
         {"btn_resetVector", "Reset x, y, z to 0.00"},
         {"btn_resetAngles", "Reset rx, ry, rz to 0.00"},
         {"btn_resetScaling", "Reset scaling factor to 1.000"},
+        {"w_bodyMatchingButton", "Open room adjustment based on reference points"},
         {"pushButton_att", "Open adjust room coordinates to angle tool"},
         {"w_viewPositionXYZ", "Change view position"},
         {"w_viewOrientationXYZ", "Change view orientation"},
@@ -549,6 +552,65 @@ void CooTransTest::shouldTakeAFittedHalfTurnAboutAnyAxis()
                         1e-6);
         }
     }
+}
+
+void CooTransTest::shouldAskBeforeMatchingWithUnsavedData()
+{
+    Panel p;
+    p.widget.loadPage();
+    p.type("doubleSpinBox_x", "5");
+    p.host.clear();
+    p.answer.then([&](QWidget *window) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        QVERIFY(box != nullptr);
+        QCOMPARE(box->windowTitle(), QString("Room Adjustment"));
+        QCOMPARE(
+            box->text(),
+            QString("You have unsaved data. Save changes?\n\n(If yes press 'Apply' and re-open matching)"));
+        QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+        QCOMPARE(box->defaultButton(), box->button(QMessageBox::No));
+        QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+    });
+    p.click("w_bodyMatchingButton");
+    QCOMPARE(p.host.calls(), QStringList());
+    QCOMPARE(p.box("doubleSpinBox_x")->value(), 5.0);
+
+    p.answer.thenPress(QMessageBox::No).then([](QWidget *matching) { matching->close(); });
+    p.click("w_bodyMatchingButton");
+    QVERIFY(p.answer.isDone());
+    QCOMPARE(p.box("doubleSpinBox_x")->value(), 0.0);
+    QVERIFY(difference(p.room()->transformation(), bsMatrix()) == 0.0);
+    QCOMPARE(p.answer.unexpected(), QStringList());
+}
+
+void CooTransTest::shouldKeepTheMeasuringFrameAroundTheMatching()
+{
+    Panel p;
+    p.host.setAnswer("tracking extra_translation", "10 0 0");
+    p.host.setAnswer("tracking reference", "body b03");
+    p.record.translation = {10, 0, 0};
+    p.widget.loadPage();
+    p.host.clear();
+    int before = 0;
+    p.answer.then([&](QWidget *matching) {
+        before = p.host.callsOf({"write"}).size();
+        QCOMPARE(p.host.callsOf({"write"}).last(), QString("write tracking reference none"));
+        matching->close();
+    });
+
+    p.click("w_bodyMatchingButton");
+
+    QCOMPARE(before, 4);
+    QCOMPARE(
+        p.host.callsOf({"write"}).mid(before),
+        QStringList({"write tracking reference body b03",
+                     "write tracking extra_rotation 1.00000000 0.00000000 0.00000000 0.00000000 1.00000000 "
+                     "0.00000000 0.00000000 0.00000000 1.00000000",
+                     "write tracking extra_translation 10.000 0.000 0.000",
+                     "write tracking extra_scaling 1.00000"}));
+    QCOMPARE(p.host.callsOf({"reserved"}),
+             QStringList({"reserved 1", "reserved 2", "reserved 1", "reserved 2", "reserved 1", "reserved 2",
+                          "reserved 1", "reserved 2"}));
 }
 
 void CooTransTest::shouldReadEverythingAnewAfterTheAngleTool()
