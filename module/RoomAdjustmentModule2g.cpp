@@ -5,6 +5,7 @@
 #include "RoomAdjustmentDlg2g.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QKeySequence>
 #include <QVariant>
 #include <QWidget>
@@ -68,16 +69,30 @@ QList<QAction *> RoomAdjustmentModule2g::actions()
 void RoomAdjustmentModule2g::buildAction()
 {
     m_dialog = new RoomAdjustmentDlg2g(m_commands, m_parentWidget, m_versions, moduleVersion());
-    m_menuTitle = tr("&Tracking");
     m_menuOrderB = orderB;
     m_menuOrderA = orderA;
     m_menuFlag = flag;
-    m_action = new QAction(tr("Room a&djustment"), this);
+    m_action = new QAction(this);
+    setTexts();
+    m_dialog->installEventFilter(this);
+    connect(m_action, &QAction::triggered, m_dialog.data(), &RoomAdjustmentDlg2g::update_and_exec);
+    m_actions.append(m_action);
+}
+
+void RoomAdjustmentModule2g::setTexts()
+{
+    m_menuTitle = tr("&Tracking");
+    m_action->setText(tr("Room a&djustment"));
     m_action->setShortcut(QKeySequence(tr("Shift+F5")));
     m_action->setStatusTip(tr("Perform the room adjustment incl. COOTrans"));
     m_action->setWhatsThis(tr("Adjust the room coordinate system"));
-    connect(m_action, &QAction::triggered, m_dialog.data(), &RoomAdjustmentDlg2g::update_and_exec);
-    m_actions.append(m_action);
+}
+
+bool RoomAdjustmentModule2g::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange && watched == m_dialog.data())
+        setTexts();
+    return QObject::eventFilter(watched, event);
 }
 
 void RoomAdjustmentModule2g::setModuleProperty(const QString &name, const QVariant &value)

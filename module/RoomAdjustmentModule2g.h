@@ -41,8 +41,12 @@ public:
     int menuOrderB() const { return m_menuOrderB; }
     int menuFlag() const { return m_menuFlag; }
 
+    /// Follows the dialog's change of language.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildAction();
+    void setTexts();
 
     QWidget *m_parentWidget = nullptr;
     QList<QAction *> m_actions;

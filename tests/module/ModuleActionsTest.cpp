@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QTranslator>
 #include <QtTest>
 
 namespace
@@ -74,6 +75,23 @@ private slots:
             const QMetaObject *type = loaded.object->metaObject();
             QVERIFY(!type->property(type->indexOfProperty(name)).isWritable());
         }
+    }
+
+    void shouldFollowAChangeOfTheLanguage()
+    {
+        LoadedModule loaded;
+        loaded.setAll();
+        const QAction *action = loaded.module->actions().constFirst();
+        QTranslator german;
+        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), QStringLiteral(TRANSLATIONS)));
+        QVERIFY(QCoreApplication::installTranslator(&german));
+        QTRY_COMPARE(action->text(), QStringLiteral("Raum&justierung"));
+        QCOMPARE(action->whatsThis(), QStringLiteral("Das Raumkoordinatensystem justieren"));
+        QCOMPARE(action->shortcut().toString(QKeySequence::PortableText), QStringLiteral("Shift+F5"));
+        QCOMPARE(loaded.module->moduleName(), QStringLiteral("GUI-Raumjustierung"));
+        QVERIFY(QCoreApplication::removeTranslator(&german));
+        QTRY_COMPARE(action->text(), QStringLiteral("Room a&djustment"));
+        QVERIFY(loaded.host.calls().isEmpty());
     }
 
     void shouldOfferNothingInObserverMode()
