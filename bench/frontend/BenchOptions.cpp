@@ -16,7 +16,7 @@ struct OptionText {
     const char *description;
 };
 
-constexpr std::array<OptionText, 17> texts = {{
+constexpr std::array<OptionText, 18> texts = {{
     {"plugin", "FILE", "The module's shared library; by default it is looked for beside the bench."},
     {"controller", "HOST:PORT", "Use the controller at that address instead of one in this process."},
     {"scenario", "FILE",
@@ -34,6 +34,7 @@ constexpr std::array<OptionText, 17> texts = {{
     {"fault", "\"LINE\"", "A fault, such as \"fail 3 velmar2 get status\"; can be given again."},
     {"control", "\"LINE\"", "Any control line, such as \"tool 1 tremor 2\"; can be given again."},
     {"demo", "DIR", "Do the main job with real keys and clicks, leave pictures in DIR, and end."},
+    {"language", "CODE", "Language of the module, such as de; English without it."},
     {"log", "FILE", "Write the conversation with the controller there at the end."},
 }};
 
@@ -86,6 +87,7 @@ public:
         m_options.controller = value("controller");
         m_options.scenario = value("scenario");
         m_options.demoFolder = value("demo");
+        m_options.language = value("language");
         m_options.logFile = value("log");
         m_options.observerMode = isSet("observer");
         readCameras();

@@ -11,6 +11,7 @@ struct BenchOptions {
     QString controller; ///< HOST:PORT; empty: the simulated controller of this process
     QString scenario;   ///< a scenario file for the controller of this process
     QString demoFolder; ///< not empty: do the main job by itself and leave the pictures there
+    QString language;   ///< of the module, such as "de"; empty: English
     QString logFile;    ///< not empty: the conversation is written there at the end
     bool isHelpWanted = false;
     bool isVersionWanted = false;

@@ -1,9 +1,11 @@
 #include "BenchWindow.h"
 
 #include "BenchIOManager.h"
+#include "BenchLanguage.h"
 #include "CameraNotices.h"
 #include "ControllerLink.h"
 #include "ConversationView.h"
+#include "LanguageMenu.h"
 #include "ModalCompanion.h"
 #include "RoomPanel.h"
 
@@ -11,10 +13,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -81,7 +85,8 @@ void BenchWindow::buildMenus()
     observer->setChecked(m_observerMode);
     connect(observer, &QAction::toggled, this, [this](bool checked) { m_observerMode = checked; });
     bench->addSeparator();
-    bench->addAction(tr("Show the simulated &room"), this, &BenchWindow::showRoom, QKeySequence(tr("Ctrl+R")));
+    bench->addAction(tr("Show the simulated &room"), this, &BenchWindow::showRoom,
+                     QKeySequence(tr("Ctrl+R")));
     bench->addAction(tr("&Switch the window"), m_companion, &ModalCompanion::switchWindow,
                      QKeySequence(tr("F6")));
     bench->addSeparator();
@@ -89,6 +94,15 @@ void BenchWindow::buildMenus()
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&How to measure points"), this, &BenchWindow::showHelp, QKeySequence(tr("F1")));
     m_menus = std::make_unique<ModuleMenus>(menuBar(), help->menuAction());
+}
+
+void BenchWindow::offerLanguage(BenchLanguage &language)
+{
+    menuBar()->insertMenu(menuBar()->actions().constLast(),
+                          new LanguageMenu(tr("&Language"), language, this));
+    auto *roomBar = new QMenuBar(m_room);
+    roomBar->addMenu(new LanguageMenu(tr("Language"), language, roomBar)); // every letter is taken there
+    m_room->layout()->setMenuBar(roomBar);
 }
 
 bool BenchWindow::loadModule()
@@ -120,6 +134,21 @@ void BenchWindow::showModuleState()
     m_unloadAction->setEnabled(isLoaded);
     m_moduleLabel->setText(isLoaded ? tr("%1 %2").arg(m_module.name(), m_module.version())
                                     : tr("no module loaded"));
+}
+
+void BenchWindow::retitleModule()
+{
+    if (m_module.isLoaded())
+        m_menus->retitle(m_module.place().menuTitle);
+    showModuleState();
+}
+
+void BenchWindow::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    // All windows get this event in turn; the module knows its new texts when all have had it.
+    if (event->type() == QEvent::LanguageChange)
+        QTimer::singleShot(0, this, &BenchWindow::retitleModule);
 }
 
 void BenchWindow::readVersion()

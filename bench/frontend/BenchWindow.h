@@ -10,13 +10,14 @@
 #include <memory>
 
 class BenchIOManager;
+class BenchLanguage;
 class ConversationView;
 class ModalCompanion;
 class QLabel;
 class RoomPanel;
 
-/// The small front-end: the menus with the module's action, the conversation with the controller, and beside it
-/// a window with the simulated room that stays usable while the module's dialogs are open.
+/// The small front-end: the menus with the module's action, the conversation with the controller, and beside
+/// it a window with the simulated room that stays usable while the module's dialogs are open.
 class BenchWindow : public QMainWindow
 {
     Q_OBJECT
@@ -24,6 +25,11 @@ class BenchWindow : public QMainWindow
 public:
     /// The channel must outlive the window. `plugin` is the module's library.
     BenchWindow(BenchIOManager &channel, const QString &plugin, bool observerMode, QWidget *parent = nullptr);
+
+    /// Offers the language in the menu bars of this window and of the simulated room, which stays usable
+    /// while a dialog of the module is open. The language must outlive the window; to be called once.
+    void offerLanguage(BenchLanguage &language);
+
     ~BenchWindow() override;
 
     /// Loads the module and shows its actions. False when that fails; the window then says why.
@@ -40,11 +46,13 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void buildMenus();
     void readVersion();
     void showModuleState();
+    void retitleModule();
     void showRoom();
     void showHelp();
 

@@ -37,6 +37,12 @@ void ModuleMenus::add(const QList<QAction *> &actions, const ModulePlace &place)
     }
 }
 
+void ModuleMenus::retitle(const QString &title)
+{
+    if (m_menus.size() == 1)
+        m_menus.constFirst()->setTitle(title);
+}
+
 void ModuleMenus::clear()
 {
     qDeleteAll(m_menus);

@@ -9,8 +9,8 @@ struct ModulePlace;
 
 /// Puts a module's actions where the module wants them in a menu bar.
 ///
-/// Actions of one menu stand in the order of their two ordering values, the first one first. A flag other than 0
-/// asks for a separator above them.
+/// Actions of one menu stand in the order of their two ordering values, the first one first. A flag other
+/// than 0 asks for a separator above them.
 class ModuleMenus
 {
 public:
@@ -18,6 +18,9 @@ public:
     ModuleMenus(QMenuBar *bar, QAction *before);
 
     void add(const QList<QAction *> &actions, const ModulePlace &place);
+
+    /// The menu that was made for the module changes its title.
+    void retitle(const QString &title);
 
     /// Takes everything out again, and the menus that were made for it.
     void clear();

@@ -1,3 +1,4 @@
+#include "BenchLanguage.h"
 #include "BenchOptions.h"
 #include "BenchSession.h"
 #include "BenchWindow.h"
@@ -35,7 +36,12 @@ int run(const BenchOptions &options, const QString &plugin)
     const std::unique_ptr<BenchSession> session = BenchSession::open(options, &error);
     if (session == nullptr)
         return fail(error);
+    BenchLanguage language(BenchLanguage::folders(QApplication::applicationDirPath()));
+    if (!options.language.isEmpty() && !language.choose(options.language))
+        return fail(QObject::tr("There is no translation \"%1\", only: %2.")
+                        .arg(options.language, language.codes().join(QStringLiteral(", "))));
     BenchWindow window(session->channel(), plugin, options.observerMode);
+    window.offerLanguage(language);
     const WindowActivation activation(&window);
     const bool isLoaded = window.loadModule();
     if (!isLoaded && !options.demoFolder.isEmpty())

@@ -93,6 +93,8 @@ private slots:
         QTest::newRow("option") << QStringList{QStringLiteral("--nonsense")} << QStringLiteral("nonsense");
         QTest::newRow("state") << QStringList{QStringLiteral("--extra-scaling"), QStringLiteral("x")}
                                << QStringLiteral("extra_scaling x");
+        QTest::newRow("language") << QStringList{QStringLiteral("--language"), QStringLiteral("xx")}
+                                  << QStringLiteral("only: en, de");
         QTest::newRow("module") << QStringList{QStringLiteral("--plugin"), QStringLiteral("missing.so"),
                                                QStringLiteral("--demo"), QStringLiteral("unused")}
                                 << QStringLiteral("missing.so");
@@ -128,6 +130,15 @@ private slots:
         QCOMPARE(sentLines(run.out),
                  (QStringList{startTracking, stopTracking, rotation, translation, scaling, startTracking,
                               stopTracking, rotation, translation, scaling}));
+    }
+
+    void shouldDoTheMainJobInGerman()
+    {
+        const QTemporaryDir folder;
+        const ProgramRun run({QStringLiteral("--language"), QStringLiteral("de"), QStringLiteral("--demo"),
+                              folder.filePath(QStringLiteral("pictures"))});
+        QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+        QVERIFY(sentLines(run.out).contains(translation));
     }
 
     void shouldFailTheMainJobWhenTheControllerDoesNotHoldIt()

@@ -45,6 +45,17 @@ private slots:
         QCOMPARE(texts(bar->actions().at(1)->menu()->actions()), words("one"));
     }
 
+    void shouldChangeTheTitleOfTheModulesMenu()
+    {
+        QMainWindow window;
+        ModuleMenus menus(window.menuBar(), nullptr);
+        menus.retitle(QStringLiteral("none yet"));
+        QAction action(QStringLiteral("one"));
+        menus.add({&action}, {QStringLiteral("&Tracking"), 15, 300, 0});
+        menus.retitle(QStringLiteral("&Verfolgung"));
+        QCOMPARE(texts(window.menuBar()->actions()), words("&Verfolgung"));
+    }
+
     void shouldOrderTheActionsOfAMenu()
     {
         QMainWindow window;

@@ -1,0 +1,33 @@
+#include "LanguageMenu.h"
+
+#include "BenchLanguage.h"
+
+#include <QActionGroup>
+
+LanguageMenu::LanguageMenu(const QString &title, BenchLanguage &language, QWidget *parent)
+    : QMenu(title, parent)
+    , m_language(language)
+    , m_group(new QActionGroup(this))
+{
+    for (const QString &code : m_language.codes()) {
+        QAction *action = m_group->addAction(QLatin1Char('&') + BenchLanguage::nameOf(code));
+        action->setData(code);
+        action->setCheckable(true);
+    }
+    addActions(m_group->actions());
+    connect(this, &QMenu::aboutToShow, this, &LanguageMenu::showCurrent);
+    connect(m_group, &QActionGroup::triggered, this, &LanguageMenu::choose);
+    showCurrent();
+}
+
+void LanguageMenu::showCurrent()
+{
+    for (QAction *action : m_group->actions())
+        action->setChecked(action->data().toString() == m_language.current());
+}
+
+void LanguageMenu::choose(const QAction *action)
+{
+    (void)m_language.choose(action->data().toString()); // the mark tells what is chosen
+    showCurrent();
+}
