@@ -2,6 +2,332 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>AbcMatchingDialog</name>
+    <message>
+        <source>&lt;b&gt;&lt;font color=red&gt;No Measurement Tool available!&lt;/font&gt;&lt;/b&gt;</source>
+        <translation>&lt;b&gt;&lt;font color=red&gt;Kein Messwerkzeug verfügbar!&lt;/font&gt;&lt;/b&gt;</translation>
+    </message>
+    <message>
+        <source>This controller does not support measuring points with a measurement tool.</source>
+        <translation>Dieser Controller unterstützt das Messen von Punkten mit einem Messwerkzeug nicht.</translation>
+    </message>
+    <message>
+        <source>The controller offers no measurement tool.</source>
+        <translation>Der Controller bietet kein Messwerkzeug an.</translation>
+    </message>
+    <message>
+        <source>M%1</source>
+        <translation>M%1</translation>
+    </message>
+    <message>
+        <source>The measurement tool is tracked</source>
+        <translation>Das Messwerkzeug wird erfasst</translation>
+    </message>
+    <message>
+        <source>The measurement tool is not tracked</source>
+        <translation>Das Messwerkzeug wird nicht erfasst</translation>
+    </message>
+    <message>
+        <source>No measurement tool is selected</source>
+        <translation>Es ist kein Messwerkzeug ausgewählt</translation>
+    </message>
+    <message>
+        <source>Remove row %1?</source>
+        <translation>Zeile %1 entfernen?</translation>
+    </message>
+    <message>
+        <source>Remove all measured points?</source>
+        <translation>Alle gemessenen Punkte entfernen?</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Nothing selected.</source>
+        <translation>Nichts ausgewählt.</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not a number!</source>
+        <translation>„%1“ ist keine Zahl!</translation>
+    </message>
+    <message>
+        <source>Open reference points file...</source>
+        <translation>Referenzpunktdatei öffnen ...</translation>
+    </message>
+    <message>
+        <source>Text files (*.txt);; All files (*.*)</source>
+        <translation>Textdateien (*.txt);; Alle Dateien (*.*)</translation>
+    </message>
+    <message>
+        <source>Error loading file</source>
+        <translation>Fehler beim Laden der Datei</translation>
+    </message>
+    <message>
+        <source>Unknown format !</source>
+        <translation>Unbekanntes Format!</translation>
+    </message>
+    <message>
+        <source>Save reference points</source>
+        <translation>Referenzpunkte speichern</translation>
+    </message>
+    <message>
+        <source>Text file (*.txt)</source>
+        <translation>Textdatei (*.txt)</translation>
+    </message>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Cannot evaluate the transformation : not enough points.</source>
+        <translation>Die Transformation kann nicht bestimmt werden: zu wenige Punkte.</translation>
+    </message>
+    <message>
+        <source>Cannot evaluate the transformation : number of reference and measured points is different.</source>
+        <translation>Die Transformation kann nicht bestimmt werden: die Anzahl der Referenzpunkte und der gemessenen Punkte ist verschieden.</translation>
+    </message>
+    <message>
+        <source>No valid permutation to match transformation.</source>
+        <translation>Keine gültige Zuordnung der Punkte für die Transformation.</translation>
+    </message>
+    <message>
+        <source>Error when calculating matching transformation (trafo3d_3trafo) : %1</source>
+        <translation>Fehler beim Berechnen der Transformation (trafo3d_3trafo): %1</translation>
+    </message>
+    <message>
+        <source>Error when optimizing matching transformation (trafo3d_opttrafo) : %1</source>
+        <translation>Fehler beim Optimieren der Transformation (trafo3d_opttrafo): %1</translation>
+    </message>
+    <message>
+        <source>Transformation evaluation report :
+Residual error : %1</source>
+        <translation>Bericht zur Bestimmung der Transformation:
+Restfehler: %1</translation>
+    </message>
+    <message>
+        <source>
+ Point %1 -&gt; %2 : (%3, %4, %5) ; distance to reference point = %6</source>
+        <translation>
+ Punkt %1 -&gt; %2 : (%3, %4, %5) ; Abstand zum Referenzpunkt = %6</translation>
+    </message>
+    <message>
+        <source>
+All values are in [mm]</source>
+        <translation>
+Alle Werte in [mm]</translation>
+    </message>
+    <message>
+        <source>Not reliable: some reference points nearly coincide.</source>
+        <translation>Nicht zuverlässig: einige Referenzpunkte fallen fast zusammen.</translation>
+    </message>
+    <message>
+        <source>Not reliable: the reference points lie nearly on a line, so the rotation about it is uncertain. Add a point beside the line.</source>
+        <translation>Nicht zuverlässig: die Referenzpunkte liegen fast auf einer Geraden, die Drehung um diese ist daher unsicher. Fügen Sie einen Punkt neben der Geraden hinzu.</translation>
+    </message>
+    <message>
+        <source>Not reliable: the first three reference points lie on a line, or nearly so. Put three points first that are not on a line.</source>
+        <translation>Nicht zuverlässig: die ersten drei Referenzpunkte liegen ganz oder fast auf einer Geraden. Stellen Sie drei Punkte an den Anfang, die nicht auf einer Geraden liegen.</translation>
+    </message>
+    <message>
+        <source>Not reliable: another order of the measured points fits equally well; the object may be symmetric. Measure in the order of the table and check &quot;preserve order of points&quot;.</source>
+        <translation>Nicht zuverlässig: eine andere Reihenfolge der gemessenen Punkte passt ebenso gut; vielleicht ist das Objekt symmetrisch. Messen Sie in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
+    </message>
+    <message>
+        <source>The search for the best order of the measured points was cancelled.
+Measure the points in the order of the table and check &quot;preserve order of points&quot;.</source>
+        <translation>Die Suche nach der besten Reihenfolge der gemessenen Punkte wurde abgebrochen.
+Messen Sie die Punkte in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
+    </message>
+    <message>
+        <source>Searching for the best order of the measured points ...</source>
+        <translation>Die beste Reihenfolge der gemessenen Punkte wird gesucht ...</translation>
+    </message>
+    <message>
+        <source>Measurement failed :
+Tip moved too much during measurement</source>
+        <translation>Messung fehlgeschlagen:
+Die Spitze wurde während der Messung zu stark bewegt</translation>
+    </message>
+    <message>
+        <source>Measurement failed :
+Tip moved too much during measurement:
+	o Variance = %1
+	o Standard deviation = %2</source>
+        <translation>Messung fehlgeschlagen:
+Die Spitze wurde während der Messung zu stark bewegt:
+	o Varianz = %1
+	o Standardabweichung = %2</translation>
+    </message>
+    <message>
+        <source>The distance of this point, %1 mm, is the largest and more than three times the median distance. Check it or measure it again.</source>
+        <translation>Der Abstand dieses Punktes, %1 mm, ist der größte und mehr als das Dreifache des mittleren Abstands (Median). Prüfen Sie den Punkt oder messen Sie ihn erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>AbcMatchingDialogClass</name>
+    <message>
+        <source>Room Adjustment Based On Reference Points</source>
+        <translation>Raumjustierung anhand von Referenzpunkten</translation>
+    </message>
+    <message>
+        <source>Reference points</source>
+        <translation>Referenzpunkte</translation>
+    </message>
+    <message>
+        <source>Coordinates that the points of the object shall have; double-click or press F2 to edit</source>
+        <translation>Koordinaten, die die Punkte des Objekts haben sollen; Doppelklick oder F2 zum Bearbeiten</translation>
+    </message>
+    <message>
+        <source>x[mm]</source>
+        <translation>x[mm]</translation>
+    </message>
+    <message>
+        <source>y[mm]</source>
+        <translation>y[mm]</translation>
+    </message>
+    <message>
+        <source>z[mm]</source>
+        <translation>z[mm]</translation>
+    </message>
+    <message>
+        <source>&amp;Load</source>
+        <translation>&amp;Laden</translation>
+    </message>
+    <message>
+        <source>Replace the reference points by those of a text file</source>
+        <translation>Die Referenzpunkte durch die einer Textdatei ersetzen</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save the reference points to a text file</source>
+        <translation>Die Referenzpunkte in einer Textdatei speichern</translation>
+    </message>
+    <message>
+        <source>&amp;Add</source>
+        <translation>Hin&amp;zufügen</translation>
+    </message>
+    <message>
+        <source>Add a reference point to the end of the table</source>
+        <translation>Einen Referenzpunkt am Ende der Tabelle anfügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Remove the selected reference point</source>
+        <translation>Den ausgewählten Referenzpunkt entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;preserve order of points</source>
+        <translation>Reihenfolge der Punkte &amp;beibehalten</translation>
+    </message>
+    <message>
+        <source>Assign the measured points to the reference points in the order of the tables, instead of searching for the best order</source>
+        <translation>Die gemessenen Punkte den Referenzpunkten in der Reihenfolge der Tabellen zuordnen, statt die beste Reihenfolge zu suchen</translation>
+    </message>
+    <message>
+        <source>Measured points</source>
+        <translation>Gemessene Punkte</translation>
+    </message>
+    <message>
+        <source>Measurement &amp;Tool:</source>
+        <translation>Mess&amp;werkzeug:</translation>
+    </message>
+    <message>
+        <source>Measurement tool with a calibrated tip</source>
+        <translation>Messwerkzeug mit kalibrierter Spitze</translation>
+    </message>
+    <message>
+        <source>Measurement tool</source>
+        <translation>Messwerkzeug</translation>
+    </message>
+    <message>
+        <source>Tracking state of the measurement tool</source>
+        <translation>Erfassungszustand des Messwerkzeugs</translation>
+    </message>
+    <message>
+        <source>Positions of the tip, in the coordinates of the room as it is now</source>
+        <translation>Positionen der Spitze, in den Koordinaten des Raums, wie er jetzt ist</translation>
+    </message>
+    <message>
+        <source>&amp;Measure</source>
+        <translation>&amp;Messen</translation>
+    </message>
+    <message>
+        <source>Measure the position of the tip; hold the tip still until the bar is full</source>
+        <translation>Die Position der Spitze messen; die Spitze ruhig halten, bis der Balken voll ist</translation>
+    </message>
+    <message>
+        <source>Progress of the measurement</source>
+        <translation>Fortschritt der Messung</translation>
+    </message>
+    <message>
+        <source>&amp;replace selected</source>
+        <translation>Auswahl &amp;ersetzen</translation>
+    </message>
+    <message>
+        <source>The next measurement replaces the selected point</source>
+        <translation>Die nächste Messung ersetzt den ausgewählten Punkt</translation>
+    </message>
+    <message>
+        <source>Remove the selected measured point</source>
+        <translation>Den ausgewählten gemessenen Punkt entfernen</translation>
+    </message>
+    <message>
+        <source>&amp;Clear</source>
+        <translation>Leere&amp;n</translation>
+    </message>
+    <message>
+        <source>Remove all measured points</source>
+        <translation>Alle gemessenen Punkte entfernen</translation>
+    </message>
+    <message>
+        <source>Transformation</source>
+        <translation>Transformation</translation>
+    </message>
+    <message>
+        <source>Result of the adjustment</source>
+        <translation>Ergebnis der Justierung</translation>
+    </message>
+    <message>
+        <source>Reliability of the result</source>
+        <translation>Zuverlässigkeit des Ergebnisses</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>Show help on the adjustment by reference points</source>
+        <translation>Hilfe zur Justierung anhand von Referenzpunkten anzeigen</translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation>Übernehmen</translation>
+    </message>
+    <message>
+        <source>Close and adjust the room by the transformation</source>
+        <translation>Schließen und den Raum mit der Transformation justieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close without adjusting the room</source>
+        <translation>Schließen, ohne den Raum zu justieren</translation>
+    </message>
+</context>
+<context>
     <name>AdjustToToolDlg</name>
     <message>
         <source>Adjust Room Coordinates To Angle Tool</source>
@@ -287,10 +613,6 @@ Diese Kalibrierung kann zurzeit nicht unterbrochen werden!</translation>
     <message>
         <source>Show XZ plane</source>
         <translation>XZ-Ebene anzeigen</translation>
-    </message>
-    <message>
-        <source>Not available in this version</source>
-        <translation>In dieser Version nicht verfügbar</translation>
     </message>
     <message>
         <source>Scaling</source>
@@ -788,6 +1110,17 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>Adjust the room coordinate system</source>
         <translation>Das Raumkoordinatensystem justieren</translation>
+    </message>
+</context>
+<context>
+    <name>SearchProgress</name>
+    <message>
+        <source>Searching for the best order of the measured points ...</source>
+        <translation>Die beste Reihenfolge der gemessenen Punkte wird gesucht ...</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>
