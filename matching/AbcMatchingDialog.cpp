@@ -267,9 +267,9 @@ void AbcMatchingDialog::takeStep(const ToolSampler::Step &step)
     }
 }
 
-void AbcMatchingDialog::endMeasurement(const TipMeasurement::Judgement &judgement)
+void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
 {
-    using Outcome = TipMeasurement::Outcome;
+    using Outcome = TipCollector::Outcome;
     const QPointer<AbcMatchingDialog> self(this);
     if (judgement.outcome == Outcome::Point) {
         m_mean = judgement.mean;

@@ -100,7 +100,7 @@ private:
     void showNotice(const QString &text);
 
     void takeStep(const ToolSampler::Step &step);
-    void endMeasurement(const TipMeasurement::Judgement &judgement);
+    void endMeasurement(const TipCollector::Judgement &judgement);
 
     void takeReferenceCells();
     void refuseNumber(const QString &entered);

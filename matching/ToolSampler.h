@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TipMeasurement.h"
+#include "TipCollector.h"
 #include "VelmarParser.h"
 
 #include <array>
@@ -21,8 +21,8 @@ public:
 
     struct Step {
         Event event = Event::Ignored;
-        double elapsed = 0.0;                ///< of Sampled
-        TipMeasurement::Judgement judgement; ///< of Ended; Nothing if no measurement was going on
+        double elapsed = 0.0;              ///< of Sampled
+        TipCollector::Judgement judgement; ///< of Ended; Nothing if no measurement was going on
     };
 
     static constexpr int noTool = -1;
@@ -64,7 +64,7 @@ private:
 
     VelmarParser m_parser;
     std::array<char, bufferSize> m_buffer{};
-    TipMeasurement m_measurement;
+    TipCollector m_measurement;
     int m_tool = noTool;
     double m_duration = defaultDuration;
     double m_tolerance = defaultTolerance;

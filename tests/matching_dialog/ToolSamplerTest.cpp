@@ -5,7 +5,7 @@
 #include <QtTest>
 
 using Event = ToolSampler::Event;
-using Outcome = TipMeasurement::Outcome;
+using Outcome = TipCollector::Outcome;
 
 namespace
 {

@@ -8,7 +8,7 @@
 /// Collects the tip positions of one measurement and judges them when it ends.
 ///
 /// Units: millimetres and seconds.
-class TipMeasurement
+class TipCollector
 {
 public:
     enum class Outcome {

@@ -1,4 +1,4 @@
-#include "TipMeasurement.h"
+#include "TipCollector.h"
 #include "TestRegistry.h"
 
 #include <QObject>
@@ -7,9 +7,9 @@
 #include <cmath>
 #include <limits>
 
-using Outcome = TipMeasurement::Outcome;
+using Outcome = TipCollector::Outcome;
 
-class TipMeasurementTest : public QObject
+class TipCollectorTest : public QObject
 {
     Q_OBJECT
 
@@ -28,96 +28,96 @@ private slots:
     void shouldKeepAPlausibleMeanForManySamplesFarAway();
 };
 
-void TipMeasurementTest::shouldGiveTheMeanOfAStillTip()
+void TipCollectorTest::shouldGiveTheMeanOfAStillTip()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(10.0, {1, 2, 3});
     QCOMPARE(tip.elapsed(), 0.0);
     tip.add(10.5, {2, 2, 3});
     tip.add(11.0, {3, 2, 3});
     QCOMPARE(tip.elapsed(), 1.0);
     QCOMPARE(tip.count(), std::size_t(3));
-    const TipMeasurement::Judgement result = tip.finish(1.0, 1.5);
+    const TipCollector::Judgement result = tip.finish(1.0, 1.5);
     QCOMPARE(result.outcome, Outcome::Point);
     QCOMPARE(result.mean, bsVector(2, 2, 3));
 }
 
-void TipMeasurementTest::shouldJudgeByTheStandardDeviationInSpace()
+void TipCollectorTest::shouldJudgeByTheStandardDeviationInSpace()
 {
     // Two points at distance 2 * (1, 2, 2): each is 3 mm from the mean.
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(0.0, {1, 2, 2});
     tip.add(2.0, {-1, -2, -2});
-    const TipMeasurement::Judgement result = tip.finish(1.0, 5.0);
+    const TipCollector::Judgement result = tip.finish(1.0, 5.0);
     QCOMPARE(result.variance, 9.0);
     QCOMPARE(result.standardDeviation, 3.0);
     QCOMPARE(result.outcome, Outcome::Point);
 }
 
-void TipMeasurementTest::shouldAcceptASpreadOfExactlyTheTolerance()
+void TipCollectorTest::shouldAcceptASpreadOfExactlyTheTolerance()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(0.0, {1.5, 0, 0});
     tip.add(1.0, {-1.5, 0, 0});
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::Point);
 }
 
-void TipMeasurementTest::shouldRejectATipThatMoved()
+void TipCollectorTest::shouldRejectATipThatMoved()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(0.0, {1.6, 0, 0});
     tip.add(1.0, {-1.6, 0, 0});
-    const TipMeasurement::Judgement result = tip.finish(1.0, 1.5);
+    const TipCollector::Judgement result = tip.finish(1.0, 1.5);
     QCOMPARE(result.outcome, Outcome::TipMoved);
     QVERIFY(std::fabs(result.variance - 2.56) < 1e-12);
     QVERIFY(std::fabs(result.standardDeviation - 1.6) < 1e-12);
 }
 
-void TipMeasurementTest::shouldTellAnEarlyEnd()
+void TipCollectorTest::shouldTellAnEarlyEnd()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(0.0, {0, 0, 0});
     tip.add(0.9, {0, 0, 0});
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::EndedEarly);
 }
 
-void TipMeasurementTest::shouldGiveNothingWithoutSamples()
+void TipCollectorTest::shouldGiveNothingWithoutSamples()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::Nothing);
     QCOMPARE(tip.finish(0.0, 1.5).outcome, Outcome::Nothing);
     QCOMPARE(tip.finish(-1.0, 1.5).outcome, Outcome::Nothing);
 }
 
-void TipMeasurementTest::shouldGiveNothingWhileNoTimePassed()
+void TipCollectorTest::shouldGiveNothingWhileNoTimePassed()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(5.0, {0, 0, 0});
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::Nothing);
 }
 
-void TipMeasurementTest::shouldTakeOneSampleForADurationOfZero()
+void TipCollectorTest::shouldTakeOneSampleForADurationOfZero()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(5.0, {1, 2, 3});
-    const TipMeasurement::Judgement result = tip.finish(0.0, 0.0);
+    const TipCollector::Judgement result = tip.finish(0.0, 0.0);
     QCOMPARE(result.outcome, Outcome::Point);
     QCOMPARE(result.mean, bsVector(1, 2, 3));
     QCOMPARE(result.variance, 0.0);
 }
 
-void TipMeasurementTest::shouldGiveNothingWhenTheTimeRunsBackwards()
+void TipCollectorTest::shouldGiveNothingWhenTheTimeRunsBackwards()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(5.0, {0, 0, 0});
     tip.add(4.0, {0, 0, 0});
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::Nothing);
 }
 
-void TipMeasurementTest::shouldNotAcceptNumbersThatAreNone()
+void TipCollectorTest::shouldNotAcceptNumbersThatAreNone()
 {
     const double none = std::numeric_limits<double>::quiet_NaN();
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(0.0, {0, none, 0});
     tip.add(1.0, {0, 0, 0});
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::TipMoved);
@@ -126,9 +126,9 @@ void TipMeasurementTest::shouldNotAcceptNumbersThatAreNone()
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::Nothing);
 }
 
-void TipMeasurementTest::shouldBeginAnewAfterTheJudgement()
+void TipCollectorTest::shouldBeginAnewAfterTheJudgement()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     tip.add(0.0, {0, 0, 0});
     tip.add(1.0, {100, 0, 0});
     QCOMPARE(tip.finish(1.0, 1.5).outcome, Outcome::TipMoved);
@@ -139,17 +139,17 @@ void TipMeasurementTest::shouldBeginAnewAfterTheJudgement()
     QCOMPARE(tip.finish(1.0, 1.5).mean, bsVector(1, 1, 1));
 }
 
-void TipMeasurementTest::shouldKeepAPlausibleMeanForManySamplesFarAway()
+void TipCollectorTest::shouldKeepAPlausibleMeanForManySamplesFarAway()
 {
-    TipMeasurement tip;
+    TipCollector tip;
     for (int i = 0; i < 600; ++i)
         tip.add(i / 60.0, {5000.0 + (i % 2 == 0 ? 0.25 : -0.25), -3000.0, 1e5});
-    const TipMeasurement::Judgement result = tip.finish(1.0, 1.5);
+    const TipCollector::Judgement result = tip.finish(1.0, 1.5);
     QCOMPARE(result.outcome, Outcome::Point);
     QVERIFY(std::fabs(result.mean.x - 5000.0) < 1e-9);
     QVERIFY(std::fabs(result.standardDeviation - 0.25) < 1e-9);
 }
 
-ROOM_TEST_CLASS(TipMeasurementTest)
+ROOM_TEST_CLASS(TipCollectorTest)
 
-#include "TipMeasurementTest.moc"
+#include "TipCollectorTest.moc"

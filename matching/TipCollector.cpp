@@ -1,8 +1,8 @@
-#include "TipMeasurement.h"
+#include "TipCollector.h"
 
 #include <cmath>
 
-void TipMeasurement::add(double timestamp, const bsVector &tip)
+void TipCollector::add(double timestamp, const bsVector &tip)
 {
     if (m_tips.empty())
         m_first = timestamp;
@@ -11,7 +11,7 @@ void TipMeasurement::add(double timestamp, const bsVector &tip)
         m_tips.push_back(tip);
 }
 
-TipMeasurement::Judgement TipMeasurement::finish(double duration, double tolerance)
+TipCollector::Judgement TipCollector::finish(double duration, double tolerance)
 {
     Judgement judgement;
     if (!m_tips.empty() && elapsed() >= duration)
@@ -22,19 +22,19 @@ TipMeasurement::Judgement TipMeasurement::finish(double duration, double toleran
     return judgement;
 }
 
-void TipMeasurement::clear()
+void TipCollector::clear()
 {
     m_tips.clear();
     m_first = 0.0;
     m_last = 0.0;
 }
 
-double TipMeasurement::elapsed() const
+double TipCollector::elapsed() const
 {
     return m_last - m_first;
 }
 
-TipMeasurement::Judgement TipMeasurement::judge(double tolerance) const
+TipCollector::Judgement TipCollector::judge(double tolerance) const
 {
     const auto n = static_cast<double>(m_tips.size());
     Judgement judgement;
