@@ -21,7 +21,7 @@ SimReply withKind(SimMachine &machine, const SimArguments &arguments, Change cha
     const auto found = machine.calibration.kinds.find(name);
     if (found == machine.calibration.kinds.end())
         return SimReply::noSuch("calibration");
-    const SimReply reply = change(found->second);
+    SimReply reply = change(found->second);
     if (reply.kind == SimReply::Kind::Ok)
         machine.calibration.adoptTrouble(name);
     return reply;

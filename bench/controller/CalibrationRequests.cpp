@@ -66,7 +66,7 @@ SimReply start(SimMachine &machine, const SimArguments &arguments)
 {
     if (kindOf(machine, arguments) == nullptr)
         return SimReply::noSuch("calibration");
-    const SimReply allowed = permission(machine);
+    SimReply allowed = permission(machine);
     if (allowed.kind != SimReply::Kind::Ok)
         return allowed;
     SimState &state = machine.state;

@@ -176,7 +176,7 @@ void runControls(ScenarioObject &object, SimMachine &machine)
 
 std::vector<std::string> readFaults(ScenarioObject &object)
 {
-    const std::vector<std::string> lines = object.texts("faults");
+    std::vector<std::string> lines = object.texts("faults");
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (FaultPlan().run(lines[i], 0.0) != std::optional<std::string>("sim ok"))
             object.fail(QStringLiteral("faults[%1]").arg(i), QStringLiteral("not a fault line"));

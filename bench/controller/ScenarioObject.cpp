@@ -101,11 +101,12 @@ std::vector<double> ScenarioObject::numbers(const char *key, int count)
     if (value.isUndefined())
         return {};
     std::vector<double> list;
-    for (const QJsonValue one : value.toArray()) {
+    const QJsonArray entries = value.toArray();
+    for (const auto &one : entries) {
         if (one.isDouble() && std::fabs(one.toDouble()) <= SimText::largestNumber)
             list.push_back(one.toDouble());
     }
-    if (value.toArray().size() == count && static_cast<int>(list.size()) == count)
+    if (entries.size() == count && static_cast<int>(list.size()) == count)
         return list;
     fail(QLatin1String(key), QStringLiteral("expected %1 numbers").arg(count));
     return {};
@@ -117,11 +118,12 @@ std::vector<std::string> ScenarioObject::texts(const char *key)
     if (value.isUndefined())
         return {};
     std::vector<std::string> list;
-    for (const QJsonValue one : value.toArray()) {
+    const QJsonArray entries = value.toArray();
+    for (const auto &one : entries) {
         if (one.isString())
             list.push_back(one.toString().toStdString());
     }
-    if (value.isArray() && value.toArray().size() == static_cast<int>(list.size()))
+    if (value.isArray() && entries.size() == static_cast<int>(list.size()))
         return list;
     fail(QLatin1String(key), QStringLiteral("expected a list of texts"));
     return {};
@@ -164,7 +166,8 @@ bool ScenarioObject::list(const char *key, int most, const std::function<void(Sc
 
 void ScenarioObject::refuseOtherKeys()
 {
-    for (const QString &key : m_object.keys()) {
+    const QStringList keys = m_object.keys();
+    for (const QString &key : keys) {
         if (!m_known.contains(key))
             fail(key, QStringLiteral("unknown key"));
     }

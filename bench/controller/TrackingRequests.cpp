@@ -110,7 +110,7 @@ SimReply setExtraRotation(SimMachine &machine, const SimArguments &arguments)
     std::copy(numbers->begin(), numbers->end(), rotation.rows.begin());
     if (!rotation.isOrthonormal(rotationTolerance))
         return SimReply::badValue();
-    const SimReply allowed = permission(machine, "extra_rotation");
+    SimReply allowed = permission(machine, "extra_rotation");
     if (allowed.kind == SimReply::Kind::Ok)
         machine.state.extra.rotation = rotation;
     return allowed;
@@ -121,7 +121,7 @@ SimReply setExtraTranslation(SimMachine &machine, const SimArguments &arguments)
     const auto numbers = arguments.reals(3);
     if (!numbers)
         return SimReply::badValue();
-    const SimReply allowed = permission(machine, "extra_translation");
+    SimReply allowed = permission(machine, "extra_translation");
     if (allowed.kind == SimReply::Kind::Ok)
         machine.state.extra.translation = {numbers->at(0), numbers->at(1), numbers->at(2)};
     return allowed;
@@ -133,7 +133,7 @@ SimReply setExtraScaling(SimMachine &machine, const SimArguments &arguments)
     const auto numbers = arguments.reals(1);
     if (!numbers || !(numbers->at(0) > 0.0) || numbers->at(0) > largestScaling)
         return SimReply::badValue();
-    const SimReply allowed = permission(machine, "extra_scaling");
+    SimReply allowed = permission(machine, "extra_scaling");
     if (allowed.kind == SimReply::Kind::Ok)
         machine.state.extra.scaling = numbers->at(0);
     return allowed;
@@ -141,7 +141,7 @@ SimReply setExtraScaling(SimMachine &machine, const SimArguments &arguments)
 
 SimReply clearReference(SimMachine &machine, const SimArguments &)
 {
-    const SimReply allowed = permission(machine, "reference");
+    SimReply allowed = permission(machine, "reference");
     if (allowed.kind == SimReply::Kind::Ok)
         machine.state.reference.reset();
     return allowed;
@@ -152,7 +152,7 @@ SimReply setReference(SimMachine &machine, const SimArguments &arguments)
     const auto body = arguments.index(0, machine.room.bodies.size());
     if (!body)
         return SimReply::noSuch("target");
-    const SimReply allowed = permission(machine, "reference");
+    SimReply allowed = permission(machine, "reference");
     if (allowed.kind == SimReply::Kind::Ok)
         machine.state.reference = static_cast<int>(*body);
     return allowed;

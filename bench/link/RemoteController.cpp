@@ -44,7 +44,7 @@ std::optional<std::pair<QString, quint16>> RemoteController::parseAddress(const 
 {
     const int colon = text.lastIndexOf(QLatin1Char(':'));
     bool isNumber = false;
-    const quint16 port = text.mid(colon + 1).toUShort(&isNumber);
+    const quint16 port = text.midRef(colon + 1).toUShort(&isNumber);
     QString host = text.left(colon);
     if (host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']')))
         host = host.mid(1, host.size() - 2);
@@ -101,7 +101,7 @@ LinkAnswer RemoteController::exchange(const std::string &line)
     m_asking = true;
     m_socket.write((line + "\n").c_str());
     m_socket.flush();
-    const LinkAnswer answer = nextAnswer();
+    LinkAnswer answer = nextAnswer();
     m_asking = false;
     if (!m_records.empty())
         QTimer::singleShot(0, this, &RemoteController::deliver);

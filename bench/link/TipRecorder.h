@@ -13,7 +13,7 @@ class TipRecorder : public Requester
 public:
     /// Tools count from 1. The channel must outlive the recorder.
     TipRecorder(BenchIOManager &channel, int tool);
-    ~TipRecorder();
+    virtual ~TipRecorder();
     TipRecorder(const TipRecorder &) = delete;
     TipRecorder &operator=(const TipRecorder &) = delete;
 

@@ -52,13 +52,15 @@ void describe(QCommandLineParser &parser)
 QString prepare(const QCommandLineParser &parser, const Scenario &scenario, LocalController &controller,
                 LineServer &server)
 {
-    for (const QString &line : parser.values(QStringLiteral("control"))) {
+    const QStringList controls = parser.values(QStringLiteral("control"));
+    for (const QString &line : controls) {
         const std::string answer = controller.ask(line.toStdString()).text;
         if (answer != "sim ok")
             return line + QStringLiteral(": ") + QString::fromStdString(answer);
     }
     std::vector<std::string> faults = scenario.faults;
-    for (const QString &line : parser.values(QStringLiteral("fault")))
+    const QStringList more = parser.values(QStringLiteral("fault"));
+    for (const QString &line : more)
         faults.push_back(line.toStdString());
     for (const std::string &line : faults) {
         if (server.faults().run(line, 0.0) != std::optional<std::string>("sim ok"))

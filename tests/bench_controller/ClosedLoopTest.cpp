@@ -76,9 +76,10 @@ struct Bench {
 
     QVector<double> numbers(const char *request)
     {
-        const QStringList words = QString::fromStdString(controller.answer(request)).split(QLatin1Char(' '));
+        const QStringList words =
+            QString::fromStdString(controller.answer(request)).split(QLatin1Char(' ')).mid(5);
         QVector<double> list;
-        for (const QString &word : words.mid(5))
+        for (const QString &word : words)
             list << word.toDouble();
         return list;
     }

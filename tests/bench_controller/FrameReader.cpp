@@ -8,7 +8,8 @@ namespace
 
 bool takeNumbers(const QString &text, QVector<double> *numbers)
 {
-    for (const QString &word : text.split(QLatin1Char(' '))) {
+    const QStringList words = text.split(QLatin1Char(' '));
+    for (const QString &word : words) {
         bool isNumber = false;
         numbers->append(word.toDouble(&isNumber));
         const bool hasLeadingZero = word.size() > 1 && word[0] == QLatin1Char('0') && word[1].isDigit();
