@@ -38,6 +38,7 @@ AdjustToToolDlg::AdjustToToolDlg(IOManager *commands, const BackendVersions *ver
     m_ui->setupUi(this);
     m_ui->label->setPixmap(QPixmap(QStringLiteral(":/att01.png")));
     m_ui->comboBox_md->addItems(AngleTools::names());
+    keepValuesReadable();
 }
 
 AdjustToToolDlg::~AdjustToToolDlg() = default;
@@ -103,6 +104,24 @@ void AdjustToToolDlg::selectModel(const QString &name)
 std::array<QDoubleSpinBox *, 4> AdjustToToolDlg::fields() const
 {
     return {m_ui->doubleSpinBox_a, m_ui->doubleSpinBox_b, m_ui->doubleSpinBox_c, m_ui->doubleSpinBox_height};
+}
+
+/// The values of a model cannot be edited, but they are to be compared with the tool at hand.
+void AdjustToToolDlg::keepValuesReadable()
+{
+    const QColor text = palette().color(QPalette::Active, QPalette::Text);
+    for (QDoubleSpinBox *field : fields()) {
+        QPalette fieldPalette = field->palette();
+        fieldPalette.setColor(QPalette::Disabled, QPalette::Text, text);
+        field->setPalette(fieldPalette);
+    }
+}
+
+void AdjustToToolDlg::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        keepValuesReadable();
 }
 
 void AdjustToToolDlg::on_comboBox_md_currentIndexChanged(const QString &arg1)

@@ -42,7 +42,11 @@ public slots:
     void on_comboBox_md_currentIndexChanged(const QString &arg1);
     void keyPressEvent(QKeyEvent *event) override;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void keepValuesReadable();
     void showCoordinateTypes(const std::vector<OfferedCoordinateType> &types, const QByteArray &chosen);
     void showTool(const std::optional<std::array<double, 3>> &distances, std::optional<double> height);
     void selectModel(const QString &name);

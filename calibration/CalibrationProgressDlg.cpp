@@ -28,6 +28,14 @@ Qt::WindowFlags flagsFor(const QString &kind)
     return Qt::Dialog | Qt::WindowCloseButtonHint;
 }
 
+/// A sentence that comes and goes moves nothing else.
+void keepRoomFor(QWidget *label)
+{
+    QSizePolicy policy = label->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    label->setSizePolicy(policy);
+}
+
 } // namespace
 
 CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *parent,
@@ -44,6 +52,8 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
     m_ui->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
     m_ui->label_remaining_time->clear();
+    keepRoomFor(m_ui->label_info);
+    keepRoomFor(m_ui->label_warning);
     m_cameras = new CameraGrid(m_ui->gridLayout_cam, commands, versions, this);
     m_ui->frame_name->setVisible(!m_showsCameras);
     m_ui->frame_grid->setVisible(m_showsCameras);

@@ -62,6 +62,18 @@ private slots:
             QVERIFY(dialog.spinBox(name)->isEnabled());
     }
 
+    void shouldKeepTheValuesOfAModelReadable()
+    {
+        CalibrationBench bench;
+        AngleToolFixture dialog(&bench);
+        QPalette dark = dialog.palette();
+        dark.setColor(QPalette::Text, QColor(250, 251, 252));
+        dialog.setPalette(dark);
+        for (const char *name : fieldNames)
+            QCOMPARE(dialog.spinBox(name)->palette().color(QPalette::Disabled, QPalette::Text),
+                     QColor(250, 251, 252));
+    }
+
     void shouldReadTheControllersSettingsAtEachOpening()
     {
         CalibrationBench bench;
