@@ -79,6 +79,24 @@ private slots:
         QCOMPARE(dialog.exec(), int(QDialog::Accepted));
     }
 
+    void shouldShowTheLastNineOfManySeconds()
+    {
+        CountdownDlg dialog(nullptr);
+        dialog.setTick(1h);
+        dialog.resize(300, 300);
+        dialog.show();
+        auto *lcd = dialog.findChild<QLCDNumber *>(QStringLiteral("lcdNumber"));
+        dialog.setCountdown(QString(), 0);
+        const QImage zero = lcd->grab().toImage();
+        dialog.setCountdown(QString(), 11);
+        QCOMPARE(lcd->grab().toImage(), zero);
+        dialog.updateCountdown();
+        QCOMPARE(lcd->grab().toImage(), zero);
+        dialog.updateCountdown();
+        QVERIFY(lcd->grab().toImage() != zero);
+        QCOMPARE(shownSeconds(dialog), 9);
+    }
+
     void shouldTickEverySecond()
     {
         CountdownDlg dialog(nullptr);
