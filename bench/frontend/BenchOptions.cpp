@@ -178,7 +178,7 @@ std::optional<BenchOptions> BenchOptions::read(const QStringList &arguments, QSt
         return std::nullopt;
     }
     BenchOptions explained;
-    explained.isHelpWanted = parser.isSet(QStringLiteral("help"));
+    explained.isHelpWanted = parser.isSet(QStringLiteral("help")) || parser.isSet(QStringLiteral("help-all"));
     explained.isVersionWanted = parser.isSet(QStringLiteral("version"));
     if (explained.isHelpWanted || explained.isVersionWanted)
         return explained;

@@ -109,6 +109,7 @@ private slots:
     void shouldListEveryOptionInItsHelp()
     {
         QVERIFY(read({QStringLiteral("--help")})->isHelpWanted);
+        QVERIFY(read({QStringLiteral("--help-all")})->isHelpWanted);
         QVERIFY(read({QStringLiteral("--version")})->isVersionWanted);
         const QString help = BenchOptions::help();
         for (const char *name : {"--plugin", "--controller", "--scenario", "--observer", "--demo", "--seed"})
