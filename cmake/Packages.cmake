@@ -84,6 +84,8 @@ by a calibration with an angle tool.")
 set(CPACK_DEBIAN_BENCH_PACKAGE_NAME room-adjustment-bench)
 set(CPACK_DEBIAN_BENCH_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_BENCH_PACKAGE_DEPENDS "room-adjustment-module (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE})")
+# Qt's own texts, such as those of standard buttons.
+set(CPACK_DEBIAN_BENCH_PACKAGE_RECOMMENDS qttranslations5-l10n)
 set(CPACK_COMPONENT_BENCH_DESCRIPTION
 "tracking front-end with a simulated controller
 A small front-end for an optical tracking system that loads the room
