@@ -7,11 +7,9 @@
 #include "Resources.h"
 #include "ui_CalibrationProgressDialog.h"
 
-#include <QGuiApplication>
 #include <QIcon>
 #include <QPointer>
 #include <QScreen>
-#include <QScrollBar>
 
 using namespace std::chrono_literals;
 
@@ -116,8 +114,11 @@ void CalibrationProgressDlg::prepareScreen(const QString &kind)
         m_cameras->build();
     if (self.isNull())
         return;
-    if (m_showsCameras)
-        fitToCameras();
+    if (m_showsCameras) {
+        m_cameras->fit(m_ui->scrollArea_cam, screen()->availableSize());
+        layout()->activate();
+        resize(minimumSizeHint());
+    }
     m_ui->progressBar_overall->setValue(0);
     m_cameras->reset();
     m_isFinished = false;
@@ -133,27 +134,6 @@ QString CalibrationProgressDlg::composedInformation(const QString &kind) const
     if (kind.contains(QLatin1String(uninterruptibleKind)))
         text += tr("\nCurrently this calibration cannot be interrupted!");
     return text;
-}
-
-/// The smallest size that shows every camera, or as many as the screen has room for.
-void CalibrationProgressDlg::fitToCameras()
-{
-    constexpr double usableWidth = 0.95;
-    constexpr double usableHeight = 0.7;
-    const auto widgets = m_ui->frame_grid->findChildren<QWidget *>();
-    for (QWidget *widget : widgets)
-        widget->ensurePolished();
-    m_ui->gridLayout_cam->activate();
-    QSize wanted = m_ui->frame_grid->sizeHint();
-    const QSize available = screen()->availableSize();
-    const QSize usable(int(available.width() * usableWidth), int(available.height() * usableHeight));
-    if (wanted.height() > usable.height())
-        wanted.rwidth() += m_ui->scrollArea_cam->verticalScrollBar()->sizeHint().width();
-    if (wanted.width() > usable.width())
-        wanted.rheight() += m_ui->scrollArea_cam->horizontalScrollBar()->sizeHint().height();
-    m_ui->scrollArea_cam->setMinimumSize(wanted.boundedTo(usable));
-    layout()->activate();
-    resize(minimumSizeHint());
 }
 
 void CalibrationProgressDlg::update_cal_status()

@@ -61,7 +61,6 @@ public slots:
 private:
     int follow(const QString &kind);
     void prepareScreen(const QString &kind);
-    void fitToCameras();
     void showProgress(const CalibrationPoll &poll);
     void watchForStall(bool hasMoved);
     void showCalculating();

@@ -5,6 +5,8 @@
 #include "CameraStatus.h"
 
 #include <QGridLayout>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -47,6 +49,23 @@ bool CameraGrid::addBox(int index, int columns)
     m_boxes.append(box.get());
     m_layout->addWidget(box.release(), index / columns, index % columns);
     return true;
+}
+
+void CameraGrid::fit(QScrollArea *area, const QSize &screen) const
+{
+    constexpr double usableWidth = 0.95;
+    constexpr double usableHeight = 0.7;
+    const auto widgets = area->widget()->findChildren<QWidget *>();
+    for (QWidget *widget : widgets)
+        widget->ensurePolished();
+    m_layout->activate();
+    QSize wanted = area->widget()->sizeHint();
+    const QSize usable(int(screen.width() * usableWidth), int(screen.height() * usableHeight));
+    if (wanted.height() > usable.height())
+        wanted.rwidth() += area->verticalScrollBar()->sizeHint().width();
+    if (wanted.width() > usable.width())
+        wanted.rheight() += area->horizontalScrollBar()->sizeHint().height();
+    area->setMinimumSize(wanted.boundedTo(usable));
 }
 
 void CameraGrid::reset()

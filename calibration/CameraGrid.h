@@ -11,6 +11,8 @@ class CalibrationRun;
 class CameraStatus;
 class IOManager;
 class QGridLayout;
+class QScrollArea;
+class QSize;
 struct BackendVersions;
 
 /// The camera boxes of the progress dialog, row by row in a grid layout.
@@ -27,6 +29,8 @@ public:
     /// Asks for the number of cameras and makes a box for each, in place of those there were. When the number
     /// cannot be read, that is reported and everything stays as it is.
     void build();
+    /// Makes the area that shows the grid as large as the boxes, or as the screen has room for.
+    void fit(QScrollArea *area, const QSize &screen) const;
     void reset();
     /// Asks for the progress of every camera, as long as the run goes on.
     void refresh(const std::shared_ptr<CalibrationRun> &run);

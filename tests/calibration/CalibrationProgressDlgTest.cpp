@@ -11,6 +11,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QtTest>
 
 using namespace std::chrono_literals;
@@ -451,6 +452,9 @@ private slots:
         grid->getItemPosition(count - 1, &row, &column, &rowSpan, &columnSpan);
         QTEST(row, "row");
         QTEST(column, "column");
+        auto *area = dialog.findChild<QScrollArea *>(QStringLiteral("scrollArea_cam"));
+        if (count == 8)
+            QVERIFY(area->minimumWidth() >= area->widget()->sizeHint().width());
         const QSize screenSize = dialog.screen()->size();
         QVERIFY(dialog.width() <= screenSize.width() && dialog.height() <= screenSize.height());
     }
