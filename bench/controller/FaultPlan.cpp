@@ -11,6 +11,7 @@ namespace
 constexpr int defaultCode = 7;
 constexpr int longestDelay = 600000;
 constexpr int longestAnswer = 100000;
+constexpr std::size_t mostFaults = 1000;
 constexpr std::string_view lead = "sim fault ";
 
 const std::string ok = "sim ok";
@@ -150,6 +151,8 @@ std::optional<std::string> FaultPlan::run(const std::string &line, double now)
     const std::optional<Fault> fault = parse(line);
     if (!fault)
         return failure("unknown or incomplete fault");
+    if (m_faults.size() >= mostFaults)
+        return failure("too many faults");
     m_faults.push_back(*fault);
     return ok;
 }
@@ -174,11 +177,11 @@ std::optional<FaultPlan::Fault> FaultPlan::parse(const std::string &line)
     return fault;
 }
 
-FaultEffect FaultPlan::next(const std::string &text)
+FaultEffect FaultPlan::next(const std::string &text, const std::string &otherText)
 {
     FaultEffect sum;
     for (Fault &fault : m_faults) {
-        if (!SimText::startsWith(text, fault.prefix))
+        if (!SimText::startsWith(text, fault.prefix) && !SimText::startsWith(otherText, fault.prefix))
             continue;
         if (fault.always || --fault.left == 0)
             add(sum, fault.effect);

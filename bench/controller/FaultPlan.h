@@ -29,16 +29,16 @@ struct FaultEffect {
 ///     sim reconnect                         ends that
 ///     sim fault clear                       ends everything
 ///
-/// k is a number from 1, or the word every. A prefix may stand in double quotes, an empty one means every
-/// call.
+/// At most 1000 are at work at a time. k is a number from 1, or the word every. A prefix may stand in double
+/// quotes, an empty one means every call.
 class FaultPlan
 {
 public:
     /// The answer to one of the lines above; nothing when it is another line. `now` is in seconds.
     std::optional<std::string> run(const std::string &line, double now);
 
-    /// Counts one call and says what happens to it.
-    FaultEffect next(const std::string &text);
+    /// Counts one call and says what happens to it. A prefix may begin the text or the other text for it.
+    FaultEffect next(const std::string &text, const std::string &otherText = std::string());
 
     bool isDisconnected(double now) const { return m_disconnectedUntil && now < *m_disconnectedUntil; }
 

@@ -31,7 +31,9 @@ void damage(std::string &line, const RecordFaults::Damage &how)
 
 void RecordFaults::swap(const std::string &first, const std::string &second, int frames)
 {
-    m_swaps.push_back({first, second, frames});
+    constexpr std::size_t mostSwaps = 100;
+    if (m_swaps.size() < mostSwaps)
+        m_swaps.push_back({first, second, frames});
 }
 
 void RecordFaults::clear()

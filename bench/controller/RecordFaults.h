@@ -33,7 +33,7 @@ public:
 
     Damage &of(const std::string &kind) { return m_damages[kind]; }
 
-    /// Exchanges the two kinds' places in the next frames.
+    /// Exchanges the two kinds' places in the next frames; at most 100 exchanges are at work at a time.
     void swap(const std::string &first, const std::string &second, int frames);
 
     /// Ends every damage; the formats stay.

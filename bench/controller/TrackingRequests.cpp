@@ -97,7 +97,9 @@ SimReply permission(SimMachine &machine, const std::string &what)
         return SimReply::ok();
     if (machine.state.strict)
         return SimReply::error(20, "stop tracking first");
-    machine.notes.push_back("tracking " + what + " was set while measuring");
+    constexpr std::size_t mostNotes = 100;
+    if (machine.notes.size() < mostNotes)
+        machine.notes.push_back("tracking " + what + " was set while measuring");
     return SimReply::ok();
 }
 

@@ -17,7 +17,7 @@ constexpr double longestCatchUpSeconds = 0.5;
 /// The time of "sim wait SECONDS" and "sim frames COUNT".
 std::optional<double> timeToPass(const std::string &line)
 {
-    constexpr double longestSeconds = 3600.0;
+    constexpr double longestSeconds = 600.0;
     const auto words = SimText::words(line);
     if (words.size() != 3 || words[0] != "sim" || (words[1] != "wait" && words[1] != "frames"))
         return std::nullopt;

@@ -99,7 +99,7 @@ QString RemoteController::description() const
 LinkAnswer RemoteController::exchange(const std::string &line)
 {
     m_asking = true;
-    m_socket.write((line + "\n").c_str());
+    m_socket.write(QByteArray::fromStdString(line + "\n"));
     m_socket.flush();
     LinkAnswer answer = nextAnswer();
     m_asking = false;

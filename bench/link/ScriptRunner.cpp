@@ -17,7 +17,7 @@ namespace
 {
 
 constexpr double frameRate = 60.0;
-constexpr double longestSeconds = 3600.0;
+constexpr double longestSeconds = 600.0;
 
 QString tr(const char *text)
 {

@@ -24,6 +24,16 @@ std::string errorLine(int code, const std::string &text)
     return "velmar2 err " + std::to_string(code) + " \"" + text + "\"";
 }
 
+/// What the host's call for a question or a setting says: the line without its lead.
+std::string callText(const std::string &line)
+{
+    for (const char *lead : {"velmar2 get ", "velmar2 set "}) {
+        if (SimText::startsWith(line, lead))
+            return line.substr(std::string_view(lead).size());
+    }
+    return line;
+}
+
 /// The kinds of a subscription line; nothing when it is another line.
 std::optional<std::set<std::string>> subscription(const std::string &line)
 {
@@ -99,7 +109,7 @@ void LineServer::handle(LineConnection *connection, const std::string &line)
 
 void LineServer::request(LineConnection *connection, const std::string &line)
 {
-    const FaultEffect effect = m_faults.next(line);
+    const FaultEffect effect = m_faults.next(line, callText(line));
     std::string answer = errorLine(effect.result.value_or(0), "fault on request");
     const auto kinds = subscription(line);
     if (effect.executed && kinds)

@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <optional>
 
 namespace
 {
@@ -69,48 +70,64 @@ QString prepare(const QCommandLineParser &parser, const Scenario &scenario, Loca
     return QString();
 }
 
+/// Where to listen and for how many; nothing when the command line says it badly.
+struct Door {
+    QHostAddress address;
+    quint16 port = 0;
+    int connections = 0;
+};
+
+std::optional<Door> doorOf(const QCommandLineParser &parser)
+{
+    bool isPort = false;
+    Door door;
+    door.address = QHostAddress(parser.value(QStringLiteral("listen")));
+    door.port = parser.value(QStringLiteral("port")).toUShort(&isPort);
+    door.connections = parser.value(QStringLiteral("connections")).toInt();
+    return isPort && !door.address.isNull() && door.connections > 0 ? std::optional<Door>(door)
+                                                                    : std::nullopt;
+}
+
+/// The scenario of the command line, or the default scene; nothing after an error.
+std::optional<Scenario> scenarioOf(const QCommandLineParser &parser, std::string *error)
+{
+    const QString file = parser.value(QStringLiteral("scenario"));
+    return file.isEmpty() ? std::optional<Scenario>(Scenario()) : Scenario::load(file.toStdString(), error);
+}
+
+int serve(const QCommandLineParser &parser, const Door &door, const Scenario &scenario)
+{
+    SimController controller(scenario.machine);
+    LocalController link(controller);
+    LineServer server(link);
+    server.setControlAllowed(!parser.isSet(QStringLiteral("no-control")));
+    server.setLargestConnectionCount(door.connections);
+    const QString problem = prepare(parser, scenario, link, server);
+    if (!problem.isEmpty())
+        return complain(problem);
+    if (!server.listen(door.address, door.port)) {
+        complain(server.errorString());
+        return cannotListen;
+    }
+    std::printf("listening on %s:%d\n", qPrintable(door.address.toString()), server.port());
+    std::fflush(stdout);
+    return QCoreApplication::exec();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("velmar-controller"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ROOM_VERSION));
     QCommandLineParser parser;
     describe(parser);
     parser.process(application);
-
-    bool isPort = false;
-    const quint16 port = parser.value(QStringLiteral("port")).toUShort(&isPort);
-    const int connections = parser.value(QStringLiteral("connections")).toInt();
-    const QHostAddress address(parser.value(QStringLiteral("listen")));
-    if (!isPort || address.isNull() || connections < 1)
+    const std::optional<Door> door = doorOf(parser);
+    if (!door)
         return complain(QStringLiteral("bad address, port or number of connections"));
-
-    Scenario scenario;
-    if (parser.isSet(QStringLiteral("scenario"))) {
-        std::string error;
-        const QString file = ScenarioFile::find(parser.value(QStringLiteral("scenario")),
-                                                QCoreApplication::applicationDirPath());
-        const auto loaded = Scenario::load(file.toStdString(), &error);
-        if (!loaded)
-            return complain(QString::fromStdString(error));
-        scenario = *loaded;
-    }
-
-    SimController controller(scenario.machine);
-    LocalController link(controller);
-    LineServer server(link);
-    server.setControlAllowed(!parser.isSet(QStringLiteral("no-control")));
-    server.setLargestConnectionCount(connections);
-    const QString problem = prepare(parser, scenario, link, server);
-    if (!problem.isEmpty())
-        return complain(problem);
-    if (!server.listen(address, port)) {
-        complain(server.errorString());
-        return cannotListen;
-    }
-    std::printf("listening on %s:%d\n", qPrintable(address.toString()), server.port());
-    std::fflush(stdout);
-    return QCoreApplication::exec();
+    std::string error;
+    const std::optional<Scenario> scenario = scenarioOf(parser, &error);
+    return scenario ? serve(parser, *door, *scenario) : complain(QString::fromStdString(error));
 }

@@ -95,6 +95,24 @@ private slots:
         QVERIFY(answer->find("sim err \"") == 0);
     }
 
+    void shouldCountACallOnceThoughBothItsTextsMatch()
+    {
+        FaultPlan plan = planOf("sim fault fail 2 \"\"");
+        QVERIFY(!plan.next("velmar2 get status active", "status active").isTrouble());
+        QVERIFY(plan.next("velmar2 get status active", "status active").isTrouble());
+        QVERIFY(
+            planOf("sim fault fail 1 status").next("velmar2 get status active", "status active").isTrouble());
+    }
+
+    void shouldBoundTheirNumber()
+    {
+        FaultPlan plan;
+        for (int i = 0; i < 1000; ++i)
+            QCOMPARE(plan.run("sim fault fail every a", 0.0), std::optional<std::string>("sim ok"));
+        QCOMPARE(plan.run("sim fault fail every a", 0.0),
+                 std::optional<std::string>("sim err \"too many faults\""));
+    }
+
     void shouldLeaveOtherLinesToOthers()
     {
         QVERIFY(!FaultPlan().run("sim seed 1", 0.0));

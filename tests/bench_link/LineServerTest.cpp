@@ -69,6 +69,7 @@ private slots:
     void shouldOutliveRandomBytes();
     void shouldOutliveAClientThatNeverReads();
     void shouldRefuseControlLinesOnRequest();
+    void shouldStrikeWithTheFaultsOfAScenario();
     void shouldCloseEveryConnectionOnADisconnection();
     void shouldRefuseToStartWithBadArguments_data();
     void shouldRefuseToStartWithBadArguments();
@@ -164,6 +165,22 @@ void LineServerTest::shouldRefuseControlLinesOnRequest()
     QCOMPARE(client.ask("sim locked yes"), QByteArray("sim err \"control lines are switched off\""));
     QCOMPARE(client.ask("velmar2 get config is_changeable"),
              QByteArray("velmar2 get config is_changeable yes"));
+}
+
+void LineServerTest::shouldStrikeWithTheFaultsOfAScenario()
+{
+    ControllerProcess server;
+    QVERIFY(server.start(
+        0, {QStringLiteral("--scenario"), QStringLiteral(SCENARIOS "/failing-controller.json")}));
+    Client client(server.port());
+    QCOMPARE(client.ask("velmar2 tracking start"), QByteArray("velmar2 ok"));
+    QCOMPARE(client.ask("velmar2 tracking start"), QByteArray("velmar2 err 7 \"fault on request\""));
+    QCOMPARE(client.ask("velmar2 set tracking extra_scaling 2"),
+             QByteArray("velmar2 err 7 \"fault on request\""));
+    QCOMPARE(client.ask("velmar2 get tracking extra_scaling"),
+             QByteArray("velmar2 get tracking extra_scaling 2.00000"));
+    QCOMPARE(client.ask("sim fault long 1 status active 12"), QByteArray("sim ok"));
+    QCOMPARE(client.ask("velmar2 get status active"), QByteArray("xxxxxxxxxxxx"));
 }
 
 void LineServerTest::shouldCloseEveryConnectionOnADisconnection()
