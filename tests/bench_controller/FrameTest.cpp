@@ -81,6 +81,7 @@ private slots:
     void shouldScatterAsAsked();
     void shouldMarkAMeasurementForItsDuration_data();
     void shouldMarkAMeasurementForItsDuration();
+    void shouldMeasureTheTipWithinItsScatter();
     void shouldIgnoreASecondStart();
     void shouldRefuseASecondStartWhenStrict();
     void shouldEndEarlyWhenTheTipMoves();
@@ -252,6 +253,30 @@ void FrameTest::shouldMarkAMeasurementForItsDuration()
     QCOMPARE(bench.ask("velmar2 measurementtool start_measurement b01"), std::string("velmar2 ok"));
     QCOMPARE(bench.markedFrames(), frames);
     QVERIFY((frames - 1) / 60.0 >= duration.toDouble());
+}
+
+void FrameTest::shouldMeasureTheTipWithinItsScatter()
+{
+    constexpr double sigma = 0.2;
+    Bench bench;
+    bench.tell({"sim tool 1 noise 0.2", "sim tool 1 tip 10 20 30", "sim tool 1 duration 2"});
+    bench.ask("velmar2 measurementtool start_measurement b01");
+    QVector<QVector<double>> samples;
+    for (FrameLine frame = readFrameLine(bench.line("6dmt2"), 5); frame.entries[0].blocks[3][0] == 1.0;
+         frame = readFrameLine(bench.line("6dmt2"), 5))
+        samples << frame.entries[0].blocks[1];
+    const double n = samples.size();
+    QCOMPARE(samples.size(), 122);
+    double squares = 0.0;
+    for (int axis = 0; axis < 3; ++axis) {
+        double sum = 0.0;
+        for (const QVector<double> &sample : qAsConst(samples))
+            sum += sample[axis];
+        QVERIFY(std::fabs(sum / n - 10.0 * (axis + 1)) < 4.0 * sigma / std::sqrt(n));
+        for (const QVector<double> &sample : qAsConst(samples))
+            squares += (sample[axis] - sum / n) * (sample[axis] - sum / n);
+    }
+    QVERIFY(std::fabs(std::sqrt(squares / n) - std::sqrt(3.0) * sigma) < 0.2 * sigma);
 }
 
 void FrameTest::shouldIgnoreASecondStart()
