@@ -182,6 +182,14 @@ void AbcMatchingDialog::showState()
     m_ui->w_applyButton->setEnabled(free && m_valid);
 }
 
+/// The report stays in the language in which it was made, until the next evaluation.
+void AbcMatchingDialog::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_ui->retranslateUi(this);
+}
+
 void AbcMatchingDialog::closeEvent(QCloseEvent *event)
 {
     m_timer.stop();

@@ -3,6 +3,7 @@
 #include "Resources.h"
 #include "ui_MatchingHelp.h"
 
+#include <QEvent>
 #include <QLayout>
 
 MatchingHelp::MatchingHelp(QWidget *parent)
@@ -11,11 +12,25 @@ MatchingHelp::MatchingHelp(QWidget *parent)
 {
     loadResources();
     m_ui->setupUi(this);
-    // The wrapped texts need this height; the layout alone would let the window open lower and cut them.
-    resize(width(), layout()->totalHeightForWidth(width()));
+    fitHeight();
 }
 
 MatchingHelp::~MatchingHelp() = default;
+
+/// The wrapped texts need this height; the layout alone would let the window open lower and cut them.
+void MatchingHelp::fitHeight()
+{
+    resize(width(), layout()->totalHeightForWidth(width()));
+}
+
+void MatchingHelp::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_ui->retranslateUi(this);
+    fitHeight();
+}
 
 void MatchingHelp::on_pushButton_exit_clicked()
 {

@@ -21,6 +21,11 @@ public:
 public slots:
     void on_pushButton_exit_clicked();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void fitHeight();
+
     std::unique_ptr<Ui::MatchingHelpClass> m_ui;
 };

@@ -10,6 +10,7 @@
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTextEdit>
+#include <QTranslator>
 #include <QtTest>
 
 namespace
@@ -31,6 +32,17 @@ const char *const controls[] = {
     "pushButton_addRefPoint",      "w_measureButton", "comboBox_meatool", "pushButton_removeRefPoint",
     "tableWidget_measuredPoints",  "w_removeButton",  "pushButton_help",  "pushButton_clearMeaPoints",
     "w_replaceCheckBox",           "w_applyButton",   "progressBar",      "w_trafoText",
+};
+
+/// Translates every text into itself with a star in front.
+class StarTranslator : public QTranslator
+{
+public:
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char *, const char *text, const char *, int) const override
+    {
+        return QLatin1Char('*') + QString::fromUtf8(text);
+    }
 };
 
 } // namespace
@@ -68,6 +80,7 @@ private slots:
     void shouldSurviveItsEndWhileItIsOpen();
     void shouldForgetTheLastOpeningsMeasurement();
     void shouldShowTheHelp();
+    void shouldFollowTheLanguage();
 };
 
 void MatchingOpeningTest::shouldDeclareItsSignalsInOrder()
@@ -476,6 +489,24 @@ void MatchingOpeningTest::shouldShowTheHelp()
         opened.click("pushButton_help");
     });
     QCOMPARE(title, QStringLiteral("Room Adjustment Based On Reference Points Help"));
+}
+
+void MatchingOpeningTest::shouldFollowTheLanguage()
+{
+    OpenedDialog opened;
+    opened.host().setAnswer(QStringLiteral("measurementtool tip_calibrated b01"), "no");
+    opened.run([&] {
+        const QString notice = opened.find<QLabel>("label_error")->text();
+        StarTranslator stars;
+        QVERIFY(QCoreApplication::installTranslator(&stars));
+        QTRY_COMPARE(opened.find<QPushButton>("w_loadButton")->text(), QStringLiteral("*&Load"));
+        QCOMPARE(opened.find<QTableWidget>("tableWidget_measuredPoints")->horizontalHeaderItem(2)->text(),
+                 QStringLiteral("*z[mm]"));
+        QCOMPARE(opened.find<QLabel>("label_error")->text(), notice);
+        opened.click("pushButton_addRefPoint");
+        QVERIFY(opened.report().startsWith(QStringLiteral("*Cannot evaluate")));
+        QCoreApplication::removeTranslator(&stars);
+    });
 }
 
 ROOM_TEST_CLASS(MatchingOpeningTest)
