@@ -38,7 +38,12 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, B
     beginFromKnownState();
 }
 
-RoomAdjustmentDlg2g::~RoomAdjustmentDlg2g() = default;
+// Nobody hides a dialog that is destroyed while it is open, and a record that came later would find nobody.
+RoomAdjustmentDlg2g::~RoomAdjustmentDlg2g()
+{
+    if (m_subscribed)
+        m_controller.unsubscribe(this);
+}
 
 void RoomAdjustmentDlg2g::buildCameraModel()
 {
@@ -370,6 +375,7 @@ void RoomAdjustmentDlg2g::keyPressEvent(QKeyEvent *event)
 void RoomAdjustmentDlg2g::showEvent(QShowEvent *event)
 {
     m_controller.subscribe(this);
+    m_subscribed = true;
     adjustSize();
     QDialog::showEvent(event);
 }
@@ -377,6 +383,7 @@ void RoomAdjustmentDlg2g::showEvent(QShowEvent *event)
 void RoomAdjustmentDlg2g::hideEvent(QHideEvent *event)
 {
     m_controller.unsubscribe(this);
+    m_subscribed = false;
     QDialog::hideEvent(event);
 }
 

@@ -46,6 +46,9 @@ public:
     void stopTracking() override;
     void startTracking() override;
 
+    /// The host has ended all subscriptions by itself; the destructor then leaves the channel alone.
+    void subscriptionsReleased() { m_subscribed = false; }
+
 public slots:
     /// Reads the controller's state, starts tracking and runs the dialog modally; returns the result of
     /// exec(). While the dialog is visible it is only raised, and 0 is returned.
@@ -100,5 +103,6 @@ private:
     bool m_locked = false;
     bool m_open = false;
     bool m_closingByOk = false;
+    bool m_subscribed = false;
     bool m_busy = false; ///< a sequence of controller calls is running: the host may let events through
 };

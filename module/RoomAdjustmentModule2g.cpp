@@ -38,8 +38,10 @@ RoomAdjustmentModule2g::~RoomAdjustmentModule2g() = default;
 void RoomAdjustmentModule2g::releaseRequests()
 {
     auto *dialog = qobject_cast<RoomAdjustmentDlg2g *>(m_dialog.data());
-    if (dialog != nullptr && m_commands != nullptr)
-        m_commands->releaseRequester(dialog);
+    if (dialog == nullptr || m_commands == nullptr)
+        return;
+    m_commands->releaseRequester(dialog);
+    dialog->subscriptionsReleased();
 }
 
 void RoomAdjustmentModule2g::unload()

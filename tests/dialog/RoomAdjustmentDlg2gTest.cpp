@@ -659,6 +659,7 @@ void RoomAdjustmentDlg2gTest::shouldSurviveTheDestructionOfItsParent()
     QVERIFY(dialog.isNull());
     QVERIFY(answer.isDone());
     QCOMPARE(host.callsOf({"read", "write", "command"}), QStringList());
+    QCOMPARE(host.subscriptions().size(), 0);
 }
 
 void RoomAdjustmentDlg2gTest::shouldOpenWithoutAChannel()

@@ -113,6 +113,21 @@ private slots:
         QVERIFY(loaded.host.calls().isEmpty() || loaded.host.calls() == releaseOnly);
     }
 
+    void shouldLeaveTheChannelAloneOnceItsRequestsWereReleased()
+    {
+        LoadedModule loaded;
+        loaded.setAll();
+        ModalAnswer answer;
+        answer.then([&loaded](QWidget *) {
+            loaded.module->releaseRequests();
+            loaded.host.clear();
+            loaded.module->unload();
+        });
+        loaded.module->actions().constFirst()->trigger();
+        QVERIFY(answer.isDone());
+        QCOMPARE(loaded.host.calls(), QStringList());
+    }
+
     void shouldMakeNoCallWhileItIsUnloaded()
     {
         LoadedModule loaded;
