@@ -25,8 +25,9 @@ void setCameraCount(SimRoom &room, int count)
     const std::vector<SimCamera> known = room.cameras;
     room.cameras.clear();
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
+        const std::size_t row = i / known.size();
         room.cameras.push_back(known[i % known.size()]);
-        room.cameras.back().pose.position.z += rowDistanceMm * static_cast<double>(i / known.size());
+        room.cameras.back().pose.position.z += rowDistanceMm * static_cast<double>(row);
     }
 }
 

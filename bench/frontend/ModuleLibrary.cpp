@@ -14,7 +14,7 @@
 namespace
 {
 
-constexpr QLatin1String libraryName("libroomadjustment2g.so");
+const QLatin1String libraryName("libroomadjustment2g.so");
 
 QString tr(const char *text)
 {

@@ -9,7 +9,7 @@
 namespace
 {
 
-constexpr QLatin1String prefix("sim ");
+const QLatin1String prefix("sim ");
 
 QString yesNo(bool value)
 {
