@@ -91,8 +91,11 @@ std::optional<Door> doorOf(const QCommandLineParser &parser)
 /// The scenario of the command line, or the default scene; nothing after an error.
 std::optional<Scenario> scenarioOf(const QCommandLineParser &parser, std::string *error)
 {
-    const QString file = parser.value(QStringLiteral("scenario"));
-    return file.isEmpty() ? std::optional<Scenario>(Scenario()) : Scenario::load(file.toStdString(), error);
+    const QString wanted = parser.value(QStringLiteral("scenario"));
+    if (wanted.isEmpty())
+        return Scenario();
+    const QString file = ScenarioFile::find(wanted, QCoreApplication::applicationDirPath());
+    return Scenario::load(file.toStdString(), error);
 }
 
 int serve(const QCommandLineParser &parser, const Door &door, const Scenario &scenario)

@@ -6,11 +6,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace
 {
+
+constexpr int patienceMs = 10000;
 
 /// A tree in which the scenario folder of that place, seen from the returned programs' folder, has
 /// "bare.json".
@@ -76,6 +79,17 @@ private slots:
             std::string error;
             QVERIFY2(Scenario::load(found.toStdString(), &error), error.c_str());
         }
+    }
+
+    void shouldServeASuppliedScenarioByItsName()
+    {
+        QProcess controller;
+        controller.start(QStringLiteral(VELMAR_CONTROLLER), {"--port", "0", "--scenario", "two-tools"});
+        const QByteArray said =
+            controller.waitForReadyRead(patienceMs) ? controller.readLine() : QByteArray();
+        controller.kill();
+        controller.waitForFinished(patienceMs);
+        QVERIFY2(said.startsWith("listening on "), controller.readAllStandardError().constData());
     }
 };
 
