@@ -154,6 +154,8 @@ private slots:
         QTest::addColumn<QString>("sideDialog");
         QTest::newRow("main dialog") << QString() << QString();
         QTest::newRow("angle tool") << QStringLiteral("pushButton_att") << QStringLiteral("AdjustToToolDlg");
+        QTest::newRow("matching") << QStringLiteral("w_bodyMatchingButton")
+                                  << QStringLiteral("AbcMatchingDialog");
         QTest::newRow("help") << QStringLiteral("pushButton_helpView") << QStringLiteral("HelpDialog");
     }
 

@@ -1,14 +1,16 @@
-#include "Traveller.h"
-
+#include "SimCoordinates.h"
 #include "TestRegistry.h"
+#include "Traveller.h"
 
 #include <QComboBox>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QtTest>
 
 namespace
 {
 
+constexpr int workpiecePoints = 6;
 const QString startTracking = QStringLiteral("velmar2 tracking start");
 const QString stopTracking = QStringLiteral("velmar2 tracking stop");
 const QString neutralRotation =
@@ -45,6 +47,33 @@ void calibrate(Traveller &traveller)
         traveller.click("pushButton_calibrate");
     });
     traveller.click("pushButton_att");
+}
+
+/// Loads the workpiece's nominal points, measures each and applies what was fitted.
+void match(Traveller &traveller)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("workpiece.txt"));
+    traveller.host().control(QStringLiteral("sim object save ") + file);
+    traveller.meet("AbcMatchingDialog", [&] {
+        traveller.chooseFile(file);
+        traveller.click("w_loadButton");
+        for (int point = 1; point <= workpiecePoints; ++point)
+            traveller.measure(point);
+        QCOMPARE(traveller.rows("tableWidget_referencePoints"), workpiecePoints);
+        QCOMPARE(traveller.rows("tableWidget_measuredPoints"), workpiecePoints);
+        traveller.click("w_applyButton");
+    });
+    traveller.click("w_bodyMatchingButton");
+}
+
+/// How far from its nominal place the controller now reports a point of the workpiece, in mm.
+double distanceFromNominal(ModuleHost &host, int point)
+{
+    const SimMachine &machine = host.controller.machine();
+    const SimVector nominal = machine.room.workpiece.points[static_cast<std::size_t>(point - 1)].nominal;
+    const SimVector world = machine.room.workpiece.pose * nominal;
+    return length(SimCoordinates(machine).reported(world) - nominal);
 }
 
 } // namespace
@@ -183,6 +212,16 @@ private slots:
         });
         QCOMPARE(held(host, "tracking extra_translation"), QStringLiteral("-250.000 0.000 0.000"));
         QCOMPARE(held(host, "tracking extra_rotation"), coarse);
+
+        // Six points of a workpiece, measured where they lie, give the room the workpiece's coordinates.
+        traveller.open([&] {
+            traveller.goToFine();
+            match(traveller);
+            traveller.click("btn_ok");
+        });
+        host.control(QStringLiteral("velmar2 tracking start"));
+        for (int point = 1; point <= workpiecePoints; ++point)
+            QVERIFY(distanceFromNominal(host, point) < 0.5);
 
         // A calibration with the angle tool takes all of that back.
         traveller.open([&] {

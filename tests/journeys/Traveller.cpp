@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QtTest>
@@ -139,6 +141,20 @@ bool Traveller::typeCell(const char *table, int row, int column, const QString &
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
     return true;
+}
+
+void Traveller::chooseFile(const QString &name)
+{
+    m_guide.plan("QFileDialog", [name](QWidget *window) {
+        auto *dialog = static_cast<QFileDialog *>(window);
+        auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (edit == nullptr) {
+            dialog->reject();
+            return;
+        }
+        edit->setText(name);
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
 }
 
 void Traveller::followCalibration()

@@ -38,6 +38,9 @@ public:
     /// Replaces the text of a table's cell.
     bool typeCell(const char *table, int row, int column, const QString &text);
 
+    /// Gives this file to the next dialog that asks for one.
+    void chooseFile(const QString &name);
+
     /// Lets a calibration run to its end without waiting between two looks at it.
     void followCalibration();
 

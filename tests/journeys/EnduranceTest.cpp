@@ -1,0 +1,149 @@
+#include "Traveller.h"
+
+#include "TestRegistry.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QSet>
+#include <QtTest>
+
+#include <malloc.h>
+#include <unistd.h>
+
+namespace
+{
+
+constexpr int warmUp = 30;
+constexpr int unloadsPerOpening = 10;
+constexpr std::size_t heapBytesPerTurn = 128;
+constexpr std::size_t residentBytesPerTurn = 2048;
+constexpr std::size_t residentSlack = 8 * 1024 * 1024;
+
+std::size_t residentBytes()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    return file.readAll().split(' ').value(1).toULong() * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+/// The objects whose timers fire while nobody does anything.
+class TimerCensus : public QObject
+{
+public:
+    int take()
+    {
+        qApp->installEventFilter(this);
+        QTest::qWait(longerThanTheSlowestPollMs);
+        qApp->removeEventFilter(this);
+        return m_receivers.size();
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Timer)
+            m_receivers.insert(watched);
+        return false;
+    }
+
+private:
+    static constexpr int longerThanTheSlowestPollMs = 450;
+    QSet<QObject *> m_receivers;
+};
+
+/// What must not grow with the number of turns.
+struct Census {
+    static Census take()
+    {
+        Census census;
+        census.timers = TimerCensus().take();
+        census.widgets = QApplication::allWidgets().size();
+        census.files =
+            QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size();
+        census.heap = mallinfo2().uordblks;
+        census.resident = residentBytes();
+        return census;
+    }
+
+    QString difference(const Census &before) const
+    {
+        return QStringLiteral("heap %1, resident %2 bytes; widgets %3, timers %4, files %5")
+            .arg(qlonglong(heap) - qlonglong(before.heap))
+            .arg(qlonglong(resident) - qlonglong(before.resident))
+            .arg(widgets - before.widgets)
+            .arg(timers - before.timers)
+            .arg(files - before.files);
+    }
+
+    bool isNear(const Census &before, std::size_t turns) const
+    {
+        return widgets == before.widgets && timers <= before.timers && files <= before.files &&
+               heap < before.heap + turns * heapBytesPerTurn &&
+               resident < before.resident + turns * residentBytesPerTurn + residentSlack;
+    }
+
+    int timers = 0;
+    int widgets = 0;
+    int files = 0;
+    std::size_t heap = 0;
+    std::size_t resident = 0;
+};
+
+void openAndClose(ModuleHost &host)
+{
+    Traveller traveller(host);
+    traveller.open([] {});
+    QCOMPARE(traveller.guide().strangers(), QStringList());
+    QCOMPARE(host.channel.subscriptionCount(), std::size_t(0));
+    host.channel.log().clear();
+}
+
+void loadAndUnload(bool opens)
+{
+    ModuleHost host;
+    QVERIFY(host.action() != nullptr);
+    if (opens)
+        openAndClose(host);
+    QVERIFY(host.unload());
+    QVERIFY(!ModuleHost::isLibraryMapped());
+}
+
+} // namespace
+
+class EnduranceTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldNotGrowHoweverOftenItIsOpened()
+    {
+        ModuleHost host;
+        for (int i = 0; i < warmUp; ++i)
+            openAndClose(host);
+        const Census before = Census::take();
+        for (int i = 0; i < JOURNEY_TURNS; ++i)
+            openAndClose(host);
+        const Census after = Census::take();
+        qInfo("%d openings: %s", JOURNEY_TURNS, qPrintable(after.difference(before)));
+        QVERIFY(after.isNear(before, JOURNEY_TURNS));
+    }
+
+    void shouldLeaveNothingBehindHoweverOftenItIsUnloaded()
+    {
+        for (int i = 0; i < warmUp; ++i)
+            loadAndUnload(true);
+        const Census before = Census::take();
+        for (int i = 0; i < JOURNEY_TURNS; ++i)
+            loadAndUnload(i % unloadsPerOpening == 0);
+        const Census after = Census::take();
+        qInfo("%d unloads: %s", JOURNEY_TURNS, qPrintable(after.difference(before)));
+        QVERIFY(after.isNear(before, JOURNEY_TURNS));
+    }
+};
+
+ROOM_TEST_CLASS(EnduranceTest)
+
+#include "EnduranceTest.moc"
