@@ -3,6 +3,8 @@
 #include "Resources.h"
 #include "ui_HelpDialog.h"
 
+#include <QEvent>
+
 HelpDialog::HelpDialog(QWidget *parent)
     : QDialog(parent, Qt::WindowTitleHint | Qt::WindowSystemMenuHint)
     , m_ui(std::make_unique<Ui::HelpDialog>())
@@ -15,3 +17,10 @@ HelpDialog::HelpDialog(QWidget *parent)
 }
 
 HelpDialog::~HelpDialog() = default;
+
+void HelpDialog::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        m_ui->retranslateUi(this);
+}

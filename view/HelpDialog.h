@@ -18,6 +18,9 @@ public:
     explicit HelpDialog(QWidget *parent);
     ~HelpDialog() override;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     std::unique_ptr<Ui::HelpDialog> m_ui;
 };
