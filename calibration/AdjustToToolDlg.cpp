@@ -5,6 +5,7 @@
 #include "Resources.h"
 #include "ui_AdjustToToolDlg.h"
 
+#include <QEvent>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPixmap>
@@ -39,9 +40,21 @@ AdjustToToolDlg::AdjustToToolDlg(IOManager *commands, const BackendVersions *ver
     m_ui->label->setPixmap(QPixmap(QStringLiteral(":/att01.png")));
     m_ui->comboBox_md->addItems(AngleTools::names());
     keepValuesReadable();
+    nameExpert();
 }
 
 AdjustToToolDlg::~AdjustToToolDlg() = default;
+
+/// The other models have proper names.
+void AdjustToToolDlg::nameExpert()
+{
+    m_ui->comboBox_md->setItemText(indexOf(AngleTools::expertName()), tr("expert"));
+}
+
+int AdjustToToolDlg::indexOf(const QString &model)
+{
+    return AngleTools::names().indexOf(model);
+}
 
 int AdjustToToolDlg::openAndExec()
 {
@@ -96,7 +109,7 @@ void AdjustToToolDlg::selectModel(const QString &name)
 {
     {
         const QSignalBlocker blocker(m_ui->comboBox_md);
-        m_ui->comboBox_md->setCurrentText(name);
+        m_ui->comboBox_md->setCurrentIndex(indexOf(name));
     }
     on_comboBox_md_currentIndexChanged(name);
 }
@@ -122,6 +135,10 @@ void AdjustToToolDlg::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         keepValuesReadable();
+    if (event->type() == QEvent::LanguageChange) {
+        m_ui->retranslateUi(this);
+        nameExpert();
+    }
 }
 
 void AdjustToToolDlg::on_comboBox_md_currentIndexChanged(const QString &arg1)

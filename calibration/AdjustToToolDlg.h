@@ -47,6 +47,8 @@ protected:
 
 private:
     void keepValuesReadable();
+    void nameExpert();
+    static int indexOf(const QString &model);
     void showCoordinateTypes(const std::vector<OfferedCoordinateType> &types, const QByteArray &chosen);
     void showTool(const std::optional<std::array<double, 3>> &distances, std::optional<double> height);
     void selectModel(const QString &name);

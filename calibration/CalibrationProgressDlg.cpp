@@ -7,6 +7,7 @@
 #include "Resources.h"
 #include "ui_CalibrationProgressDialog.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QPointer>
 #include <QScreen>
@@ -49,7 +50,7 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
     loadResources();
     m_ui->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
-    m_ui->label_remaining_time->clear();
+    showRemainingTime();
     keepRoomFor(m_ui->label_info);
     keepRoomFor(m_ui->label_warning);
     m_cameras = new CameraGrid(m_ui->gridLayout_cam, commands, versions, this);
@@ -168,10 +169,18 @@ void CalibrationProgressDlg::showProgress(const CalibrationPoll &poll)
         watchForStall(*poll.hasMoved);
     if (poll.overallPercent)
         m_ui->progressBar_overall->setValue(*poll.overallPercent);
-    if (poll.remainingSeconds)
-        m_ui->label_remaining_time->setText(tr("remaining time: %1 seconds").arg(*poll.remainingSeconds));
+    if (poll.remainingSeconds) {
+        m_remainingSeconds = poll.remainingSeconds;
+        showRemainingTime();
+    }
     if (poll.firstStepIsComplete && !m_isFinished && m_ui->label_info->text().isEmpty())
         showCalculating();
+}
+
+void CalibrationProgressDlg::showRemainingTime()
+{
+    m_ui->label_remaining_time->setText(
+        m_remainingSeconds ? tr("remaining time: %1 seconds").arg(*m_remainingSeconds) : QString());
 }
 
 void CalibrationProgressDlg::watchForStall(bool hasMoved)
@@ -269,9 +278,28 @@ void CalibrationProgressDlg::accept()
 void CalibrationProgressDlg::show_warning()
 {
     m_ui->label_info->hide();
-    m_ui->label_warning->setText(
-        tr("<b><font color=red>Please move the wand in the view scope of ALL cameras!</font></b>"));
+    m_ui->label_warning->setText(warning());
     m_ui->label_warning->show();
+}
+
+QString CalibrationProgressDlg::warning()
+{
+    return tr("<b><font color=red>Please move the wand in the view scope of ALL cameras!</font></b>");
+}
+
+void CalibrationProgressDlg::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    const bool calculates = !m_ui->label_info->text().isEmpty();
+    const bool warns = !m_ui->label_warning->text().isEmpty();
+    m_ui->retranslateUi(this);
+    showRemainingTime();
+    if (calculates)
+        m_ui->label_info->setText(tr("calculating..."));
+    if (warns)
+        m_ui->label_warning->setText(warning());
 }
 
 void CalibrationProgressDlg::update_cam_status()

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
 
 class CalibrationRun;
 class CameraGrid;
@@ -58,12 +59,17 @@ public slots:
     /// The most active cameras, as CameraMessages::holdsCamera() reads them.
     void onReceiveMostActiveChanges(const QString &msg);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     int follow(const QString &kind);
     void prepareScreen(const QString &kind);
     void showProgress(const CalibrationPoll &poll);
     void watchForStall(bool hasMoved);
     void showCalculating();
+    void showRemainingTime();
+    static QString warning();
     void finishWithError();
     void pauseBetweenSteps();
     bool countDown(int seconds);
@@ -76,6 +82,7 @@ private:
     QTimer m_statusTimer;
     std::shared_ptr<CalibrationRun> m_run;
     QString m_information;
+    std::optional<int> m_remainingSeconds;
     bool m_isFinished = false;
     bool m_pausesBetweenSteps;
     QTimer m_warningTimer;

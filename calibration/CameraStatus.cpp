@@ -69,7 +69,7 @@ CameraStatus::CameraStatus(IOManager *commands, QWidget *parent, const BackendVe
     setTitle(twoDigits(QStringLiteral("c%1"), m_index + 1));
     highlight(false);
     m_serial = QString::fromUtf8(m_controller.cameraSerial(m_index + 1));
-    m_ui->label_serial->setText(QLatin1Char('#') + m_serial);
+    showTexts();
     resetProgress(0);
 }
 
@@ -100,6 +100,17 @@ void CameraStatus::changeEvent(QEvent *event)
     QGroupBox::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         applyGroupStyle();
+    if (event->type() == QEvent::LanguageChange) {
+        m_ui->retranslateUi(this);
+        showTexts();
+    }
+}
+
+/// What the form itself does not know.
+void CameraStatus::showTexts()
+{
+    m_ui->label_tab->setText(twoDigits(tr("tab %1"), m_tabNumber + 1));
+    m_ui->label_serial->setText(QLatin1Char('#') + m_serial);
 }
 
 void CameraStatus::resetProgress(int percent)
@@ -115,7 +126,7 @@ void CameraStatus::set_progressBar(int value)
 void CameraStatus::set_tab_number(int value)
 {
     m_tabNumber = value;
-    m_ui->label_tab->setText(twoDigits(tr("tab %1"), m_tabNumber + 1));
+    showTexts();
 }
 
 void CameraStatus::update_progressBar()

@@ -45,6 +45,7 @@ private:
     void showProgress(float fraction);
     void setBarStyle(const QString &style);
     void applyGroupStyle();
+    void showTexts();
 
     std::unique_ptr<Ui::CameraStatus> m_ui;
     ControllerAccess m_controller;

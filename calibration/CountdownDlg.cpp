@@ -3,6 +3,7 @@
 #include "Resources.h"
 #include "ui_CountdownDialog.h"
 
+#include <QEvent>
 #include <QIcon>
 
 #include <limits>
@@ -39,6 +40,16 @@ void CountdownDlg::updateCountdown()
     m_ui->lcdNumber->display(m_secondsLeft);
     if (m_secondsLeft <= 0)
         done(Accepted);
+}
+
+void CountdownDlg::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    const QString text = m_ui->label->text(); // given from outside
+    m_ui->retranslateUi(this);
+    m_ui->label->setText(text);
 }
 
 void CountdownDlg::done(int result)

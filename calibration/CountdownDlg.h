@@ -33,6 +33,9 @@ public:
 public slots:
     void updateCountdown();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     std::unique_ptr<Ui::CountdownDialog> m_ui;
     int m_secondsLeft = 0;
