@@ -77,10 +77,11 @@ void RoomAdjustmentDlg2g::setTabTexts()
     m_ui->tabWidget->setTabText(FineTab, tr("&Fine"));
 }
 
-// "&Apply" would make Alt+A ambiguous, which belongs to the angle tool.
+// "&Apply" would make Alt+A ambiguous, which belongs to the angle tool. In another language it may be free.
 void RoomAdjustmentDlg2g::dropApplyShortcut()
 {
-    m_ui->btn_apply->setShortcut(QKeySequence());
+    if (m_ui->btn_apply->shortcut() == QKeySequence(Qt::ALT | Qt::Key_A))
+        m_ui->btn_apply->setShortcut(QKeySequence());
 }
 
 void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
@@ -92,6 +93,7 @@ void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
     dropApplyShortcut();
     setTabTexts();
     setCameraModelTexts();
+    showNotice(m_notice);
 }
 
 void RoomAdjustmentDlg2g::beginFromKnownState()
@@ -101,7 +103,7 @@ void RoomAdjustmentDlg2g::beginFromKnownState()
     m_ui->btn_apply->setEnabled(false);
     m_ui->label_error->hide();
     m_ui->label_error->clear();
-    showNotice(QString());
+    showNotice(Notice::None);
 }
 
 void RoomAdjustmentDlg2g::disableAdjusting()
@@ -113,10 +115,29 @@ void RoomAdjustmentDlg2g::disableAdjusting()
     m_ui->label_error->clear();
 }
 
-void RoomAdjustmentDlg2g::showNotice(const QString &text)
+void RoomAdjustmentDlg2g::showNotice(Notice notice)
 {
-    m_ui->label_notice->setText(text);
-    m_ui->label_notice->setVisible(!text.isEmpty());
+    m_notice = notice;
+    m_ui->label_notice->setText(textOf(notice));
+    m_ui->label_notice->setVisible(notice != Notice::None);
+}
+
+QString RoomAdjustmentDlg2g::textOf(Notice notice)
+{
+    switch (notice) {
+    case Notice::None:
+        break;
+    case Notice::CannotTrack:
+        return tr("The controller cannot track at the moment. The room cannot be adjusted.");
+    case Notice::NoRoom:
+        return tr("The cameras have no room calibration, or the controller does not answer. "
+                  "The room cannot be adjusted.");
+    case Notice::TooOld:
+        return tr("This controller is too old to have its room adjusted.");
+    case Notice::Locked:
+        return tr("The configuration of the controller is locked. The room cannot be adjusted.");
+    }
+    return {};
 }
 
 int RoomAdjustmentDlg2g::update_and_exec()
@@ -148,10 +169,7 @@ bool RoomAdjustmentDlg2g::prepareOpening()
     if (unavailable || !camerasHaveRooms()) {
         m_fine->showTrackingAvailable(false);
         disableAdjusting();
-        showNotice(unavailable
-                       ? tr("The controller cannot track at the moment. The room cannot be adjusted.")
-                       : tr("The cameras have no room calibration, or the controller does not answer. "
-                            "The room cannot be adjusted."));
+        showNotice(unavailable ? Notice::CannotTrack : Notice::NoRoom);
         return false;
     }
     fillCameraTable();
@@ -163,7 +181,7 @@ bool RoomAdjustmentDlg2g::prepareOpening()
         loadTransformation();
     } else {
         disableAdjusting();
-        showNotice(tr("This controller is too old to have its room adjusted."));
+        showNotice(Notice::TooOld);
     }
     m_ui->btn_apply->setEnabled(false);
     setMinimumSize(smallestWidth, smallestHeight);
@@ -178,7 +196,7 @@ void RoomAdjustmentDlg2g::readLock()
     if (m_locked) {
         setWindowIcon(m_lockIcon);
         disableAdjusting();
-        showNotice(tr("The configuration of the controller is locked. The room cannot be adjusted."));
+        showNotice(Notice::Locked);
         return;
     }
     setWindowIcon(parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon());

@@ -70,6 +70,7 @@ protected:
 
 private:
     enum Tab { CoarseTab = 0, FineTab = 1 };
+    enum class Notice { None, CannotTrack, NoRoom, TooOld, Locked };
 
     void buildCameraModel();
     void setCameraModelTexts();
@@ -78,7 +79,8 @@ private:
     void dropApplyShortcut();
     void beginFromKnownState();
     void disableAdjusting();
-    void showNotice(const QString &text);
+    void showNotice(Notice notice);
+    static QString textOf(Notice notice);
     bool prepareOpening();
     void readLock();
     void loadTransformation();
@@ -100,6 +102,7 @@ private:
     RoomTrafoData m_current;
     RoomTrafoData m_opening;
     QIcon m_lockIcon;
+    Notice m_notice = Notice::None;
     bool m_locked = false;
     bool m_open = false;
     bool m_closingByOk = false;
