@@ -60,8 +60,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_measuredTable =
         std::make_unique<PointTable>(m_ui->tableWidget_measuredPoints, PointTable::Cells::ReadOnly);
     m_timer.setInterval(trackingStatusInterval);
-    m_ui->label_error->hide();
-    showNotice(m_notice);
+    showSurveyTexts();
     connectOwnSignals();
     showTrackingStatus();
     showState();
@@ -116,20 +115,29 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
     m_opened = m_toolReady || survey.verdict == Verdict::NotCalibrated;
     fillToolList(survey.calibrated);
     setUsable(m_opened);
-    showNotice(m_notice);
-    const bool noTool = survey.verdict == Verdict::NotCalibrated;
-    m_ui->label_error->setText(noTool ? tr("<b><font color=red>No Measurement Tool available!</font></b>")
-                                      : QString());
-    m_ui->label_error->setVisible(noTool);
-    if (survey.verdict == Verdict::NotSupported)
-        showNotice(tr("This controller does not support measuring points with a measurement tool."));
-    if (survey.verdict == Verdict::NotAvailable)
-        showNotice(tr("The controller offers no measurement tool."));
+    m_verdict = survey.verdict;
+    showSurveyTexts();
     m_ui->progressBar->setValue(0);
     showTrackingStatus();
     m_ui->w_measureButton->setEnabled(m_toolReady);
     if (m_toolReady)
         m_timer.start();
+}
+
+/// What the survey of the tools found goes before what the last evaluation found.
+void AbcMatchingDialog::showSurveyTexts()
+{
+    using Verdict = ToolSurvey::Verdict;
+    const bool noTool = m_verdict == Verdict::NotCalibrated;
+    m_ui->label_error->setText(noTool ? tr("<b><font color=red>No Measurement Tool available!</font></b>")
+                                      : QString());
+    m_ui->label_error->setVisible(noTool);
+    if (m_verdict == Verdict::NotSupported)
+        showNotice(tr("This controller does not support measuring points with a measurement tool."));
+    else if (m_verdict == Verdict::NotAvailable)
+        showNotice(tr("The controller offers no measurement tool."));
+    else
+        showNotice(m_evaluation ? MatchingReport::notice(*m_evaluation) : QString());
 }
 
 void AbcMatchingDialog::fillToolList(const std::vector<int> &tools)
@@ -183,13 +191,6 @@ void AbcMatchingDialog::showState()
 }
 
 /// The report stays in the language in which it was made, until the next evaluation.
-void AbcMatchingDialog::changeEvent(QEvent *event)
-{
-    QDialog::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        m_ui->retranslateUi(this);
-}
-
 void AbcMatchingDialog::closeEvent(QCloseEvent *event)
 {
     m_timer.stop();
@@ -285,9 +286,11 @@ void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
         if (!self.isNull())
             emit do_addMeasuredPoint();
     } else if (judgement.outcome == Outcome::TipMoved) {
-        emit do_setTrafoText(MatchingReport::tipMoved(judgement.variance, judgement.standardDeviation));
+        report([judgement] {
+            return MatchingReport::tipMoved(judgement.variance, judgement.standardDeviation);
+        });
     } else if (judgement.outcome == Outcome::EndedEarly) {
-        emit do_setTrafoText(MatchingReport::tipMoved());
+        report([] { return MatchingReport::tipMoved(); });
     }
     if (!self.isNull())
         emit do_updateProgressbar(0.0);
@@ -516,7 +519,7 @@ void AbcMatchingDialog::evaluate()
 {
     m_valid = false;
     m_transformedPoints.clear();
-    m_notice.clear();
+    m_evaluation.reset();
     m_referenceTable->clearMark();
     m_measuredTable->clearMark();
     const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
@@ -532,7 +535,8 @@ void AbcMatchingDialog::evaluate()
     updateProgressbar(0.0);
     m_progress->start();
     setTrafoText(MatchingReport::searching());
-    showNotice(m_notice);
+    m_report = [] { return MatchingReport::searching(); };
+    showNotice(QString());
     showState();
     showTrackingStatus();
 }
@@ -555,9 +559,10 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
         markWorstRows(evaluation);
     }
     showState();
-    m_notice = MatchingReport::notice(evaluation);
-    showNotice(m_notice);
+    m_evaluation = evaluation;
+    showNotice(MatchingReport::notice(evaluation));
     setTrafoText(MatchingReport::report(evaluation));
+    m_report = [evaluation] { return MatchingReport::report(evaluation); };
     emit updateRequest();
 }
 
@@ -573,7 +578,32 @@ void AbcMatchingDialog::markWorstRows(const MatchingEvaluation &evaluation)
 
 void AbcMatchingDialog::setTrafoText(const QString &text)
 {
+    m_report = nullptr;
     m_ui->w_trafoText->setPlainText(text);
+}
+
+/// Tells a text that can be told in another language later.
+void AbcMatchingDialog::report(const std::function<QString()> &text)
+{
+    const QPointer<AbcMatchingDialog> self(this);
+    emit do_setTrafoText(text());
+    if (!self.isNull())
+        m_report = text;
+}
+
+void AbcMatchingDialog::changeEvent(QEvent *event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_ui->retranslateUi(this);
+    m_progress->showTexts();
+    showSurveyTexts();
+    showTrackingStatus();
+    if (m_evaluation)
+        markWorstRows(*m_evaluation);
+    if (m_report)
+        m_ui->w_trafoText->setPlainText(m_report());
 }
 
 void AbcMatchingDialog::showNotice(const QString &text)

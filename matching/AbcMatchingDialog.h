@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ControllerAccess.h"
+#include "MatchingEvaluation.h"
 #include "MatchingPoint.h"
 #include "PointTable.h"
 #include "ToolSampler.h"
@@ -13,13 +14,14 @@
 #include <QModelIndex>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 class EvaluationRun;
 class QTableWidgetItem;
 class SearchProgress;
 struct BackendVersions;
-struct MatchingEvaluation;
 
 namespace Ui
 {
@@ -98,7 +100,9 @@ private:
     void selectCurrentTool();
     void setUsable(bool usable);
     void showState();
+    void showSurveyTexts();
     void showNotice(const QString &text);
+    void report(const std::function<QString()> &text);
 
     void takeStep(const ToolSampler::Step &step);
     void endMeasurement(const TipCollector::Judgement &judgement);
@@ -122,6 +126,7 @@ private:
     EvaluationRun *m_run;
     SearchProgress *m_progress;
 
+    ToolSurvey::Verdict m_verdict = ToolSurvey::Verdict::Ready;
     int m_toolCount = 0;
     bool m_toolReady = false; ///< at least one tool has a calibrated tip
     bool m_measuring = false;
@@ -135,5 +140,6 @@ private:
     MatchingPoints m_measuredPoints;
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
-    QString m_notice;
+    std::optional<MatchingEvaluation> m_evaluation; ///< what notice and marks are about
+    std::function<QString()> m_report;              ///< makes the report anew in another language
 };

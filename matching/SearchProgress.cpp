@@ -43,13 +43,21 @@ void SearchProgress::stop()
 void SearchProgress::show()
 {
     constexpr int unknownEnd = 0;
-    m_display = new QProgressDialog(tr("Searching for the best order of the measured points ..."),
-                                    tr("Cancel"), 0, unknownEnd, m_window);
+    m_display = new QProgressDialog(QString(), QString(), 0, unknownEnd, m_window);
     m_display->setObjectName(QStringLiteral("searchProgress"));
-    m_display->setWindowTitle(m_window->windowTitle());
     m_display->setWindowModality(Qt::WindowModal);
     m_display->setAutoClose(false);
     m_display->setAutoReset(false);
     connect(m_display, &QProgressDialog::canceled, this, &SearchProgress::cancelled);
+    showTexts();
     m_display->show();
+}
+
+void SearchProgress::showTexts()
+{
+    if (m_display.isNull())
+        return;
+    m_display->setWindowTitle(m_window->windowTitle());
+    m_display->setLabelText(tr("Searching for the best order of the measured points ..."));
+    m_display->setCancelButtonText(tr("Cancel"));
 }

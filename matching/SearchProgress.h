@@ -19,6 +19,8 @@ public:
     void start();
     /// It is over; cancelled() is not emitted any more.
     void stop();
+    /// Puts the texts of the display into the language of the moment.
+    void showTexts();
 
 signals:
     void cancelled();
