@@ -433,6 +433,10 @@ New calibration is set to Controller.</source>
         <translation>Kalibrierung erfolgreich!
 Die neue Kalibrierung ist an den Controller übergeben.</translation>
     </message>
+    <message>
+        <source>expert</source>
+        <translation>Experte</translation>
+    </message>
 </context>
 <context>
     <name>CalibrationProgressDialog</name>
