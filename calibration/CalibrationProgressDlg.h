@@ -79,13 +79,13 @@ private:
 
     std::unique_ptr<Ui::CalibrationProgressDialog> m_ui;
     ControllerAccess m_controller;
-    QTimer m_statusTimer;
+    QTimer m_statusTimer{this};
     std::shared_ptr<CalibrationRun> m_run;
     QString m_information;
     std::optional<int> m_remainingSeconds;
     bool m_isFinished = false;
     bool m_pausesBetweenSteps;
-    QTimer m_warningTimer;
+    QTimer m_warningTimer{this};
     CameraGrid *m_cameras;
     int m_ticks = 0;
     bool m_showsCameras;

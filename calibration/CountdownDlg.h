@@ -39,5 +39,5 @@ protected:
 private:
     std::unique_ptr<Ui::CountdownDialog> m_ui;
     int m_secondsLeft = 0;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };

@@ -119,7 +119,7 @@ private:
 
     std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
     ControllerAccess m_controller;
-    QTimer m_timer;
+    QTimer m_timer{this};
     ToolSampler m_sampler;
     std::unique_ptr<PointTable> m_referenceTable;
     std::unique_ptr<PointTable> m_measuredTable;

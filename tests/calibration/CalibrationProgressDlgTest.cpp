@@ -97,6 +97,21 @@ private slots:
         QCOMPARE(bench.host.calls(), QStringList());
     }
 
+    void shouldOwnTheTimersOfPollAndWarning()
+    {
+        CalibrationBench bench(1, 11, 0);
+        const CalibrationProgressDlg dialog(&bench.host, nullptr, &bench.versions, false);
+
+        const auto timers = dialog.findChildren<QTimer *>();
+        QCOMPARE(timers.size(), 2);
+        QCOMPARE(timers.first()->interval(), 200);
+        QVERIFY(!timers.first()->isSingleShot());
+        QCOMPARE(timers.last()->interval(), 5000);
+        QVERIFY(timers.last()->isSingleShot());
+        QVERIFY(!timers.first()->isActive());
+        QVERIFY(!timers.last()->isActive());
+    }
+
     void shouldDecideByTheVersionWhatItShows_data()
     {
         QTest::addColumn<int>("major");

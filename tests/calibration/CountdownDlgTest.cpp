@@ -107,6 +107,20 @@ private slots:
         QVERIFY2(time.elapsed() >= 950 && time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
     }
 
+    void shouldOwnTheTimerOfItsSeconds()
+    {
+        CountdownDlg dialog(nullptr);
+        const auto timers = dialog.findChildren<QTimer *>();
+        QCOMPARE(timers.size(), 1);
+        QCOMPARE(timers.first()->interval(), 1000);
+        QVERIFY(!timers.first()->isActive());
+
+        dialog.setCountdown(QString(), 3);
+        QVERIFY(timers.first()->isActive());
+        dialog.reject();
+        QVERIFY(!timers.first()->isActive());
+    }
+
     void shouldStopTickingWhenItIsDone()
     {
         CountdownDlg dialog(nullptr);

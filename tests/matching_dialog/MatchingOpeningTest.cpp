@@ -79,6 +79,7 @@ private slots:
     void shouldSurviveItsEndInsideACall();
     void shouldSurviveItsEndWhileItIsOpen();
     void shouldForgetTheLastOpeningsMeasurement();
+    void shouldOwnTheTimerOfTheTrackingStatus();
     void shouldShowTheHelp();
     void shouldFollowTheLanguage();
 };
@@ -475,6 +476,17 @@ void MatchingOpeningTest::shouldForgetTheLastOpeningsMeasurement()
         QCOMPARE(opened.rows("tableWidget_measuredPoints"), 0);
         QVERIFY(opened.report().isEmpty());
     });
+}
+
+void MatchingOpeningTest::shouldOwnTheTimerOfTheTrackingStatus()
+{
+    OpenedDialog opened;
+    const auto timers = opened.dialog().findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.first()->interval(), 200);
+    QVERIFY(!timers.first()->isActive());
+    opened.run([&] { QVERIFY(timers.first()->isActive()); });
+    QVERIFY(!timers.first()->isActive());
 }
 
 void MatchingOpeningTest::shouldShowTheHelp()
