@@ -223,11 +223,17 @@ Reply ControllerAccess::configurationChangeable() const
     }));
 }
 
-std::optional<int> ControllerAccess::numberOfCameras() const
+std::optional<int> ControllerAccess::cameraCount() const
 {
     const auto count = ControllerCall::value<int>(m_commands, [](IOManager &channel, int *value) {
         return channel.getParameterInt(value, "camera number_of_cameras");
     });
+    return count ? std::make_optional(ControllerCall::bounded(*count)) : std::nullopt;
+}
+
+std::optional<int> ControllerAccess::numberOfCameras() const
+{
+    const std::optional<int> count = cameraCount();
     reportUnless(count.has_value(), "Error: Unable to get number of cameras");
     return count;
 }
@@ -434,6 +440,11 @@ std::optional<QByteArray> ControllerAccess::coordinateTypeText() const
         if (!last || coordinateTypeOf(*last) != CoordinateType::None)
             return last;
     }
+    return presentCoordinateType();
+}
+
+std::optional<QByteArray> ControllerAccess::presentCoordinateType() const
+{
     return ControllerCall::text(m_commands, [](IOManager &channel, char *answer) {
         return channel.getParameter(answer, "roomcal coordinate_type");
     });

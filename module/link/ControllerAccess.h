@@ -80,6 +80,7 @@ public:
 
     /// Silent on failure.
     Reply configurationChangeable() const;
+    /// At most 1000, never negative.
     std::optional<int> numberOfCameras() const;
     /// False on failure, without a report.
     bool cameraHasRoom(int camera) const;
@@ -193,10 +194,12 @@ public:
     void restartTrackingAfterCalibration() const;
 
 private:
+    std::optional<int> cameraCount() const;
     int numberOfCoordinateTypes() const;
     void report(const char *message) const;
     bool reportUnless(bool success, const char *message) const;
     std::optional<QByteArray> coordinateTypeText() const;
+    std::optional<QByteArray> presentCoordinateType() const;
 
     IOManager *m_commands;
     const BackendVersions *m_versions;

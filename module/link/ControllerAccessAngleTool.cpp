@@ -10,8 +10,6 @@ namespace
 
 constexpr double defaultRoomDurationSeconds = 30.0;
 
-constexpr auto accepted = "velmar2 ok";
-
 std::optional<QByteArray> coordinateTypeIdentifier(IOManager *commands, int number)
 {
     return ControllerCall::text(commands, [number](IOManager &channel, char *answer) {
@@ -61,9 +59,7 @@ std::vector<OfferedCoordinateType> ControllerAccess::coordinateTypesForAngleTool
 
 QByteArray ControllerAccess::chosenCoordinateType() const
 {
-    const auto type = ControllerCall::text(m_commands, [](IOManager &channel, char *answer) {
-        return channel.getParameter(answer, "roomcal coordinate_type");
-    });
+    const std::optional<QByteArray> type = presentCoordinateType();
     reportUnless(type.has_value(), "Error: Unable to get coordinate type");
     return type.value_or(QByteArrayLiteral("normal"));
 }
@@ -160,7 +156,7 @@ bool ControllerAccess::acceptNewCalibration() const
 {
     const bool done = ControllerCall::answer(m_commands, [](IOManager &channel, char *answer) {
                           return channel.sendCommand(answer, "velmar2 roomcal accept_new_calibration");
-                      }) == accepted;
+                      }) == ControllerCall::accepted;
     return reportUnless(done, "Unable to set new calibration to Controller");
 }
 

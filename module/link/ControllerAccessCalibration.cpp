@@ -5,13 +5,6 @@
 
 // The operations of a running calibration: starting it, following it, ending it.
 
-namespace
-{
-
-constexpr auto accepted = "velmar2 ok";
-
-} // namespace
-
 QByteArray ControllerAccess::calibrationDescription(const QByteArray &kind) const
 {
     return ControllerCall::text(m_commands,
@@ -51,7 +44,7 @@ bool ControllerAccess::startCalibration(const QByteArray &kind) const
 {
     return ControllerCall::answer(m_commands, [&kind](IOManager &channel, char *answer) {
                return channel.sendCommand(answer, "velmar2 cal %s start", kind.constData());
-           }) == accepted;
+           }) == ControllerCall::accepted;
 }
 
 void ControllerAccess::stopCalibration(const QByteArray &kind) const
@@ -102,12 +95,9 @@ QByteArray ControllerAccess::calibrationError() const
 
 std::optional<int> ControllerAccess::numberOfCamerasToCalibrate() const
 {
-    const auto count = ControllerCall::value<int>(m_commands, [](IOManager &channel, int *value) {
-        return channel.getParameterInt(value, "camera number_of_cameras");
-    });
-    if (!reportUnless(count.has_value(), "Error: Unable to get the number of cameras"))
-        return std::nullopt;
-    return ControllerCall::bounded(*count);
+    const std::optional<int> count = cameraCount();
+    reportUnless(count.has_value(), "Error: Unable to get the number of cameras");
+    return count;
 }
 
 QByteArray ControllerAccess::cameraSerial(int camera) const

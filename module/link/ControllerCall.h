@@ -16,6 +16,9 @@ namespace ControllerCall
 /// Room for every answer of a controller and to spare.
 constexpr std::size_t answerSize = 1024;
 
+/// The answer that confirms a raw command.
+constexpr auto accepted = "velmar2 ok";
+
 /// `call(channel)` returns the channel's result; a missing channel counts as a failure.
 template <typename Call>
 bool succeeds(IOManager *channel, Call call)

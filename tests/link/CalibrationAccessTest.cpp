@@ -215,8 +215,10 @@ private slots:
 
         host.setAnswer(QStringLiteral("camera number_of_cameras"), "2000000000");
         QCOMPARE(access.numberOfCamerasToCalibrate().value_or(-1), 1000);
+        QCOMPARE(access.numberOfCameras().value_or(-1), 1000);
         host.setAnswer(QStringLiteral("camera number_of_cameras"), "-3");
         QCOMPARE(access.numberOfCamerasToCalibrate().value_or(-1), 0);
+        QCOMPARE(access.numberOfCameras().value_or(-1), 0);
     }
 
     void shouldListTheTypesThatSuitTheAngleTool()
