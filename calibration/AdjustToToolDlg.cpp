@@ -1,5 +1,6 @@
 #include "AdjustToToolDlg.h"
 
+#include "CalibrationKind.h"
 #include "CalibrationProgressDlg.h"
 #include "Prompt.h"
 #include "Resources.h"
@@ -222,7 +223,7 @@ int AdjustToToolDlg::runCalibration()
 {
     const QPointer<CalibrationProgressDlg> progress =
         new CalibrationProgressDlg(m_commands, this, m_versions, false);
-    const int result = progress->start(QStringLiteral("room"));
+    const int result = progress->start(QLatin1String(CalibrationKind::room));
     delete progress.data();
     return result;
 }

@@ -1,5 +1,6 @@
 #include "CalibrationProgressDlg.h"
 
+#include "CalibrationKind.h"
 #include "CalibrationRun.h"
 #include "CameraGrid.h"
 #include "CountdownDlg.h"
@@ -18,11 +19,10 @@ namespace
 {
 
 constexpr int ticksPerCameraRefresh = 3;
-constexpr auto uninterruptibleKind = "reflex_scan";
 
 Qt::WindowFlags flagsFor(const QString &kind)
 {
-    if (kind == QLatin1String(uninterruptibleKind))
+    if (kind == QLatin1String(CalibrationKind::reflexScan))
         return Qt::Dialog | Qt::WindowTitleHint | Qt::CustomizeWindowHint;
     return Qt::Dialog | Qt::WindowCloseButtonHint;
 }
@@ -107,7 +107,7 @@ int CalibrationProgressDlg::follow(const QString &kind)
 void CalibrationProgressDlg::prepareScreen(const QString &kind)
 {
     m_information = composedInformation(kind);
-    m_ui->pb_cancel->setHidden(kind.contains(QLatin1String(uninterruptibleKind)));
+    m_ui->pb_cancel->setHidden(kind.contains(QLatin1String(CalibrationKind::reflexScan)));
     if (m_run->steps() == 1)
         m_ui->label_info->clear();
     const QPointer<CalibrationProgressDlg> self(this);
@@ -132,7 +132,7 @@ QString CalibrationProgressDlg::composedInformation(const QString &kind) const
     text.remove(QLatin1Char('"'));
     if (m_run->steps() > 1)
         text += tr(" is a %1 step calibration.").arg(m_run->steps());
-    if (kind.contains(QLatin1String(uninterruptibleKind)))
+    if (kind.contains(QLatin1String(CalibrationKind::reflexScan)))
         text += tr("\nCurrently this calibration cannot be interrupted!");
     return text;
 }

@@ -1,5 +1,6 @@
 #include "CalibrationRun.h"
 
+#include "CalibrationKind.h"
 #include "Percentage.h"
 
 #include <cmath>
@@ -7,8 +8,6 @@
 namespace
 {
 
-constexpr auto roomKind = "room";
-constexpr auto uninterruptibleKind = "reflex_scan";
 constexpr int firstStep = 1;
 constexpr int secondStep = 2;
 
@@ -43,7 +42,7 @@ void CalibrationRun::askForPausesBetweenSteps()
 
 bool CalibrationRun::cannotBeInterrupted() const
 {
-    return m_kind == uninterruptibleKind;
+    return m_kind == CalibrationKind::reflexScan;
 }
 
 bool CalibrationRun::begin()
@@ -142,7 +141,7 @@ void CalibrationRun::readOverall(CalibrationPoll *poll)
 
 void CalibrationRun::noteMovement(CalibrationPoll *poll)
 {
-    if (m_kind != roomKind || !poll->overallPercent)
+    if (m_kind != CalibrationKind::room || !poll->overallPercent)
         return;
     poll->hasMoved = *poll->overallPercent != m_lastPercent;
     m_lastPercent = *poll->overallPercent;
