@@ -81,7 +81,6 @@ void CooTrans::buildView()
 {
     m_view = new AbcGLCanvas(this, nullptr);
     m_view->setObjectName(QStringLiteral("w_view"));
-    m_view->setAccessibleName(tr("Room in 3D"));
     m_ui->viewStack->addWidget(m_view);
     m_ui->viewStack->setCurrentWidget(m_view);
 }
@@ -89,18 +88,28 @@ void CooTrans::buildView()
 void CooTrans::buildViewMenu()
 {
     m_viewMenu = new QMenu(this);
-    const auto add = [this](const QString &text, void (CooTrans::*slot)(bool)) {
-        QAction *action = m_viewMenu->addAction(text);
+    const auto add = [this](void (CooTrans::*slot)(bool)) {
+        QAction *action = m_viewMenu->addAction(QString());
         action->setCheckable(true);
         connect(action, &QAction::toggled, this, slot);
         return action;
     };
-    add(tr("Long axes"), &CooTrans::toggled_long_axes);
+    add(&CooTrans::toggled_long_axes);
     m_viewMenu->addSeparator();
-    add(tr("Show XY plane"), &CooTrans::toggled_show_XY)->setChecked(true);
-    add(tr("Show YZ plane"), &CooTrans::toggled_show_YZ);
-    add(tr("Show XZ plane"), &CooTrans::toggled_show_XZ);
+    add(&CooTrans::toggled_show_XY)->setChecked(true);
+    add(&CooTrans::toggled_show_YZ);
+    add(&CooTrans::toggled_show_XZ);
+    setViewTexts();
     m_view->setContextMenu(m_viewMenu);
+}
+
+void CooTrans::setViewTexts()
+{
+    const QStringList texts = {tr("Long axes"), QString(), tr("Show XY plane"), tr("Show YZ plane"),
+                               tr("Show XZ plane")};
+    for (int i = 0; i < m_viewMenu->actions().size(); ++i)
+        m_viewMenu->actions().at(i)->setText(texts.value(i));
+    m_view->setAccessibleName(tr("Room in 3D"));
 }
 
 void CooTrans::colourPlanes()
@@ -146,11 +155,7 @@ void CooTrans::changeEvent(QEvent *event)
         return;
     m_ui->retranslateUi(this);
     showScalingCaption();
-    const QStringList texts = {tr("Long axes"), QString(), tr("Show XY plane"), tr("Show YZ plane"),
-                               tr("Show XZ plane")};
-    for (int i = 0; i < m_viewMenu->actions().size(); ++i)
-        m_viewMenu->actions().at(i)->setText(texts.value(i));
-    m_view->setAccessibleName(tr("Room in 3D"));
+    setViewTexts();
 }
 
 void CooTrans::showEvent(QShowEvent *event)

@@ -99,6 +99,7 @@ protected:
 private:
     void buildView();
     void buildViewMenu();
+    void setViewTexts();
     void connectView();
     void colourPlanes();
     void prepareEditors();
