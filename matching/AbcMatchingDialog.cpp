@@ -96,7 +96,10 @@ int AbcMatchingDialog::update_and_exec()
         return noResult;
     m_opening = false;
     showSurvey(survey);
-    return exec();
+    const int result = exec();
+    if (!self.isNull())
+        endOpening(); // a host may have hidden or rejected the dialog, which closes nothing
+    return result;
 }
 
 void AbcMatchingDialog::startAnew()
@@ -190,13 +193,17 @@ void AbcMatchingDialog::showState()
     m_ui->w_applyButton->setEnabled(free && m_valid);
 }
 
-/// The report stays in the language in which it was made, until the next evaluation.
-void AbcMatchingDialog::closeEvent(QCloseEvent *event)
+void AbcMatchingDialog::endOpening()
 {
     m_timer.stop();
     m_opened = false;
     if (m_run->isRunning())
         cancelSearch();
+}
+
+void AbcMatchingDialog::closeEvent(QCloseEvent *event)
+{
+    endOpening();
     QDialog::closeEvent(event);
 }
 

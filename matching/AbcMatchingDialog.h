@@ -95,6 +95,7 @@ private:
     void connectOwnSignals();
 
     void startAnew();
+    void endOpening();
     void showSurvey(const ToolSurvey &survey);
     void fillToolList(const std::vector<int> &tools);
     void selectCurrentTool();

@@ -80,6 +80,8 @@ private slots:
     void shouldSurviveItsEndWhileItIsOpen();
     void shouldForgetTheLastOpeningsMeasurement();
     void shouldOwnTheTimerOfTheTrackingStatus();
+    void shouldStopTheTimerHoweverItEnds_data();
+    void shouldStopTheTimerHoweverItEnds();
     void shouldShowTheHelp();
     void shouldFollowTheLanguage();
 };
@@ -487,6 +489,24 @@ void MatchingOpeningTest::shouldOwnTheTimerOfTheTrackingStatus()
     QVERIFY(!timers.first()->isActive());
     opened.run([&] { QVERIFY(timers.first()->isActive()); });
     QVERIFY(!timers.first()->isActive());
+}
+
+void MatchingOpeningTest::shouldStopTheTimerHoweverItEnds_data()
+{
+    QTest::addColumn<bool>("hides");
+    QTest::newRow("rejected") << false;
+    QTest::newRow("hidden") << true;
+}
+
+void MatchingOpeningTest::shouldStopTheTimerHoweverItEnds()
+{
+    QFETCH(bool, hides);
+    OpenedDialog opened;
+    ModalAnswer answers;
+    answers.then([&](QWidget *) { hides ? opened.dialog().hide() : opened.dialog().reject(); });
+    opened.dialog().update_and_exec();
+    QVERIFY(answers.isDone());
+    QVERIFY(!opened.dialog().findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly)->isActive());
 }
 
 void MatchingOpeningTest::shouldShowTheHelp()
