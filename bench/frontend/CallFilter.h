@@ -2,7 +2,8 @@
 
 #include <QSortFilterProxyModel>
 
-/// The part of the conversation that someone wants to see. Failed calls and reported errors stand in bold letters.
+/// The part of the conversation that someone wants to see. Failed calls and reported errors stand in bold
+/// letters.
 class CallFilter : public QSortFilterProxyModel
 {
     Q_OBJECT

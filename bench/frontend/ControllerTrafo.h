@@ -16,8 +16,8 @@ struct ControllerTrafo {
     /// Asks the controller, past the log. Nothing when one of the three answers is missing or no number.
     static std::optional<ControllerTrafo> read(ControllerLink &link);
 
-    /// Whether every number differs by less than what the controller's decimals hold: 1e-7 in the rotation and
-    /// the scaling, 5e-4 mm in the translation.
+    /// Whether every number differs by less than what the controller's decimals hold: 1e-7 in the rotation
+    /// and the scaling, 5e-4 mm in the translation.
     bool isNear(const ControllerTrafo &other) const;
 
     /// Three lines: rotation, translation, scaling.

@@ -10,15 +10,15 @@
 
 /// Steps that are done one after another from the event loop, in whatever modal loop it is at the moment.
 ///
-/// Each step waits until it is ready, and is then done. A step may open a modal dialog and so return only when
-/// later steps have closed it.
+/// Each step waits until it is ready, and is then done. A step may open a modal dialog and so return only
+/// when later steps have closed it.
 class EventSteps : public QObject
 {
     Q_OBJECT
 
 public:
     struct Step {
-        QString name;                     ///< what is being done, for the report on a step that cannot be done
+        QString name; ///< what is being done, for the report on a step that cannot be done
         std::function<bool()> isReady;
         std::function<void()> act;
     };

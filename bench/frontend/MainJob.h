@@ -10,11 +10,12 @@ class BenchIOManager;
 class BenchWindow;
 class QTextStream;
 
-/// The main job, done as a user does it, with keys and clicks: opens the dialog with Shift+F5, goes to the tab
+/// The main job, done as a user does it, with keys and clicks: opens the dialog with Shift+F5, goes to the
+/// tab
 /// "&Fine", sets rz to 10 degrees and x to 250 mm, presses "&Apply" and closes with OK.
 ///
-/// It leaves pictures of the screen in a folder, writes the controller's extra transformation before and after
-/// and every call to a stream, and checks that the controller holds what was asked for.
+/// It leaves pictures of the screen in a folder, writes the controller's extra transformation before and
+/// after and every call to a stream, and checks that the controller holds what was asked for.
 class MainJob : public QObject
 {
     Q_OBJECT

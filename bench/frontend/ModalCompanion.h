@@ -7,8 +7,9 @@ class QWidget;
 
 /// Keeps one window usable while modal dialogs are open.
 ///
-/// A modal dialog blocks every window but those that stand above it. The hands in the simulated room must go on
-/// working while the module's dialogs are open, so whenever a modal dialog opens, this window is put above it.
+/// A modal dialog blocks every window but those that stand above it. The hands in the simulated room must go
+/// on working while the module's dialogs are open, so whenever a modal dialog opens, this window is put above
+/// it.
 class ModalCompanion : public QObject
 {
     Q_OBJECT
@@ -19,8 +20,8 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
-    /// Gives the keyboard to this window, or back to the one below when this window has it. The key F6 does it too,
-    /// in every window.
+    /// Gives the keyboard to this window, or back to the one below when this window has it. The key F6 does
+    /// it too, in every window.
     void switchWindow();
 
 private:

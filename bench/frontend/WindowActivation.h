@@ -6,7 +6,8 @@ class QWidget;
 
 /// Gives the keyboard to each window that opens, and back to the one below when it closes.
 ///
-/// A window manager does this by itself; on a bare X server nobody does, and neither shortcuts nor typing work.
+/// A window manager does this by itself; on a bare X server nobody does, and neither shortcuts nor typing
+/// work.
 class WindowActivation : public QObject
 {
     Q_OBJECT
