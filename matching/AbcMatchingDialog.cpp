@@ -9,7 +9,9 @@
 #include "PointFilePrompt.h"
 #include "Prompt.h"
 #include "Resources.h"
+#include "ResultView.h"
 #include "SearchProgress.h"
+#include "ToolControls.h"
 #include "ui_AbcMatchingDialog.h"
 
 #include <QCloseEvent>
@@ -19,7 +21,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstring>
 
 using namespace std::chrono_literals;
@@ -30,14 +31,6 @@ namespace
 constexpr auto trackingStatusInterval = 200ms;
 constexpr int noResult = 0;
 constexpr int undecodable = -2;
-
-/// Whole hundredths of a second, as the progress bar counts them.
-int hundredths(double seconds)
-{
-    constexpr double most = 1e9;
-    const double value = seconds * 100.0;
-    return std::isfinite(value) ? static_cast<int>(std::clamp(value, -most, most)) : 0;
-}
 
 MatchingPoint toPoint(const bsVector &vector)
 {
@@ -59,6 +52,8 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
         std::make_unique<PointTable>(m_ui->tableWidget_referencePoints, PointTable::Cells::Editable);
     m_measuredTable =
         std::make_unique<PointTable>(m_ui->tableWidget_measuredPoints, PointTable::Cells::ReadOnly);
+    m_tools = std::make_unique<ToolControls>(*m_ui);
+    m_result = std::make_unique<ResultView>(*m_ui, *m_referenceTable, *m_measuredTable);
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
     connectOwnSignals();
@@ -116,7 +111,8 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
     m_toolCount = survey.toolCount;
     m_toolReady = survey.verdict == Verdict::Ready;
     m_opened = m_toolReady || survey.verdict == Verdict::NotCalibrated;
-    fillToolList(survey.calibrated);
+    m_tools->fill(survey.calibrated);
+    m_sampler.selectTool(m_tools->selectedTool());
     setUsable(m_opened);
     m_verdict = survey.verdict;
     showSurveyTexts();
@@ -131,37 +127,14 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
 void AbcMatchingDialog::showSurveyTexts()
 {
     using Verdict = ToolSurvey::Verdict;
-    const bool noTool = m_verdict == Verdict::NotCalibrated;
-    m_ui->label_error->setText(noTool ? tr("<b><font color=red>No Measurement Tool available!</font></b>")
-                                      : QString());
-    m_ui->label_error->setVisible(noTool);
+    m_tools->showNoToolNotice(m_verdict == Verdict::NotCalibrated);
     if (m_verdict == Verdict::NotSupported)
-        showNotice(tr("This controller does not support measuring points with a measurement tool."));
+        m_result->showNotice(
+            tr("This controller does not support measuring points with a measurement tool."));
     else if (m_verdict == Verdict::NotAvailable)
-        showNotice(tr("The controller offers no measurement tool."));
+        m_result->showNotice(tr("The controller offers no measurement tool."));
     else
-        showNotice(m_evaluation ? MatchingReport::notice(*m_evaluation) : QString());
-}
-
-void AbcMatchingDialog::fillToolList(const std::vector<int> &tools)
-{
-    const int previous = m_ui->comboBox_meatool->currentIndex();
-    {
-        const QSignalBlocker blocker(m_ui->comboBox_meatool);
-        m_ui->comboBox_meatool->clear();
-        for (const int tool : tools)
-            m_ui->comboBox_meatool->addItem(tr("M%1").arg(tool), tool);
-        const bool kept = previous >= 0 && previous < m_ui->comboBox_meatool->count();
-        m_ui->comboBox_meatool->setCurrentIndex(kept ? previous
-                                                     : std::min(0, m_ui->comboBox_meatool->count() - 1));
-    }
-    selectCurrentTool();
-}
-
-void AbcMatchingDialog::selectCurrentTool()
-{
-    const QVariant tool = m_ui->comboBox_meatool->currentData();
-    m_sampler.selectTool(tool.isValid() ? tool.toInt() : ToolSampler::noTool);
+        m_result->showNotice();
 }
 
 /// Disables every control but Cancel, or gives each the state that fits.
@@ -316,8 +289,7 @@ void AbcMatchingDialog::on_w_measureButton_clicked()
     const double duration = controller.measurementDuration(tool);
     if (self.isNull())
         return;
-    m_ui->progressBar->setRange(0, std::max(0, hundredths(duration)));
-    m_ui->progressBar->setValue(0);
+    m_tools->showStart(duration);
     const double tolerance = controller.tipTolerance(tool);
     if (self.isNull())
         return;
@@ -329,9 +301,7 @@ void AbcMatchingDialog::on_w_measureButton_clicked()
 
 void AbcMatchingDialog::updateProgressbar(const double &elapsed)
 {
-    const int value = hundredths(elapsed);
-    const int end = m_ui->progressBar->maximum();
-    m_ui->progressBar->setValue(end > 0 ? std::min(value, end) : value);
+    m_tools->showElapsed(elapsed);
     m_measuring = elapsed > 0.0;
 }
 
@@ -343,20 +313,13 @@ void AbcMatchingDialog::showTrackingStatus()
         m_ui->w_measureButton->setEnabled(false);
     else if (!m_measuring)
         m_ui->w_measureButton->setEnabled(m_usable);
-    QLabel *icon = m_ui->label_trackedIcon;
-    icon->setPixmap(QPixmap(tracked    ? QStringLiteral(":/green.png")
-                            : selected ? QStringLiteral(":/red.png")
-                                       : QStringLiteral(":/grey.png")));
-    icon->setToolTip(tracked    ? tr("The measurement tool is tracked")
-                     : selected ? tr("The measurement tool is not tracked")
-                                : tr("No measurement tool is selected"));
-    icon->setAccessibleDescription(icon->toolTip());
+    m_tools->showTracking(tracked);
 }
 
 void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 {
     Q_UNUSED(index)
-    selectCurrentTool();
+    m_sampler.selectTool(m_tools->selectedTool());
 }
 
 void AbcMatchingDialog::addMeasuredPoint()
@@ -526,9 +489,7 @@ void AbcMatchingDialog::evaluate()
 {
     m_valid = false;
     m_transformedPoints.clear();
-    m_evaluation.reset();
-    m_referenceTable->clearMark();
-    m_measuredTable->clearMark();
+    m_result->clear();
     const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
                                                 ? MatchingEvaluation::Order::Preserved
                                                 : MatchingEvaluation::Order::Searched;
@@ -541,9 +502,7 @@ void AbcMatchingDialog::evaluate()
     m_sampler.drop();
     updateProgressbar(0.0);
     m_progress->start();
-    setTrafoText(MatchingReport::searching());
-    m_report = [] { return MatchingReport::searching(); };
-    showNotice(QString());
+    m_result->showSearching();
     showState();
     showTrackingStatus();
 }
@@ -563,30 +522,15 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
     if (m_valid) {
         m_transformedPoints = evaluation.mapped;
         m_transformation = evaluation.roomFromReference;
-        markWorstRows(evaluation);
     }
     showState();
-    m_evaluation = evaluation;
-    showNotice(MatchingReport::notice(evaluation));
-    setTrafoText(MatchingReport::report(evaluation));
-    m_report = [evaluation] { return MatchingReport::report(evaluation); };
+    m_result->show(evaluation);
     emit updateRequest();
-}
-
-void AbcMatchingDialog::markWorstRows(const MatchingEvaluation &evaluation)
-{
-    if (evaluation.worstPair < 0)
-        return;
-    const auto worst = static_cast<std::size_t>(evaluation.worstPair);
-    const QString reason = MatchingReport::worstRow(evaluation.distancesMm[worst]);
-    m_referenceTable->mark(evaluation.worstPair, reason);
-    m_measuredTable->mark(evaluation.order[worst], reason);
 }
 
 void AbcMatchingDialog::setTrafoText(const QString &text)
 {
-    m_report = nullptr;
-    m_ui->w_trafoText->setPlainText(text);
+    m_result->showReport(text);
 }
 
 /// Tells a text that can be told in another language later.
@@ -595,7 +539,7 @@ void AbcMatchingDialog::report(const std::function<QString()> &text)
     const QPointer<AbcMatchingDialog> self(this);
     emit do_setTrafoText(text());
     if (!self.isNull())
-        m_report = text;
+        m_result->setReportSource(text);
 }
 
 void AbcMatchingDialog::changeEvent(QEvent *event)
@@ -607,14 +551,5 @@ void AbcMatchingDialog::changeEvent(QEvent *event)
     m_progress->showTexts();
     showSurveyTexts();
     showTrackingStatus();
-    if (m_evaluation)
-        markWorstRows(*m_evaluation);
-    if (m_report)
-        m_ui->w_trafoText->setPlainText(m_report());
-}
-
-void AbcMatchingDialog::showNotice(const QString &text)
-{
-    m_ui->label_notice->setText(text);
-    m_ui->label_notice->setVisible(!text.isEmpty());
+    m_result->retranslate();
 }

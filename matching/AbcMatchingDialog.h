@@ -20,7 +20,9 @@
 
 class EvaluationRun;
 class QTableWidgetItem;
+class ResultView;
 class SearchProgress;
+class ToolControls;
 struct BackendVersions;
 
 namespace Ui
@@ -97,12 +99,9 @@ private:
     void startAnew();
     void endOpening();
     void showSurvey(const ToolSurvey &survey);
-    void fillToolList(const std::vector<int> &tools);
-    void selectCurrentTool();
     void setUsable(bool usable);
     void showState();
     void showSurveyTexts();
-    void showNotice(const QString &text);
     void report(const std::function<QString()> &text);
 
     void takeStep(const ToolSampler::Step &step);
@@ -116,7 +115,6 @@ private:
     void evaluate();
     void cancelSearch();
     void showEvaluation(const MatchingEvaluation &evaluation);
-    void markWorstRows(const MatchingEvaluation &evaluation);
 
     std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
     ControllerAccess m_controller;
@@ -124,6 +122,8 @@ private:
     ToolSampler m_sampler;
     std::unique_ptr<PointTable> m_referenceTable;
     std::unique_ptr<PointTable> m_measuredTable;
+    std::unique_ptr<ToolControls> m_tools;
+    std::unique_ptr<ResultView> m_result;
     EvaluationRun *m_run;
     SearchProgress *m_progress;
 
@@ -141,6 +141,4 @@ private:
     MatchingPoints m_measuredPoints;
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
-    std::optional<MatchingEvaluation> m_evaluation; ///< what notice and marks are about
-    std::function<QString()> m_report;              ///< makes the report anew in another language
 };

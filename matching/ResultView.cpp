@@ -1,0 +1,71 @@
+#include "ResultView.h"
+
+#include "MatchingReport.h"
+#include "PointTable.h"
+#include "ui_AbcMatchingDialog.h"
+
+ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured)
+    : m_ui(ui)
+    , m_references(references)
+    , m_measured(measured)
+{
+}
+
+void ResultView::clear()
+{
+    m_evaluation.reset();
+    m_references.clearMark();
+    m_measured.clearMark();
+}
+
+void ResultView::show(const MatchingEvaluation &evaluation)
+{
+    clear();
+    m_evaluation = evaluation;
+    markWorstRows();
+    showNotice();
+    showReport(MatchingReport::report(evaluation));
+    m_report = [evaluation] { return MatchingReport::report(evaluation); };
+}
+
+void ResultView::showSearching()
+{
+    clear();
+    showNotice();
+    showReport(MatchingReport::searching());
+    m_report = [] { return MatchingReport::searching(); };
+}
+
+void ResultView::showReport(const QString &text)
+{
+    m_report = nullptr;
+    m_ui.w_trafoText->setPlainText(text);
+}
+
+void ResultView::showNotice(const QString &text)
+{
+    m_ui.label_notice->setText(text);
+    m_ui.label_notice->setVisible(!text.isEmpty());
+}
+
+void ResultView::showNotice()
+{
+    showNotice(m_evaluation ? MatchingReport::notice(*m_evaluation) : QString());
+}
+
+void ResultView::retranslate()
+{
+    markWorstRows();
+    if (m_report)
+        m_ui.w_trafoText->setPlainText(m_report());
+}
+
+void ResultView::markWorstRows()
+{
+    if (!m_evaluation || m_evaluation->worstPair < 0)
+        return;
+    const auto worst = static_cast<std::size_t>(m_evaluation->worstPair);
+    const QString reason = MatchingReport::worstRow(m_evaluation->distancesMm[worst]);
+    m_references.mark(m_evaluation->worstPair, reason);
+    m_measured.mark(m_evaluation->order[worst], reason);
+}

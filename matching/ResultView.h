@@ -1,0 +1,49 @@
+#pragma once
+
+#include "MatchingEvaluation.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+class PointTable;
+
+namespace Ui
+{
+class AbcMatchingDialogClass;
+}
+
+/// Shows what an evaluation brought: the report, the line below it, and the rows that are worst.
+class ResultView
+{
+public:
+    /// Form and tables must outlive this.
+    ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured);
+
+    /// Forgets the last evaluation; the report stays until there is another text.
+    void clear();
+    void show(const MatchingEvaluation &evaluation);
+    void showSearching();
+
+    void showReport(const QString &text);
+    /// The text that is shown as report can be told anew in another language.
+    void setReportSource(std::function<QString()> text) { m_report = std::move(text); }
+
+    /// Shows another sentence in the place of the evaluation's, until the next one or showNotice().
+    void showNotice(const QString &text);
+    /// Shows what the last evaluation found.
+    void showNotice();
+
+    /// Tells report and marks in the present language.
+    void retranslate();
+
+private:
+    void markWorstRows();
+
+    Ui::AbcMatchingDialogClass &m_ui;
+    PointTable &m_references;
+    PointTable &m_measured;
+    std::optional<MatchingEvaluation> m_evaluation;
+    std::function<QString()> m_report;
+};

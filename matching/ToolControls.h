@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QCoreApplication>
+
+#include <vector>
+
+namespace Ui
+{
+class AbcMatchingDialogClass;
+}
+
+/// The controls of the matching dialog that show the measurement tools and the measurement: the list of
+/// tools, the sign of the tracking state, the bar, and the notice that there is no tool. Times in seconds.
+class ToolControls
+{
+    Q_DECLARE_TR_FUNCTIONS(AbcMatchingDialog)
+
+public:
+    /// The form must outlive this.
+    explicit ToolControls(Ui::AbcMatchingDialogClass &ui);
+
+    /// Lists the tools by their numbers, silently; the selected position is kept where it still exists.
+    void fill(const std::vector<int> &tools);
+    /// The number of the selected tool; ToolSampler::noTool if there is none.
+    [[nodiscard]] int selectedTool() const;
+
+    void showNoToolNotice(bool show);
+    /// With no tool selected, `tracked` does not count.
+    void showTracking(bool tracked);
+
+    /// Empties the bar and sets its end.
+    void showStart(double duration);
+    void showElapsed(double elapsed);
+
+private:
+    Ui::AbcMatchingDialogClass &m_ui;
+};
