@@ -37,10 +37,14 @@ std::optional<std::array<double, count>> numbers(const QByteArray &text)
     return result;
 }
 
-/// A negative zero would be printed with its sign.
-double plainZero(double value)
+/// Half of the last decimal that is printed of a rotation (%.8f) and of a translation (%.3f).
+constexpr double rotationHalfDecimal = 0.5e-8;
+constexpr double translationHalfDecimal = 0.5e-3;
+
+/// What would be printed as a negative zero becomes a plain one.
+double plainZero(double value, double halfDecimal)
 {
-    return value + 0.0;
+    return value < 0.0 && value >= -halfDecimal ? 0.0 : value + 0.0;
 }
 
 Reply replyOf(const std::optional<QByteArray> &answer)
@@ -113,7 +117,8 @@ std::optional<bool> tipCalibrated(IOManager *commands, int tool)
 bool writeRotation(IOManager *commands, const std::array<double, 9> &rotation)
 {
     std::array<double, 9> r{};
-    std::transform(rotation.begin(), rotation.end(), r.begin(), plainZero);
+    std::transform(rotation.begin(), rotation.end(), r.begin(),
+                   [](double value) { return plainZero(value, rotationHalfDecimal); });
     return ControllerCall::succeeds(commands, [&r](IOManager &channel) {
         return channel.setParameter("tracking extra_rotation %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f",
                                     r[0], r[1], r[2], r[3], r[4], r[5], r[6], r[7], r[8]);
@@ -123,8 +128,9 @@ bool writeRotation(IOManager *commands, const std::array<double, 9> &rotation)
 bool writeTranslation(IOManager *commands, const std::array<double, 3> &t)
 {
     return ControllerCall::succeeds(commands, [&t](IOManager &channel) {
-        return channel.setParameter("tracking extra_translation %.3f %.3f %.3f", plainZero(t[0]),
-                                    plainZero(t[1]), plainZero(t[2]));
+        return channel.setParameter(
+            "tracking extra_translation %.3f %.3f %.3f", plainZero(t[0], translationHalfDecimal),
+            plainZero(t[1], translationHalfDecimal), plainZero(t[2], translationHalfDecimal));
     });
 }
 

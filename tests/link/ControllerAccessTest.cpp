@@ -49,6 +49,7 @@ private slots:
     void shouldReportAFailureInTheRequiredWords_data();
     void shouldReportAFailureInTheRequiredWords();
     void shouldPassFormatsAndValuesUnformatted();
+    void shouldNeverPrintANegativeZero();
     void shouldCompareWholeAnswersOnly_data();
     void shouldCompareWholeAnswersOnly();
     void shouldTakeAnyNonZeroResultAsFailure_data();
@@ -244,6 +245,21 @@ void ControllerAccessTest::shouldPassFormatsAndValuesUnformatted()
              QStringList({"tracking extra_rotation %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f",
                           "tracking extra_translation %.3f %.3f %.3f", "tracking extra_scaling %.5f",
                           "tracking room c%2.2d", "tracking reference %s"}));
+}
+
+void ControllerAccessTest::shouldNeverPrintANegativeZero()
+{
+    RecordingHost host;
+    RoomTrafoData data;
+    data.rotation = {1.0, -0.0, -1.2246e-16, -4.9e-9, 1.0, -6e-9, -0.5, 1e-16, 1.0};
+    data.translation = {-0.0, -0.0004, -0.0006};
+
+    ControllerAccess(&host, &current).writeRoomAdjustment(data);
+
+    QCOMPARE(host.calls(), QStringList({"write tracking extra_rotation 1.00000000 0.00000000 0.00000000 "
+                                        "0.00000000 1.00000000 -0.00000001 -0.50000000 0.00000000 1.00000000",
+                                        "write tracking extra_translation 0.000 0.000 -0.001",
+                                        "write tracking extra_scaling 1.00000"}));
 }
 
 void ControllerAccessTest::shouldCompareWholeAnswersOnly_data()
