@@ -44,7 +44,7 @@ constexpr double translationHalfDecimal = 0.5e-3;
 /// What would be printed as a negative zero becomes a plain one.
 double plainZero(double value, double halfDecimal)
 {
-    return value < 0.0 && value >= -halfDecimal ? 0.0 : value + 0.0;
+    return value < 0.0 && value > -halfDecimal ? 0.0 : value + 0.0;
 }
 
 Reply replyOf(const std::optional<QByteArray> &answer)

@@ -252,7 +252,7 @@ void ControllerAccessTest::shouldNeverPrintANegativeZero()
     RecordingHost host;
     RoomTrafoData data;
     data.rotation = {1.0, -0.0, -1.2246e-16, -4.9e-9, 1.0, -6e-9, -0.5, 1e-16, 1.0};
-    data.translation = {-0.0, -0.0004, -0.0006};
+    data.translation = {-0.0, -0.0004, -0.0005};
 
     ControllerAccess(&host, &current).writeRoomAdjustment(data);
 
