@@ -6,6 +6,7 @@
 #include "HelpDialog.h"
 #include "Prompt.h"
 #include "abcRoom.h"
+#include "bsDoubleWidget.h"
 #include "bsMatrix.h"
 #include "ui_CooTrans.h"
 
@@ -53,6 +54,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     setLocale(QLocale::c());
     prepareEditors();
     buildView();
+    orderTabs();
     buildViewMenu();
     colourPlanes();
     connectView();
@@ -83,6 +85,22 @@ void CooTrans::buildView()
     m_view->setObjectName(QStringLiteral("w_view"));
     m_ui->viewStack->addWidget(m_view);
     m_ui->viewStack->setCurrentWidget(m_view);
+}
+
+/// The view and its editors stand between what the form knows: the left column and the buttons.
+void CooTrans::orderTabs()
+{
+    QList<QWidget *> stops{m_ui->w_bodyMatchingButton, m_view};
+    for (const xyzWidget *group : {m_ui->w_viewPositionXYZ, m_ui->w_viewOrientationXYZ}) {
+        for (const QWidget *editor :
+             std::initializer_list<const QWidget *>{group->xEditor(), group->yEditor(), group->zEditor()}) {
+            for (const char *part : {"spinBox", "wheel"})
+                stops << editor->findChild<QWidget *>(QLatin1String(part));
+        }
+    }
+    stops << m_ui->w_adjustViewButton << m_ui->w_resetViewButton << m_ui->pushButton_helpView;
+    for (int i = 1; i < stops.size(); ++i)
+        setTabOrder(stops.at(i - 1), stops.at(i));
 }
 
 void CooTrans::buildViewMenu()

@@ -98,6 +98,7 @@ protected:
 
 private:
     void buildView();
+    void orderTabs();
     void buildViewMenu();
     void setViewTexts();
     void connectView();
