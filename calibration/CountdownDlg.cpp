@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <QLayout>
 
 #include <limits>
 
@@ -17,6 +18,7 @@ CountdownDlg::CountdownDlg(QWidget *parent)
     loadResources();
     m_ui->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    fitButtons();
     setTick(1000ms);
     connect(&m_timer, &QTimer::timeout, this, &CountdownDlg::updateCountdown);
     connect(m_ui->pushButton_start, &QPushButton::clicked, this, &CountdownDlg::accept);
@@ -42,6 +44,13 @@ void CountdownDlg::updateCountdown()
         done(Accepted);
 }
 
+/// The required least size alone would cut the buttons' texts.
+void CountdownDlg::fitButtons()
+{
+    layout()->activate();
+    resize(size().expandedTo(layout()->totalMinimumSize()));
+}
+
 void CountdownDlg::changeEvent(QEvent *event)
 {
     QDialog::changeEvent(event);
@@ -50,6 +59,7 @@ void CountdownDlg::changeEvent(QEvent *event)
     const QString text = m_ui->label->text(); // given from outside
     m_ui->retranslateUi(this);
     m_ui->label->setText(text);
+    fitButtons();
 }
 
 void CountdownDlg::done(int result)

@@ -37,6 +37,8 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    void fitButtons();
+
     std::unique_ptr<Ui::CountdownDialog> m_ui;
     int m_secondsLeft = 0;
     QTimer m_timer{this};
