@@ -64,6 +64,12 @@ void RoomAdjustmentDlg2g::buildPanels(IOManager *commands, BackendVersions *vers
     m_coarse->setCameraModel(m_cameraModel);
     m_ui->tabWidget->insertTab(0, m_coarse, QString());
     setTabTexts();
+    QWidget *last = previousInFocusChain(); // the panels came behind the buttons
+    while (last->focusPolicy() == Qt::NoFocus)
+        last = last->previousInFocusChain();
+    setTabOrder(last, m_ui->btn_ok);
+    setTabOrder(m_ui->btn_ok, m_ui->btn_apply);
+    setTabOrder(m_ui->btn_apply, m_ui->btn_cancel);
     connect(m_fine, &CooTrans::do_btn_apply_enable, this, &RoomAdjustmentDlg2g::ondo_btn_apply_enable);
     connect(m_coarse, &CoarseAdjustment::do_btn_apply_enable, this,
             &RoomAdjustmentDlg2g::ondo_btn_apply_enable);

@@ -1088,6 +1088,10 @@ Umschalt + linke Maustaste</translation>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
+    <message>
+        <source>Ways to adjust the room</source>
+        <translation>Wege zur Raumjustierung</translation>
+    </message>
 </context>
 <context>
     <name>RoomAdjustmentModule2g</name>
