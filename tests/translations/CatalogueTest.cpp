@@ -1,0 +1,132 @@
+#include "TestRegistry.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+namespace
+{
+
+struct Message {
+    QString context;
+    QString source;
+    QString translation;
+    QString state; ///< empty when it is finished
+};
+
+QList<Message> messagesOf(const QString &fileName)
+{
+    QFile file(fileName);
+    QList<Message> messages;
+    if (!file.open(QIODevice::ReadOnly))
+        return messages;
+    QXmlStreamReader reader(&file);
+    QString context;
+    while (!reader.atEnd()) {
+        if (!reader.readNextStartElement())
+            continue;
+        if (reader.name() == QLatin1String("name"))
+            context = reader.readElementText();
+        else if (reader.name() == QLatin1String("source"))
+            messages << Message{context, reader.readElementText(), {}, {}};
+        else if (reader.name() == QLatin1String("translation")) {
+            messages.last().state = reader.attributes().value(QLatin1String("type")).toString();
+            messages.last().translation = reader.readElementText();
+        }
+    }
+    return messages;
+}
+
+QStringList placeholders(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("%(n|L?\\d+)"));
+    QStringList found;
+    auto matches = pattern.globalMatch(text);
+    while (matches.hasNext())
+        found << matches.next().captured();
+    found.sort();
+    return found;
+}
+
+int mnemonics(QString text)
+{
+    text.remove(QLatin1String("&&"));
+    static const QRegularExpression pattern(QStringLiteral("&[A-Za-z0-9]"));
+    return text.count(pattern);
+}
+
+QStringList tags(const QString &text)
+{
+    static const QRegularExpression pattern(QStringLiteral("</?[a-z][^>]*>"));
+    QStringList found;
+    auto matches = pattern.globalMatch(text);
+    while (matches.hasNext())
+        found << matches.next().captured();
+    return found;
+}
+
+QStringList keys(const QList<Message> &messages)
+{
+    QStringList list;
+    for (const Message &message : messages)
+        list << message.context + QLatin1Char('|') + message.source;
+    list.sort();
+    return list;
+}
+
+} // namespace
+
+class CatalogueTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldTranslateEveryMessage_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("translation");
+        QTest::addColumn<QString>("state");
+        const QList<Message> messages = messagesOf(QStringLiteral(CATALOGUE));
+        QVERIFY(messages.size() > 200);
+        int number = 0;
+        for (const Message &message : messages)
+            QTest::addRow("%d %s", ++number, qPrintable(message.context))
+                << message.source << message.translation << message.state;
+    }
+
+    void shouldTranslateEveryMessage()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, translation);
+        QFETCH(QString, state);
+        QCOMPARE(state, QString());
+        QVERIFY2(!translation.trimmed().isEmpty(), qPrintable(source));
+        QCOMPARE(placeholders(translation), placeholders(source));
+        QCOMPARE(mnemonics(translation), mnemonics(source));
+        QCOMPARE(tags(translation), tags(source));
+    }
+
+    void shouldHoldEveryTextOfTheProduct()
+    {
+        const QTemporaryDir folder;
+        const QString fresh = folder.filePath(QStringLiteral("fresh.ts"));
+        QProcess update;
+        update.setWorkingDirectory(QStringLiteral(SOURCES));
+        update.start(QStringLiteral(LUPDATE),
+                     {"-silent", "-no-obsolete", "-locations", "none", "-source-language", "en",
+                      "-target-language", "de", "module", "dialog", "fine", "view", "coarse", "calibration",
+                      "matching", "room", "-ts", fresh});
+        QVERIFY(update.waitForFinished(60000));
+        QCOMPARE(update.exitCode(), 0);
+        const QStringList wanted = keys(messagesOf(fresh));
+        QVERIFY(wanted.size() > 200);
+        QCOMPARE(keys(messagesOf(QStringLiteral(CATALOGUE))), wanted);
+    }
+};
+
+ROOM_TEST_CLASS(CatalogueTest)
+
+#include "CatalogueTest.moc"

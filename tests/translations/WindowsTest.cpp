@@ -1,0 +1,198 @@
+#include "TestRegistry.h"
+#include "WindowAudit.h"
+#include "WindowGallery.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPalette>
+#include <QScreen>
+#include <QTranslator>
+#include <QtTest>
+
+namespace
+{
+
+/// German as long as it lives.
+class German
+{
+public:
+    explicit German(bool isWanted = true)
+    {
+        if (isWanted && m_translator.load(QStringLiteral("room_adjustment_de"), QStringLiteral(TRANSLATIONS)))
+            QCoreApplication::installTranslator(&m_translator);
+    }
+    ~German() { QCoreApplication::removeTranslator(&m_translator); }
+    Q_DISABLE_COPY(German)
+
+private:
+    QTranslator m_translator;
+};
+
+QPalette darkPalette()
+{
+    QPalette palette(QColor(53, 53, 53), QColor(53, 53, 53));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                           QPalette::ToolTipText, QPalette::BrightText})
+        palette.setColor(role, Qt::white);
+    palette.setColor(QPalette::Base, QColor(35, 35, 35));
+    palette.setColor(QPalette::AlternateBase, QColor(53, 53, 53));
+    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(150, 150, 150));
+    return palette;
+}
+
+/// With ROOM_PICTURES the windows leave their pictures in that folder.
+void keepPicture(QWidget &window, const QString &name)
+{
+    const QString folder = qEnvironmentVariable("ROOM_PICTURES");
+    if (folder.isEmpty())
+        return;
+    QTest::qWait(200); // the view's picture comes from the screen only
+    window.screen()->grabWindow(window.winId()).save(QDir(folder).filePath(name + QStringLiteral(".png")));
+}
+
+QString scaleName()
+{
+    return QString::number(qRound(100 * qApp->devicePixelRatio()));
+}
+
+void addWindows()
+{
+    QTest::addColumn<QString>("name");
+    for (const QString &name : WindowGallery::names())
+        QTest::newRow(qPrintable(name)) << name;
+}
+
+void addWindowsInBothLanguages()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<bool>("isGerman");
+    for (const QString &name : WindowGallery::names()) {
+        QTest::addRow("%s en", qPrintable(name)) << name << false;
+        QTest::addRow("%s de", qPrintable(name)) << name << true;
+    }
+}
+
+QStringList difference(const QStringList &one, const QStringList &other)
+{
+    QStringList lines;
+    for (const QString &text : one) {
+        if (!other.contains(text))
+            lines << text;
+    }
+    return lines;
+}
+
+} // namespace
+
+class WindowsTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        const double wanted = qEnvironmentVariable("QT_SCALE_FACTOR", QStringLiteral("1")).toDouble();
+        QCOMPARE(qApp->devicePixelRatio(), wanted);
+    }
+
+    void shouldShowEveryTextWhole_data() { addWindowsInBothLanguages(); }
+    void shouldShowEveryTextWhole()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isGerman);
+        const German german(isGerman);
+        QStringList faults;
+        QVERIFY(WindowGallery().visit(name, [&](QWidget &window) {
+            faults = WindowAudit::clippedTexts(window);
+            keepPicture(window,
+                        name + (isGerman ? QStringLiteral("-de-") : QStringLiteral("-en-")) + scaleName());
+        }));
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char(0x0a))));
+    }
+
+    void shouldGiveEachMnemonicOnce_data() { addWindowsInBothLanguages(); }
+    void shouldGiveEachMnemonicOnce()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, isGerman);
+        const German german(isGerman);
+        QStringList faults;
+        QVERIFY(WindowGallery().visit(
+            name, [&](QWidget &window) { faults = WindowAudit::mnemonicFaults(window); }));
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char(0x0a))));
+    }
+
+    void shouldNameEveryControl_data() { addWindows(); }
+    void shouldNameEveryControl()
+    {
+        QFETCH(QString, name);
+        QStringList faults;
+        QVERIFY(WindowGallery().visit(
+            name, [&](QWidget &window) { faults = WindowAudit::namelessControls(window); }));
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char(0x0a))));
+    }
+
+    void shouldFollowTheReadingOrderWithTheTabKey_data() { addWindows(); }
+    void shouldFollowTheReadingOrderWithTheTabKey()
+    {
+        QFETCH(QString, name);
+        QStringList faults;
+        QVERIFY(WindowGallery().visit(
+            name, [&](QWidget &window) { faults = WindowAudit::tabOrderFaults(window); }));
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char(0x0a))));
+    }
+
+    void shouldBeReadableOnLightAndDark_data() { addWindows(); }
+    void shouldBeReadableOnLightAndDark()
+    {
+        QFETCH(QString, name);
+        const QPalette light = QApplication::palette();
+        QStringList faults;
+        for (const QPalette &palette : {light, darkPalette()}) {
+            QApplication::setPalette(palette);
+            QVERIFY(WindowGallery().visit(name, [&](QWidget &window) {
+                faults << WindowAudit::faintTexts(window);
+                if (palette != light)
+                    keepPicture(window, name + QStringLiteral("-dark-") + scaleName());
+            }));
+        }
+        QApplication::setPalette(light);
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char(0x0a))));
+    }
+
+    void shouldSpeakTheNewLanguageAtOnce_data() { addWindows(); }
+    void shouldSpeakTheNewLanguageAtOnce()
+    {
+        QFETCH(QString, name);
+        QStringList built;
+        {
+            const German german;
+            QVERIFY(
+                WindowGallery().visit(name, [&](QWidget &window) { built = WindowAudit::texts(window); }));
+        }
+        QStringList english;
+        QStringList changed;
+        QStringList back;
+        QVERIFY(WindowGallery().visit(name, [&](QWidget &window) {
+            english = WindowAudit::texts(window);
+            {
+                const German german;
+                QCoreApplication::sendPostedEvents();
+                QCoreApplication::sendPostedEvents();
+                changed = WindowAudit::texts(window);
+            }
+            QCoreApplication::sendPostedEvents();
+            QCoreApplication::sendPostedEvents();
+            back = WindowAudit::texts(window);
+        }));
+        QVERIFY(built != english);
+        QCOMPARE(difference(changed, built), QStringList());
+        QCOMPARE(difference(back, english), QStringList());
+    }
+};
+
+ROOM_TEST_CLASS(WindowsTest)
+
+#include "WindowsTest.moc"
