@@ -1,0 +1,141 @@
+#include "FaultTable.h"
+#include "RequiredReports.h"
+
+#include "TestRegistry.h"
+
+#include <QFile>
+#include <QtTest>
+
+namespace
+{
+
+constexpr std::size_t commaStride = 7;
+
+/// Answers that no controller gives, one after another.
+QString garbage(std::size_t index)
+{
+    static const QStringList texts = {QString(), QStringLiteral("no "), QStringLiteral("velmar2 OK"),
+                                      QStringLiteral("1,5 x nan inf 1e999"),
+                                      QStringLiteral("yes\"\"%s%n c99")};
+    return texts.at(static_cast<int>(index % static_cast<std::size_t>(texts.size())));
+}
+
+QString failure(std::size_t index)
+{
+    return QStringLiteral("sim fault fail %1 \"\"").arg(index + 1);
+}
+
+QString nonsense(std::size_t index)
+{
+    const QString text = garbage(index);
+    const QString line = QStringLiteral("sim fault answer %1 \"\" =").arg(index + 1);
+    return text.isEmpty() ? line : line + QStringLiteral(" \"") + text + QLatin1Char('"');
+}
+
+QString place(const SweptRun &baseline, std::size_t index)
+{
+    return QStringLiteral("call %1 (%2): %3")
+        .arg(index + 1)
+        .arg(baseline.calls[index].stage, QString::fromStdString(baseline.calls[index].call.text));
+}
+
+/// What of a run is not as it must be; empty when nothing is.
+QStringList complaints(const SweptRun &baseline, std::size_t index, const SweptRun &run,
+                       const std::optional<QString> &required)
+{
+    QStringList found;
+    if (!required)
+        return {QStringLiteral("nobody has said what must be reported")};
+    if (index >= run.calls.size())
+        return {QStringLiteral("the call was not reached")};
+    for (std::size_t i = 0; i < index; ++i) {
+        if (run.calls[i].call.text != baseline.calls[i].call.text)
+            found << QStringLiteral("another way already at call %1").arg(i + 1);
+    }
+    QStringList reports = run.calls[index].reports;
+    for (const QString &report : baseline.calls[index].reports)
+        reports.removeOne(report);
+    const QStringList wanted = required->isEmpty() ? QStringList() : QStringList{*required};
+    if (reports != wanted)
+        found << QStringLiteral("reported: ") + reports.join(QStringLiteral("; "));
+    if (!run.stuck.isEmpty())
+        found << QStringLiteral("did not close: ") + run.stuck.join(QStringLiteral("; "));
+    if (!run.lost.isEmpty())
+        found << QStringLiteral("lost: ") + run.lost.join(QStringLiteral("; "));
+    if (run.subscriptions != 0)
+        found << QStringLiteral("subscriptions were left");
+    if (run.stateAfter.value(QStringLiteral("activity")) == QLatin1String("cal"))
+        found << QStringLiteral("a calibration was left running");
+    if (!run.opensAgain)
+        found << QStringLiteral("cannot be adjusted at the next opening");
+    return found;
+}
+
+std::size_t stride()
+{
+    return qEnvironmentVariableIsSet("ROOM_EXPECT_DECIMAL_COMMA") ? commaStride : SWEEP_STRIDE;
+}
+
+} // namespace
+
+class FaultSweepTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldSurviveEveryFailingCall_data()
+    {
+        QTest::addColumn<int>("journey");
+        for (std::size_t i = 0; i < journeys().size(); ++i)
+            QTest::newRow(journeys()[i].name) << static_cast<int>(i);
+    }
+
+    void shouldSurviveEveryFailingCall()
+    {
+        // GIVEN
+        QFETCH(int, journey);
+        const Journey &way = journeys()[static_cast<std::size_t>(journey)];
+        const SweptRun baseline = SweptRun::go(way, QString());
+        QVERIFY(baseline.calls.size() > 20);
+        QCOMPARE(baseline.stuck + baseline.lost, QStringList());
+        QVERIFY(baseline.opensAgain);
+        QStringList found;
+        int runs = 0;
+        for (std::size_t k = 0; k < baseline.calls.size(); k += stride()) {
+            // WHEN
+            const SweptRun failed = SweptRun::go(way, failure(k));
+            const SweptRun fooled = SweptRun::go(way, nonsense(k));
+            // THEN
+            for (const QString &text :
+                 complaints(baseline, k, failed, RequiredReports::onFailure(baseline.calls, k)))
+                found << place(baseline, k) + QStringLiteral(" fails: ") + text;
+            for (const QString &text :
+                 complaints(baseline, k, fooled, RequiredReports::onGarbage(baseline.calls, k)))
+                found << place(baseline, k) + QStringLiteral(" answers nonsense: ") + text;
+            m_table.add(baseline, k, failed);
+            runs += 2;
+        }
+        qInfo("%d calls, every %d. of them: %d runs", static_cast<int>(baseline.calls.size()),
+              static_cast<int>(stride()), runs);
+        QVERIFY2(found.isEmpty(), qPrintable(QLatin1Char('\n') + found.join(QLatin1Char('\n'))));
+    }
+
+    void shouldLeaveWhatTheDocumentsSay()
+    {
+        if (stride() != 1)
+            QSKIP("the table needs every call");
+        QFile output(QStringLiteral(FAULT_TABLE_OUTPUT));
+        QVERIFY(output.open(QIODevice::WriteOnly));
+        output.write(m_table.asMarkdown().toUtf8());
+        output.close();
+        QVERIFY2(m_table.asMarkdown() == FaultTable::inDocument(QStringLiteral(FAULT_TABLE_DOCUMENT)),
+                 "the document holds another table than " FAULT_TABLE_OUTPUT);
+    }
+
+private:
+    FaultTable m_table;
+};
+
+ROOM_TEST_CLASS(FaultSweepTest)
+
+#include "FaultSweepTest.moc"
