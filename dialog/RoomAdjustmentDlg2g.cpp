@@ -235,11 +235,10 @@ bool RoomAdjustmentDlg2g::hasTwoCamerasWithRoom(int cameras) const
 
 bool RoomAdjustmentDlg2g::everyCameraHasRoom(int cameras) const
 {
-    for (int camera = 1; camera <= cameras; ++camera) {
-        if (m_controller.roomOfCamera(camera) == CameraRoom::None)
-            return false;
-    }
-    return true;
+    bool every = true;
+    for (int camera = 1; camera <= cameras; ++camera)
+        every = m_controller.roomOfCamera(camera) != CameraRoom::None && every;
+    return every;
 }
 
 void RoomAdjustmentDlg2g::fillCameraTable()

@@ -185,7 +185,7 @@ void RoomAdjustmentDlg2gTest::shouldTakeNoRoomAnswerForNone()
 
     f.open([&] {
         QVERIFY(!f.child<QTabWidget>("tabWidget")->isEnabled());
-        QCOMPARE(f.host.callsOf({"read"}).last(), QString("read tracking room c02"));
+        QCOMPARE(f.host.callsOf({"read"}).last(), QString("read tracking room c04"));
     });
 }
 
