@@ -80,9 +80,14 @@ struct Census {
 
     bool isNear(const Census &before, std::size_t turns) const
     {
-        return widgets == before.widgets && timers <= before.timers && files <= before.files &&
-               heap < before.heap + turns * heapBytesPerTurn &&
+        const bool counts = widgets == before.widgets && timers <= before.timers && files <= before.files;
+#ifdef __SANITIZE_ADDRESS__ // which holds back what is freed, and finds what is not
+        Q_UNUSED(turns)
+        return counts;
+#else
+        return counts && heap < before.heap + turns * heapBytesPerTurn &&
                resident < before.resident + turns * residentBytesPerTurn + residentSlack;
+#endif
     }
 
     int timers = 0;

@@ -363,7 +363,8 @@ void MatchingListsTest::shouldKeepLoadedPrecisionUntilTheListIsEdited()
         for (const MatchingPoint &point : {MatchingPoint{0, 0, 0}, {1000, 0, 0}, {0, 1000, 0}})
             opened.measure(point);
         double shift = 0.0;
-        connect(&opened.dialog(), &AbcMatchingDialog::applyTrafoRequest,
+        const QObject receiver;
+        connect(&opened.dialog(), &AbcMatchingDialog::applyTrafoRequest, &receiver,
                 [&shift](const bsMatrix &matrix) { shift = matrix.at(0, 3); });
         FileChoice choice;
         choice.name = path("points.txt");
@@ -374,7 +375,8 @@ void MatchingListsTest::shouldKeepLoadedPrecisionUntilTheListIsEdited()
     });
     opened.run([&] {
         double shift = 1.0;
-        connect(&opened.dialog(), &AbcMatchingDialog::applyTrafoRequest,
+        const QObject receiver;
+        connect(&opened.dialog(), &AbcMatchingDialog::applyTrafoRequest, &receiver,
                 [&shift](const bsMatrix &matrix) { shift = matrix.at(0, 3); });
         opened.find<QTableWidget>(referenceTable)->item(0, 2)->setText(QStringLiteral("0"));
         opened.dialog().apply();
