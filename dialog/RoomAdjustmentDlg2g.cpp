@@ -86,7 +86,7 @@ void RoomAdjustmentDlg2g::setTabTexts()
 // "&Apply" would make Alt+A ambiguous, which belongs to the angle tool. In another language it may be free.
 void RoomAdjustmentDlg2g::dropApplyShortcut()
 {
-    if (m_ui->btn_apply->shortcut() == QKeySequence(Qt::ALT | Qt::Key_A))
+    if (m_ui->btn_apply->shortcut() == QKeySequence(int(Qt::ALT) | int(Qt::Key_A)))
         m_ui->btn_apply->setShortcut(QKeySequence());
 }
 
