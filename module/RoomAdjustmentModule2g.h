@@ -19,6 +19,7 @@ class RoomAdjustmentModule2g : public QObject, public ModuleInterface
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "org.velmar.Velmar2.RoomAdjustmentModule")
     Q_INTERFACES(ModuleInterface)
+    // clazy:excludeall=qproperty-without-notify -- set once, when the action is built
     /// Where the host puts the action: title of the menu, two ordering values and a flag.
     Q_PROPERTY(QString menuTitle READ menuTitle)
     Q_PROPERTY(int menuOrderA READ menuOrderA)

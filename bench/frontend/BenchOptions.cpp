@@ -134,14 +134,16 @@ private:
 
     void addLine(const char *name, const QString &line)
     {
-        for (const QString &given : m_parser.values(QLatin1String(name)))
+        const auto values = m_parser.values(QLatin1String(name));
+        for (const QString &given : values)
             m_options.startLines << line.arg(given.simplified());
     }
 
     /// The lines may begin with the lead or leave it out.
     void addControlLines(const char *name, const QString &lead)
     {
-        for (const QString &given : m_parser.values(QLatin1String(name)))
+        const auto values = m_parser.values(QLatin1String(name));
+        for (const QString &given : values)
             m_options.startLines << (given.startsWith(lead) ? given : lead + given);
     }
 

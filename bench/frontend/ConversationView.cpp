@@ -86,7 +86,8 @@ void ConversationView::on_filterEdit_textChanged(const QString &text)
 void ConversationView::on_copyButton_clicked()
 {
     QList<int> rows;
-    for (const QModelIndex &index : m_ui->callView->selectionModel()->selectedRows())
+    const auto chosen = m_ui->callView->selectionModel()->selectedRows();
+    for (const QModelIndex &index : chosen)
         rows << index.row();
     std::sort(rows.begin(), rows.end());
     QGuiApplication::clipboard()->setText(rows.isEmpty() ? m_filter.asText() : m_filter.asText(rows));

@@ -9,7 +9,8 @@ LanguageMenu::LanguageMenu(const QString &title, BenchLanguage &language, QWidge
     , m_language(language)
     , m_group(new QActionGroup(this))
 {
-    for (const QString &code : m_language.codes()) {
+    const auto codes = m_language.codes();
+    for (const QString &code : codes) {
         QAction *action = m_group->addAction(QLatin1Char('&') + BenchLanguage::nameOf(code));
         action->setData(code);
         action->setCheckable(true);
@@ -22,7 +23,8 @@ LanguageMenu::LanguageMenu(const QString &title, BenchLanguage &language, QWidge
 
 void LanguageMenu::showCurrent()
 {
-    for (QAction *action : m_group->actions())
+    const auto choices = m_group->actions();
+    for (QAction *action : choices)
         action->setChecked(action->data().toString() == m_language.current());
 }
 

@@ -110,7 +110,8 @@ QStringList ModuleLibrary::candidates(const QString &executableFolder)
 
 QString ModuleLibrary::find(const QString &executableFolder)
 {
-    for (const QString &file : candidates(executableFolder)) {
+    const auto files = candidates(executableFolder);
+    for (const QString &file : files) {
         if (QFileInfo(file).isFile())
             return file;
     }

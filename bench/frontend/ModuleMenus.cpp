@@ -63,7 +63,8 @@ QMenu *ModuleMenus::menu(const QString &title)
 
 QAction *ModuleMenus::firstAbove(const QMenu *menu, const ModulePlace &place)
 {
-    for (QAction *action : menu->actions()) {
+    const auto entries = menu->actions();
+    for (QAction *action : entries) {
         if (std::pair(action->property(orderA).toInt(), action->property(orderB).toInt()) >
             std::pair(place.orderA, place.orderB))
             return action;

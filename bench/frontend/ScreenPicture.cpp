@@ -13,7 +13,8 @@ constexpr int margin = 12;
 QRect usedPart(const QScreen &screen)
 {
     QRect used;
-    for (const QWidget *widget : QApplication::topLevelWidgets()) {
+    const auto windows = QApplication::topLevelWidgets();
+    for (const QWidget *widget : windows) {
         if (widget->isVisible())
             used |= widget->frameGeometry();
     }

@@ -11,7 +11,8 @@ namespace WidgetEvents
 
 QWidget *find(const QWidget *window, const QString &name)
 {
-    for (QWidget *child : window->findChildren<QWidget *>(name)) {
+    const auto children = window->findChildren<QWidget *>(name);
+    for (QWidget *child : children) {
         if (child->isVisible())
             return child;
     }

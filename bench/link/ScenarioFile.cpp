@@ -19,7 +19,8 @@ QString find(const QString &wanted, const QString &executableFolder)
 {
     if (QFileInfo::exists(wanted) || wanted.contains(QLatin1Char('/')))
         return wanted;
-    for (const QString &folder : folders(executableFolder)) {
+    const auto places = folders(executableFolder);
+    for (const QString &folder : places) {
         const QString file = folder + QLatin1Char('/') + wanted + QLatin1String(".json");
         if (QFileInfo(file).isFile())
             return file;
