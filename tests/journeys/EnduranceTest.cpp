@@ -22,8 +22,8 @@ constexpr std::size_t heapBytesPerTurn = 128;
 constexpr std::size_t residentBytesPerTurn = 2048;
 constexpr std::size_t residentSlack = 8 * 1024 * 1024;
 
-// The graphics driver and the fonts keep the buffers of a few closed windows, now more of them and now fewer;
-// that does not add up with the turns.
+// What the libraries below keep varies from run to run by a tenth of this, and does not add up with the
+// turns.
 constexpr std::size_t heapSlack = 1024 * 1024;
 
 // A cache of the toolkit that tidies itself up every half minute may be met at it.
