@@ -1,5 +1,6 @@
 #include "RoomEdits.h"
 
+#include "AngleUnits.h"
 #include "bsMatrix.h"
 
 #include <algorithm>
@@ -9,7 +10,7 @@ namespace
 {
 
 constexpr double comparedFactor = 100000.0;
-constexpr double degreesPerRadian = 57.29577951308232;
+using AngleUnits::degreesPerRadian;
 /// Below this cosine of theta the noise of a product of rotations outweighs what eta and phi can be read
 /// from.
 constexpr double gimbalCosine = 1e-8;

@@ -1,5 +1,6 @@
 #include "RoomAngles.h"
 
+#include "AngleUnits.h"
 #include "bsMatrix.h"
 
 #include <algorithm>
@@ -8,7 +9,7 @@
 namespace
 {
 
-constexpr double degreesPerRadian = 57.29577951308232;
+using AngleUnits::degreesPerRadian;
 
 /// The whole number -1, 0 or 1 that the value is near to, or the value itself.
 double snapped(double value)

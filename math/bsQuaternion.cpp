@@ -1,11 +1,13 @@
 #include "bsQuaternion.h"
 
+#include "AngleUnits.h"
+
 #include <cmath>
 
 namespace
 {
 
-constexpr double radiansPerDegree = 0.017453292519943295;
+using AngleUnits::radiansPerDegree;
 constexpr double shortestLength = 1e-7;
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "ViewDistance.h"
 
+#include "AngleUnits.h"
 #include "abcRoom.h"
 
 #include <algorithm>
@@ -10,7 +11,7 @@ namespace
 
 constexpr double shortestDistance = 900.0;
 constexpr double margin = 1.1;
-constexpr double radiansPerDegree = 0.017453292519943295;
+using AngleUnits::radiansPerDegree;
 
 double sceneRadius(const abcRoom &room, const ViewExtraPoint &extra)
 {
