@@ -1,5 +1,7 @@
 #include "SearchProgress.h"
 
+#include "MatchingReport.h"
+
 #include <QProgressDialog>
 
 #include <chrono>
@@ -58,6 +60,6 @@ void SearchProgress::showTexts()
     if (m_display.isNull())
         return;
     m_display->setWindowTitle(m_window->windowTitle());
-    m_display->setLabelText(tr("Searching for the best order of the measured points ..."));
+    m_display->setLabelText(MatchingReport::searching());
     m_display->setCancelButtonText(tr("Cancel"));
 }

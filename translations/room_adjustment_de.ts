@@ -1123,10 +1123,6 @@ Umschalt + linke Maustaste</translation>
 <context>
     <name>SearchProgress</name>
     <message>
-        <source>Searching for the best order of the measured points ...</source>
-        <translation>Die beste Reihenfolge der gemessenen Punkte wird gesucht ...</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
