@@ -53,13 +53,6 @@ int take(const std::optional<Value> &value, Target *target)
 
 } // namespace
 
-// The values of a variadic operation, filled into its format, as the constant `name`.
-#define BENCH_FORMATTED(name, format)                                                                        \
-    va_list values##name;                                                                                    \
-    va_start(values##name, format);                                                                          \
-    const std::string name = formattedText(format, values##name);                                            \
-    va_end(values##name)
-
 BenchIOManager::BenchIOManager(ControllerLink &link, QObject *parent)
     : QObject(parent)
     , m_link(link)
@@ -78,7 +71,7 @@ BenchIOManager::~BenchIOManager() = default;
 
 int BenchIOManager::sendCommand(char *answer, const char *format, ...)
 {
-    BENCH_FORMATTED(line, format);
+    FORMATTED_TEXT(line, format);
     const Outcome outcome = exchange(line, line);
     fill(answer, outcome.text);
     return finish("sendCommand", line, outcome);
@@ -86,7 +79,7 @@ int BenchIOManager::sendCommand(char *answer, const char *format, ...)
 
 int BenchIOManager::getParameter(char *value, const char *format, ...)
 {
-    BENCH_FORMATTED(name, format);
+    FORMATTED_TEXT(name, format);
     const Outcome outcome = read(name);
     fill(value, outcome.text);
     return finish("getParameter", name, outcome);
@@ -94,7 +87,7 @@ int BenchIOManager::getParameter(char *value, const char *format, ...)
 
 int BenchIOManager::getParameterInt(int *value, const char *format, ...)
 {
-    BENCH_FORMATTED(name, format);
+    FORMATTED_TEXT(name, format);
     Outcome outcome = read(name);
     if (outcome.result == success)
         outcome.result = take(SimText::integer(outcome.text), value);
@@ -103,7 +96,7 @@ int BenchIOManager::getParameterInt(int *value, const char *format, ...)
 
 int BenchIOManager::getParameterDouble(double *value, const char *format, ...)
 {
-    BENCH_FORMATTED(name, format);
+    FORMATTED_TEXT(name, format);
     Outcome outcome = read(name);
     if (outcome.result == success)
         outcome.result = take(SimText::real(outcome.text), value);
@@ -112,7 +105,7 @@ int BenchIOManager::getParameterDouble(double *value, const char *format, ...)
 
 int BenchIOManager::getParameterBool(bool *value, const char *format, ...)
 {
-    BENCH_FORMATTED(name, format);
+    FORMATTED_TEXT(name, format);
     Outcome outcome = read(name);
     if (outcome.result == success)
         outcome.result = take(ParameterValue::truth(outcome.text), value);
@@ -121,7 +114,7 @@ int BenchIOManager::getParameterBool(bool *value, const char *format, ...)
 
 int BenchIOManager::getParameterDoubles(double *values, int count, const char *format, ...)
 {
-    BENCH_FORMATTED(name, format);
+    FORMATTED_TEXT(name, format);
     Outcome outcome = read(name);
     if (outcome.result == success) {
         const auto numbers = ParameterValue::reals(outcome.text, count);
@@ -135,7 +128,7 @@ int BenchIOManager::getParameterDoubles(double *values, int count, const char *f
 
 int BenchIOManager::setParameter(const char *format, ...)
 {
-    BENCH_FORMATTED(text, format);
+    FORMATTED_TEXT(text, format);
     Outcome outcome = exchange(setLead + text, text);
     if (outcome.result == success && outcome.text != ok && !outcome.isForced)
         outcome.result = failure;

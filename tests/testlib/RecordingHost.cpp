@@ -1,29 +1,13 @@
 #include "RecordingHost.h"
 
+#include "FormattedText.h"
 #include "Requester.h"
 
 #include <algorithm>
-#include <array>
-#include <clocale>
-#include <cstdio>
 #include <cstring>
-#include <locale.h>
 
 namespace
 {
-
-constexpr std::size_t bufferSize = 4096;
-
-/// Formats as a host must: with the point, whatever the locale.
-QString formatted(const char *format, va_list values)
-{
-    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-    const locale_t before = uselocale(plain);
-    std::array<char, bufferSize> buffer{};
-    std::vsnprintf(buffer.data(), buffer.size(), format, values);
-    uselocale(before);
-    return QString::fromLatin1(buffer.data());
-}
 
 QString parameterName(const QString &text)
 {
@@ -135,16 +119,22 @@ bool RecordingHost::mustFail(const QString &text) const
                        [&](const QString &beginning) { return text.startsWith(beginning); });
 }
 
-int RecordingHost::begin(const QString &operation, const char *format, va_list values, QString *text)
+int RecordingHost::begin(const QString &operation, const char *format, const QString &text)
 {
-    *text = formatted(format, values);
-    m_calls.append(operation + QLatin1Char(' ') + *text);
+    m_calls.append(operation + QLatin1Char(' ') + text);
     m_formats.append(QString::fromLatin1(format));
     ++m_count;
-    const bool fails = mustFail(*text);
+    const bool fails = mustFail(text);
     if (m_hook)
-        m_hook(operation + QLatin1Char(' ') + *text);
+        m_hook(operation + QLatin1Char(' ') + text);
     return fails ? m_failureCode : 0;
+}
+
+std::optional<QByteArray> RecordingHost::read(const char *format, const std::string &formatted, int *result)
+{
+    const QString text = QString::fromLatin1(formatted.c_str());
+    *result = begin(QStringLiteral("read"), format, text);
+    return *result != 0 ? std::nullopt : std::make_optional(takeAnswer(text));
 }
 
 QByteArray RecordingHost::takeAnswer(const QString &text)
@@ -159,11 +149,9 @@ QByteArray RecordingHost::takeAnswer(const QString &text)
 
 int RecordingHost::sendCommand(char *answer, const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("command"), format, values, &text);
-    va_end(values);
+    FORMATTED_TEXT(formatted, format);
+    const QString text = QString::fromLatin1(formatted.c_str());
+    const int result = begin(QStringLiteral("command"), format, text);
     if (result != 0) {
         std::strcpy(answer, "velmar2 err 1 \"refused\"");
         return result;
@@ -179,68 +167,55 @@ int RecordingHost::sendCommand(char *answer, const char *format, ...)
 
 int RecordingHost::getParameter(char *value, const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("read"), format, values, &text);
-    va_end(values);
-    std::strcpy(value, result != 0 ? "velmar2 err 2 \"unknown parameter\"" : takeAnswer(text).constData());
+    FORMATTED_TEXT(name, format);
+    int result = 0;
+    std::strcpy(value,
+                read(format, name, &result).value_or("velmar2 err 2 \"unknown parameter\"").constData());
     return result;
 }
 
 int RecordingHost::getParameterInt(int *value, const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("read"), format, values, &text);
-    va_end(values);
-    *value = result != 0 ? -7777 : takeAnswer(text).toInt();
+    FORMATTED_TEXT(name, format);
+    int result = 0;
+    const std::optional<QByteArray> answer = read(format, name, &result);
+    *value = answer ? answer->toInt() : -7777;
     return result;
 }
 
 int RecordingHost::getParameterDouble(double *value, const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("read"), format, values, &text);
-    va_end(values);
-    *value = result != 0 ? -7777.0 : takeAnswer(text).toDouble();
+    FORMATTED_TEXT(name, format);
+    int result = 0;
+    const std::optional<QByteArray> answer = read(format, name, &result);
+    *value = answer ? answer->toDouble() : -7777.0;
     return result;
 }
 
 int RecordingHost::getParameterBool(bool *value, const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("read"), format, values, &text);
-    va_end(values);
-    *value = result != 0 || takeAnswer(text) == "yes";
+    FORMATTED_TEXT(name, format);
+    int result = 0;
+    *value = read(format, name, &result).value_or("yes") == "yes";
     return result;
 }
 
 int RecordingHost::getParameterDoubles(double *numbers, int count, const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("read"), format, values, &text);
-    va_end(values);
-    const QList<QByteArray> words = result != 0 ? QList<QByteArray>() : takeAnswer(text).split(' ');
+    FORMATTED_TEXT(name, format);
+    int result = 0;
+    const std::optional<QByteArray> answer = read(format, name, &result);
+    const QList<QByteArray> words = answer.value_or(QByteArray()).split(' ');
     for (int i = 0; i < count; ++i)
-        numbers[i] = result != 0 ? -7777.0 : words.value(i).toDouble();
+        numbers[i] = answer ? words.value(i).toDouble() : -7777.0;
     return result;
 }
 
 int RecordingHost::setParameter(const char *format, ...)
 {
-    va_list values;
-    va_start(values, format);
-    QString text;
-    const int result = begin(QStringLiteral("write"), format, values, &text);
-    va_end(values);
+    FORMATTED_TEXT(formatted, format);
+    const QString text = QString::fromLatin1(formatted.c_str());
+    const int result = begin(QStringLiteral("write"), format, text);
     if (result == 0)
         setAnswer(parameterName(text), text.section(QLatin1Char(' '), 2).toLatin1());
     return result;

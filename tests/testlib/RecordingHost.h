@@ -9,8 +9,9 @@
 #include <QString>
 #include <QStringList>
 
-#include <cstdarg>
 #include <functional>
+#include <optional>
+#include <string>
 
 /// A host whose answers are scripted and that writes down every call.
 ///
@@ -84,7 +85,9 @@ public:
     void reportError(const char *category, const char *backend, int level, const char *message) override;
 
 private:
-    int begin(const QString &operation, const char *format, va_list values, QString *text);
+    int begin(const QString &operation, const char *format, const QString &text);
+    /// The answer of a read; nothing when it fails.
+    std::optional<QByteArray> read(const char *format, const std::string &formatted, int *result);
     QByteArray takeAnswer(const QString &text);
     bool mustFail(const QString &text) const;
 
