@@ -1,19 +1,14 @@
 #include "NumberText.h"
 
+#include "Requirement.h"
+
 #include <QString>
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
 namespace
 {
-
-void require(bool condition)
-{
-    if (!condition)
-        std::abort();
-}
 
 int digitsFrom(const QString &text, int position)
 {

@@ -1,21 +1,16 @@
 #include "VelmarParser.h"
 
+#include "Requirement.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
 
 namespace
 {
-
-void require(bool holds)
-{
-    if (!holds)
-        std::abort();
-}
 
 int longestList(const VelmarParser &parser)
 {
