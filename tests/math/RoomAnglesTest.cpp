@@ -109,6 +109,17 @@ private slots:
         QCOMPARE(values[0], 1.0 + 1e-9);
     }
 
+    void shouldSnapNothingButTheRotation()
+    {
+        bsMatrix m = matrix(rotation(0.0, 0.0, 90.0), {1e-9, 2.0, 3.0});
+        for (int column = 0; column < 3; ++column)
+            m.at(3, column) = 4.0 + column;
+        snapAxisAligned(m);
+        QVERIFY(m.column(3) == bsVector(1e-9, 2.0, 3.0));
+        for (int column = 0; column < 3; ++column)
+            QCOMPARE(m.at(3, column), 4.0 + column);
+    }
+
     void shouldReadBackTheAngles()
     {
         for (double eta = -175.0; eta < 180.0; eta += 35.5) {
@@ -167,6 +178,9 @@ private slots:
         Rows open = almost;
         open[0] = 1e-300;
         QVERIFY(isNear(anglesFromRotation(open), -90.0, 90.0, 0.0));
+        Rows lockedByTheLastColumn = open;
+        lockedByTheLastColumn[5] = 0.0;
+        QVERIFY(isNear(anglesFromRotation(lockedByTheLastColumn), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
     }
 
     void shouldNotLoseThetaWhenItsSineExceedsOne()

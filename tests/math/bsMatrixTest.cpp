@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <map>
 #include <random>
 
 using namespace MathSamples;
@@ -228,6 +229,43 @@ private slots:
         QVERIFY(slanted == bsQuaternion(2.0 * 0.5 / std::sqrt(2.0), 0.25 / (0.5 / std::sqrt(2.0)), 0.0, 0.0));
     }
 
+    void shouldChooseTheBranchByTheDiagonal_data()
+    {
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<double>("z");
+        QTest::addColumn<char>("branch");
+        QTest::newRow("trace above minus one") << -0.4 << -0.3 << -0.2 << 'w';
+        QTest::newRow("trace of minus one") << -1.0 << 0.0 << 0.0 << 'z';
+        QTest::newRow("x largest") << 0.5 << -1.0 << -1.0 << 'x';
+        QTest::newRow("y largest") << -1.0 << 0.5 << -1.0 << 'y';
+        QTest::newRow("z largest") << -1.0 << -1.0 << 0.5 << 'z';
+        QTest::newRow("x above y only") << -0.5 << -1.0 << -0.25 << 'z';
+        QTest::newRow("x above z only") << -0.5 << -0.25 << -1.0 << 'y';
+        QTest::newRow("x and y equal") << -0.25 << -0.25 << -1.0 << 'y';
+        QTest::newRow("x and z equal") << -0.25 << -1.0 << -0.25 << 'z';
+        QTest::newRow("y and z equal") << -1.0 << -0.25 << -0.25 << 'z';
+    }
+    void shouldChooseTheBranchByTheDiagonal()
+    {
+        QFETCH(double, x);
+        QFETCH(double, y);
+        QFETCH(double, z);
+        QFETCH(char, branch);
+        Eigen::Matrix3d m;
+        m << x, 1.0, 10.0, 2.0, y, 100.0, 20.0, 200.0, z;
+        const std::map<char, Eigen::Vector4d> fourfold = {
+            {'w', {100.0, -10.0, 1.0, 1.0 + x + y + z}},
+            {'x', {1.0 + x - y - z, 3.0, 30.0, 100.0}},
+            {'y', {3.0, 1.0 - x + y - z, 300.0, -10.0}},
+            {'z', {30.0, 300.0, 1.0 - x - y + z, 1.0}},
+        };
+        const int place = QByteArray("xyzw").indexOf(branch);
+        const Eigen::Vector4d expected = fourfold.at(branch) * 0.5 / std::sqrt(fourfold.at(branch)(place));
+        const bsQuaternion q = matrix(m).toQuaternion();
+        QVERIFY((Eigen::Vector4d(q.x, q.y, q.z, q.w) - expected).cwiseAbs().maxCoeff() < 1e-10);
+    }
+
     void shouldTakeTheLaterBranchForEqualDiagonals()
     {
         Eigen::Matrix3d cycle = -Eigen::Matrix3d::Identity() / 3.0;
@@ -285,6 +323,42 @@ private slots:
             }
         }
         QCOMPARE(count, 64);
+    }
+
+    void shouldKeepThePlainQuaternionWhereItLeadsBack()
+    {
+        for (double degrees = 5.0; degrees < 178.0; degrees += 11.5) {
+            bsMatrix m = matrix(turn(degrees, {-3.0, 1.0, -2.0}).toRotationMatrix(), {100.0, -200.0, 300.0});
+            QVERIFY(m.toOrientation() == m.toQuaternion());
+            m.at(3, 0) = m.at(3, 1) = m.at(3, 2) = 0.5;
+            QVERIFY(m.toOrientation() == m.toQuaternion());
+        }
+    }
+
+    void shouldGiveTheNearestOrientationForABlurredRotation_data()
+    {
+        QTest::addColumn<double>("degrees");
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<double>("z");
+        QTest::newRow("small turn") << 20.0 << 1.0 << -2.0 << 3.0;
+        QTest::newRow("large, mostly about x") << 170.0 << 5.0 << -2.0 << 1.0;
+        QTest::newRow("large, mostly about y") << 170.0 << -1.0 << 5.0 << 2.0;
+        QTest::newRow("large, mostly about z") << 170.0 << 2.0 << 1.0 << -5.0;
+    }
+    void shouldGiveTheNearestOrientationForABlurredRotation()
+    {
+        QFETCH(double, degrees);
+        QFETCH(double, x);
+        QFETCH(double, y);
+        QFETCH(double, z);
+        const Eigen::Matrix3d r = turn(degrees, {x, y, z}).toRotationMatrix();
+        Eigen::Matrix3d blurred = r;
+        for (int i = 0; i < 9; ++i)
+            blurred(i / 3, i % 3) += (i % 2 == 0 ? 1e-4 : -1e-4) * (1.0 + 0.1 * i);
+        const bsQuaternion q = matrix(blurred).toOrientation();
+        QVERIFY(std::abs(Eigen::Vector4d(q.x, q.y, q.z, q.w).norm() - 1.0) < 1e-12);
+        QVERIFY(distance(bsMatrix::fromQuaternion(q), r) < 1e-3);
     }
 
     void shouldGiveAUnitOrientationForAMatrixThatIsNoRotation()

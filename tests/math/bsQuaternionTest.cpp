@@ -97,11 +97,30 @@ private slots:
         QVERIFY(q == bsQuaternion());
     }
 
+    void shouldNormalizeFromTheShortestLengthOn()
+    {
+        bsQuaternion q(0.0, -1e-7, 0.0, 0.0);
+        q.normalize();
+        QVERIFY(distance(q, {0.0, 0.0, -1.0, 0.0}) < 1e-15);
+    }
+
     void shouldNormalizeToLengthOne()
     {
         bsQuaternion q(1.0, -1.0, 1.0, -1.0);
         q.normalize();
         QVERIFY(q == bsQuaternion(0.5, -0.5, 0.5, -0.5));
+    }
+
+    void shouldCompareEveryComponent()
+    {
+        const bsQuaternion q(1.0, 2.0, 3.0, 4.0);
+        QVERIFY(!(q != bsQuaternion(1.0, 2.0, 3.0, 4.0)));
+        for (double bsQuaternion::*component :
+             {&bsQuaternion::x, &bsQuaternion::y, &bsQuaternion::z, &bsQuaternion::w}) {
+            bsQuaternion other = q;
+            other.*component += 1e-12;
+            QVERIFY(other != q);
+        }
     }
 
     void shouldTellWhetherEveryComponentIsFinite()

@@ -54,11 +54,25 @@ private slots:
         QVERIFY(v == bsVector(0.9e-7, 0.0, 0.0));
     }
 
-    void shouldNormalizeJustAboveTheShortestLength()
+    void shouldNormalizeFromTheShortestLengthOn()
     {
+        bsVector limit(0.0, 0.0, -1e-7);
+        limit.normalize();
+        QVERIFY(limit == bsVector(0.0, 0.0, -1.0));
         bsVector v(0.0, 1.1e-7, 0.0);
         v.normalize();
         QVERIFY(v == bsVector(0.0, 1.0, 0.0));
+    }
+
+    void shouldCompareEveryComponent()
+    {
+        const bsVector v(1.0, 2.0, 3.0);
+        QVERIFY(!(v != bsVector(1.0, 2.0, 3.0)));
+        for (double bsVector::*component : {&bsVector::x, &bsVector::y, &bsVector::z}) {
+            bsVector other = v;
+            other.*component += 1e-12;
+            QVERIFY(other != v);
+        }
     }
 
     void shouldTellWhetherEveryComponentIsFinite()
