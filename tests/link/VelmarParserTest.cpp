@@ -54,11 +54,13 @@ private slots:
     void shouldKeepTheBodiesReadBeforeTheDamage();
     void shouldReadCalibratedCountsAndSizeTheLists();
     void shouldClampTheSizesOfTheLists();
+    void shouldEmptyTheListsForNothingCalibrated();
     void shouldKeepTheListsAtAReset();
     void shouldReadToolsOfTheFirstFormat();
     void shouldReadToolsOfTheSecondFormat();
     void shouldLetTheLastToolLineWin();
     void shouldSetTheToolCountToZeroForTheSecondFormat();
+    void shouldClearTheFlagsBeforeTheDamage();
     void shouldRequireIdsInOrder_data();
     void shouldRequireIdsInOrder();
     void shouldReadHandheldsOfTheFirstFormat();
@@ -68,6 +70,7 @@ private slots:
     void shouldReadTheOtherKinds();
     void shouldHoldCountsAboveTheCapOff_data();
     void shouldHoldCountsAboveTheCapOff();
+    void shouldTakeACountAtTheCap();
     void shouldTakeANegativeCountForNone_data();
     void shouldTakeANegativeCountForNone();
     void shouldRefuseIdsOutsideTheCap_data();
@@ -277,17 +280,34 @@ void VelmarParserTest::shouldClampTheSizesOfTheLists()
     QCOMPARE(parser.gloveCount(), 100000);
 }
 
+void VelmarParserTest::shouldEmptyTheListsForNothingCalibrated()
+{
+    VelmarParser parser;
+    QCOMPARE(parse(parser, "6dcal 2"), 1);
+    QCOMPARE(parse(parser, "glcal 3"), 1);
+    parser.resizeLists();
+    QCOMPARE(parser.bodyCount() + parser.gloveCount(), 5);
+    QCOMPARE(parse(parser, "6dcal 0"), 1);
+    QCOMPARE(parse(parser, "glcal 0"), 1);
+    parser.resizeLists();
+    QCOMPARE(parser.bodyCount() + parser.gloveCount(), 0);
+}
+
 void VelmarParserTest::shouldKeepTheListsAtAReset()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "fr 3"), 1);
     QCOMPARE(parse(parser, "ts 3.5"), 1);
     QCOMPARE(parse(parser, "6dcal 3"), 1);
+    QCOMPARE(parse(parser, "glcal 2"), 1);
+    QCOMPARE(parse(parser, "6df 1 [0 1 0][0 0 0]" + unitRotation), 1);
     QCOMPARE(parse(parser, "6dmt 1 [0 1 0][7 8 9]" + unitRotation), 1);
     QCOMPARE(parser.reset(), -1.0);
     QCOMPARE(parser.frameCounter(), 0U);
     QCOMPARE(parser.timestamp(), -1.0);
     QCOMPARE(parser.calibratedBodyCount(), -1);
+    QCOMPARE(parser.calibratedGloveCount(), -1);
+    QCOMPARE(parser.announcedHandhelds(), 0);
     QCOMPARE(parser.announcedTools(), 0);
     QCOMPARE(parser.measurementToolCount(), 1);
     QCOMPARE(parser.measurementTool(0)->location[2], 9.0);
@@ -348,6 +368,14 @@ void VelmarParserTest::shouldSetTheToolCountToZeroForTheSecondFormat()
     }
 }
 
+void VelmarParserTest::shouldClearTheFlagsBeforeTheDamage()
+{
+    VelmarParser parser;
+    QCOMPARE(parse(parser, "6dmt2 1 " + tool2("[0 1.0 2 2.5]", "[1 1]")), 1);
+    QCOMPARE(parse(parser, "6dmt2 1 [0 1.0 2 2.5][1 2"), 0);
+    QCOMPARE(parser.measurementTool(0)->flags, RecordButtons());
+}
+
 void VelmarParserTest::shouldRequireIdsInOrder_data()
 {
     QTest::addColumn<QByteArray>("line");
@@ -388,6 +416,9 @@ void VelmarParserTest::shouldReadHandheldsOfTheSecondFormat()
     QCOMPARE(device->joystickCount, 2);
     QCOMPARE(device->buttons, (RecordButtons{0, 1}));
     QCOMPARE(device->joysticks[1], -1.0);
+    QCOMPARE(parse(parser, "6df 1 [0 1 0][0 0 0]" + unitRotation), 1);
+    QCOMPARE(device->joystickCount, 0);
+    QCOMPARE(device->joysticks, decltype(device->joysticks)());
 }
 
 void VelmarParserTest::shouldStoreAtMostSixteenButtons()
@@ -438,6 +469,10 @@ void VelmarParserTest::shouldReadTheOtherKinds()
         QCOMPARE(parser.glove(0)->fingerCount, 3);
         QCOMPARE(parser.glove(0)->values[5], 0.6);
     }
+    if (parser.inertialCount() == 1) {
+        QCOMPARE(parser.inertial(0)->id, 4);
+        QCOMPARE(parser.inertial(0)->location, (RecordLocation{1, 2, 3}));
+    }
 }
 
 void VelmarParserTest::shouldHoldCountsAboveTheCapOff_data()
@@ -460,6 +495,15 @@ void VelmarParserTest::shouldHoldCountsAboveTheCapOff()
     QCOMPARE(parser.measurementToolCount(), 1);
     QCOMPARE(parser.announcedTools(), kind == "6dmt2" ? 0 : 1);
     QCOMPARE(parser.markerCount() + parser.gloveCount() + parser.jointCount() + parser.inertialCount(), 0);
+}
+
+void VelmarParserTest::shouldTakeACountAtTheCap()
+{
+    VelmarParser parser;
+    QCOMPARE(parse(parser, "6df 100000 [0 1.0 1][1 2 3]" + unitRotation), 0);
+    QCOMPARE(parser.announcedHandhelds(), 100000);
+    QCOMPARE(parser.handheldCount(), 100000);
+    QCOMPARE(parser.handheld(0)->location, (RecordLocation{1, 2, 3}));
 }
 
 void VelmarParserTest::shouldTakeANegativeCountForNone_data()
