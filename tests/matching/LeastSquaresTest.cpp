@@ -29,6 +29,18 @@ private slots:
         QCOMPARE(rest, 0.0);
     }
 
+    void shouldLeaveATriangularSystemAsItIs()
+    {
+        double unit[4] = {1, 0, 0, 1}, half[4] = {0.5, 4, 0, 0.25}, b[2] = {3, -4}, c[2] = {3, -4}, x[2];
+        double rest = -1;
+        QCOMPARE(trafo3d_lsqsolve(x, b, unit, 2, 2, &rest), 0);
+        QCOMPARE(x[0], 3.0);
+        QCOMPARE(x[1], -4.0);
+        QCOMPARE(trafo3d_lsqsolve(x, c, half, 2, 2, &rest), 0);
+        QCOMPARE(x[0], 134.0);
+        QCOMPARE(x[1], -16.0);
+    }
+
     void shouldReportTheLengthThatNoSolutionReaches()
     {
         double M[3] = {1, 1, 1}, b[3] = {1, 2, 6}, x[1], rest = -1;

@@ -21,6 +21,7 @@ private slots:
         row("5", "5.00", true);
         row("1.5", "1.50", true);
         row("1.239", "1.23", true);
+        row("90.09", "90.09", true);
         row("12,345", "12.34", true);
         row("007,5", "007.50", true);
         row("-0.5", "-0.50", true);

@@ -6,6 +6,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstdio>
+
 using ReferencePointFile::LoadResult;
 
 class ReferencePointFileTest : public QObject
@@ -82,6 +84,8 @@ private slots:
         std::fclose(file);
         MatchingPoints points;
         QVERIFY(ReferencePointFile::load(QString::fromLatin1(name), points) == LoadResult::Loaded);
+        // The temporary folder is not able to remove a name that is no UTF-8.
+        QCOMPARE(std::remove(name.constData()), 0);
     }
 
     void shouldLoadWhatItSavedUnderAnyName()

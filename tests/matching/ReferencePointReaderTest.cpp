@@ -56,6 +56,8 @@ void ReferencePointReaderTest::shouldReadTheNumberedFormat_data()
     QTest::newRow("last line break missing") << QByteArray("1 1.5 2.5 3.5\n2 4 5 6") << two;
     QTest::newRow("carriage returns") << QByteArray("1 1.5 2.5 3.5\r\n2 4 5 6\r\n") << two;
     QTest::newRow("tabs and blanks") << QByteArray("1\t1.5   2.5\t3.5\n  2 4 5 6  \n") << two;
+    QTest::newRow("tab before the number") << QByteArray("1 1.5 2.5 3.5\n\t2 4 5 6\n") << two;
+    QTest::newRow("carriage return before the number") << QByteArray("1 1.5 2.5 3.5\n\r2 4 5 6\n") << two;
     QTest::newRow("comment first") << QByteArray("# my points\n1 0 0 0\n") << MatchingPoints{{0, 0, 0}};
     QTest::newRow("empty lines between") << QByteArray("\n\n1 1.5 2.5 3.5\n\n\n2 4 5 6\n\n") << two;
     QTest::newRow("comment between") << QByteArray("1 1.5 2.5 3.5\n# second\n2 4 5 6\n") << two;
@@ -99,6 +101,8 @@ void ReferencePointReaderTest::shouldReadTheBracketedFormat_data()
     QTest::newRow("carriage returns") << QByteArray("title\r\n(1) 1.5 2.5 3.5\r\n(2) 4 5 6\r\n") << two;
     QTest::newRow("lines that do not convert")
         << QByteArray("(1)\n(1) 1.5 2.5 3.5\n2 9 9 9\nend\n(2) 4 5 6\n") << two;
+    QTest::newRow("last line one byte too long, its break missing")
+        << QByteArray("(1) 1.5 2.5 3.5\n") + QByteArray("(2) 4 5 6").leftJustified(1024, ' ') << one;
     QTest::newRow("only the start") << QByteArray("(1)\n") << MatchingPoints{};
 }
 

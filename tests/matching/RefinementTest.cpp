@@ -26,8 +26,11 @@ private slots:
     void shouldRefuseCoincidingPoints_data();
     void shouldRefuseCoincidingPoints();
     void shouldRejectAStepWhoseSineExceedsOne();
+    void shouldTryAStepTenTimes_data();
+    void shouldTryAStepTenTimes();
     void shouldNeedThreeRowsForEachParameter();
     void shouldHoldTheThirdRotationWithFiveParameters();
+    void shouldSettleTwoPairsWithFiveParametersAndAScale();
     void shouldFindAScaleAndDivideTheWholeTransform();
     void shouldFitMoreThanFiftyPairs_data();
     void shouldFitMoreThanFiftyPairs();
@@ -200,6 +203,27 @@ void RefinementTest::shouldRejectAStepWhoseSineExceedsOne()
         QVERIFY(std::isfinite(value));
 }
 
+void RefinementTest::shouldTryAStepTenTimes_data()
+{
+    QTest::addColumn<double>("sine");
+    QTest::addColumn<int>("code");
+    QTest::newRow("the tenth is below 1") << 400.0 << 0;
+    QTest::newRow("the eleventh would be") << 800.0 << -2;
+}
+
+void RefinementTest::shouldTryAStepTenTimes()
+{
+    // Two points close to the x axis are to move away from it in another direction: that asks for a turn
+    // about x whose sine is the ratio of the two distances, and each trial halves it.
+    QFETCH(double, sine);
+    const double width = 0.001;
+    const Points A = {500, 0, 0, -500, 0, 0, 0, 0, sine * width, 0, 0, -sine * width};
+    const Points B = {500, 0, 0, -500, 0, 0, 0, width, 0, 0, -width, 0};
+    Transform T = identity;
+    double rms = -77;
+    QTEST(trafo3d_opttrafo(T.data(), nullptr, A.data(), B.data(), 4, &rms), "code");
+}
+
 void RefinementTest::shouldNeedThreeRowsForEachParameter()
 {
     PointSets sets(17);
@@ -208,7 +232,8 @@ void RefinementTest::shouldNeedThreeRowsForEachParameter()
     double rms = -77, scale = -77;
     QCOMPARE(trafo3d_opttrafo(T.data(), &scale, A.data(), B.data(), 2, &rms), -1);
     QCOMPARE(trafo3d_opttrafo_n(T.data(), 5, nullptr, 0, A.data(), B.data(), 1, &rms), -1);
-    QCOMPARE(trafo3d_opttrafo(T.data(), nullptr, A.data(), B.data(), 0, &rms), -1);
+    QCOMPARE(trafo3d_opttrafo(T.data(), nullptr, nullptr, nullptr, 0, &rms), -1);
+    QCOMPARE(trafo3d_opttrafo(T.data(), nullptr, nullptr, nullptr, -3, &rms), -1);
     QCOMPARE(T, identity);
     QCOMPARE(scale, -77.0);
 }
@@ -230,6 +255,22 @@ void RefinementTest::shouldHoldTheThirdRotationWithFiveParameters()
     QVERIFY(std::fabs(T[4] - s) < 1e-5);
 }
 
+void RefinementTest::shouldSettleTwoPairsWithFiveParametersAndAScale()
+{
+    // As many numbers as parameters: turned a little about x and y, and stretched.
+    const Points B = {10, 20, 500, -30, 40, -700};
+    Transform moved;
+    const double step[7] = {3, -2, 0, 50, 60, -70, 20};
+    trafo3d_applyparams(moved.data(), identity.data(), step);
+    Points A(6);
+    trafo3d_transformpoints(A.data(), moved.data(), B.data(), 2);
+    Transform T = identity;
+    double rms = -1, scale = -1;
+    QCOMPARE(trafo3d_opttrafo_n(T.data(), 5, &scale, 1, A.data(), B.data(), 2, &rms), 0);
+    QVERIFY(rms < 1e-3);
+    QVERIFY(std::fabs(scale - 1.02) < 1e-5);
+}
+
 void RefinementTest::shouldFindAScaleAndDivideTheWholeTransform()
 {
     PointSets sets(18);
@@ -242,7 +283,9 @@ void RefinementTest::shouldFindAScaleAndDivideTheWholeTransform()
     QCOMPARE(trafo3d_3trafo(start.data(), A.data(), B.data()), 0);
     double rms = -1, scale = -1;
     Transform T = start;
+    T[12] = T[15] = 9.0;
     QCOMPARE(trafo3d_opttrafo(T.data(), &scale, A.data(), B.data(), 9, &rms), 0);
+    QCOMPARE(T[12] + T[15], 18.0);
     QVERIFY(std::fabs(scale - 1.02) < 1e-5);
     QVERIFY(std::fabs(std::hypot(T[0], T[1], T[2]) - 1.0) < 1e-12);
     for (int axis = 0; axis < 3; ++axis)

@@ -1,5 +1,6 @@
 #include "trafo3d.h"
 
+#include "LiteralFit.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
 #include "TransformChecks.h"
@@ -18,6 +19,7 @@ private slots:
     void shouldRefuseDegenerateTriples_data();
     void shouldRefuseDegenerateTriples();
     void shouldStartWithTheFirstPairExactAndTheSecondInDirection();
+    void shouldStartFromPointsOneMillimetreApart();
     void shouldStartWithARotationForTriplesCollinearUpToRounding();
     void shouldApplyEachParameterInItsUnit();
     void shouldScaleOnlyTheRotationBlock();
@@ -59,6 +61,14 @@ void StartTransformTest::shouldStartWithTheFirstPairExactAndTheSecondInDirection
         QVERIFY(std::fabs(mapped[i] - expected[i]) < 1e-12);
 }
 
+void StartTransformTest::shouldStartFromPointsOneMillimetreApart()
+{
+    const Points A = {0, 0, 0, 1, 0, 0, 0, 1, 0}, B = {5, 5, 5, 5, 6, 5, 5, 5, 6};
+    Transform T;
+    QCOMPARE(trafo3d_3trafo(T.data(), A.data(), B.data()), 0);
+    QCOMPARE(T, (Transform{0, 1, 0, -5, 0, 0, 1, -5, 1, 0, 0, -5, 0, 0, 0, 1}));
+}
+
 void StartTransformTest::shouldStartWithARotationForTriplesCollinearUpToRounding()
 {
     PointSets sets(11);
@@ -73,8 +83,10 @@ void StartTransformTest::shouldStartWithARotationForTriplesCollinearUpToRounding
             triple[3 + axis] = from + along;
             triple[6 + axis] = from + 3 * along;
         }
-        Transform T;
-        if (trafo3d_3trafo(T.data(), good.data(), triple.data()) != 0)
+        Transform T, L;
+        const int code = trafo3d_3trafo(T.data(), good.data(), triple.data());
+        QCOMPARE(code, LiteralFit::start(L.data(), good.data(), triple.data()));
+        if (code != 0)
             continue;
         ++passed;
         QVERIFY2(leanOf(T) < 1e-9, qPrintable(QString::number(leanOf(T))));
