@@ -204,6 +204,8 @@ private slots:
     {
         QVERIFY((RoomAngles{1.0, 2.0, 3.0} == RoomAngles{1.0, 2.0, 3.0}));
         QVERIFY((RoomAngles{1.0, 2.0, 3.0} != RoomAngles{1.0, 2.0, 3.0000000001}));
+        QVERIFY((RoomAngles{1.0, 2.0, 3.0} != RoomAngles{1.0, 2.0000000001, 3.0}));
+        QVERIFY((RoomAngles{1.0, 2.0, 3.0} != RoomAngles{1.0000000001, 2.0, 3.0}));
     }
 };
 

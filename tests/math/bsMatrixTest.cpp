@@ -384,6 +384,13 @@ private slots:
         }
         QVERIFY(matrix(1e300 * rotation(10.0, 20.0, 30.0)).toOrientation().isFinite());
     }
+
+    void shouldGiveTheIdentityOrientationWhenTheValuesAreTooLargeToAddUp()
+    {
+        const bsMatrix huge = matrix(1.7e308 * Eigen::Matrix3d::Identity());
+        QVERIFY(huge.isFinite());
+        QVERIFY(huge.toOrientation() == bsQuaternion());
+    }
 };
 
 ROOM_TEST_CLASS(bsMatrixTest)

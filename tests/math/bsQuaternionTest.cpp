@@ -12,6 +12,9 @@ using namespace MathSamples;
 namespace
 {
 
+constexpr double bsQuaternion::*components[] = {&bsQuaternion::x, &bsQuaternion::y, &bsQuaternion::z,
+                                                &bsQuaternion::w};
+
 double distance(const bsQuaternion &q, const Eigen::Quaterniond &expected)
 {
     return (Eigen::Vector4d(q.x, q.y, q.z, q.w) - expected.coeffs()).cwiseAbs().maxCoeff();
@@ -115,8 +118,7 @@ private slots:
     {
         const bsQuaternion q(1.0, 2.0, 3.0, 4.0);
         QVERIFY(!(q != bsQuaternion(1.0, 2.0, 3.0, 4.0)));
-        for (double bsQuaternion::*component :
-             {&bsQuaternion::x, &bsQuaternion::y, &bsQuaternion::z, &bsQuaternion::w}) {
+        for (double bsQuaternion::*component : components) {
             bsQuaternion other = q;
             other.*component += 1e-12;
             QVERIFY(other != q);
@@ -126,8 +128,13 @@ private slots:
     void shouldTellWhetherEveryComponentIsFinite()
     {
         QVERIFY(bsQuaternion().isFinite());
-        QVERIFY(!bsQuaternion(0.0, 0.0, notANumber, 1.0).isFinite());
-        QVERIFY(!bsQuaternion(0.0, infinity, 0.0, 1.0).isFinite());
+        for (double bsQuaternion::*component : components) {
+            for (const double bad : {notANumber, infinity, -infinity}) {
+                bsQuaternion q;
+                q.*component = bad;
+                QVERIFY(!q.isFinite());
+            }
+        }
     }
 };
 

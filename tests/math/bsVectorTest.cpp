@@ -6,6 +6,15 @@
 
 #include <limits>
 
+namespace
+{
+
+constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double bsVector::*components[] = {&bsVector::x, &bsVector::y, &bsVector::z};
+
+} // namespace
+
 class bsVectorTest : public QObject
 {
     Q_OBJECT
@@ -68,7 +77,7 @@ private slots:
     {
         const bsVector v(1.0, 2.0, 3.0);
         QVERIFY(!(v != bsVector(1.0, 2.0, 3.0)));
-        for (double bsVector::*component : {&bsVector::x, &bsVector::y, &bsVector::z}) {
+        for (double bsVector::*component : components) {
             bsVector other = v;
             other.*component += 1e-12;
             QVERIFY(other != v);
@@ -78,8 +87,13 @@ private slots:
     void shouldTellWhetherEveryComponentIsFinite()
     {
         QVERIFY(bsVector(1.0, 2.0, 3.0).isFinite());
-        QVERIFY(!bsVector(1.0, std::numeric_limits<double>::quiet_NaN(), 3.0).isFinite());
-        QVERIFY(!bsVector(1.0, 2.0, -std::numeric_limits<double>::infinity()).isFinite());
+        for (double bsVector::*component : components) {
+            for (const double bad : {notANumber, infinity, -infinity}) {
+                bsVector v(1.0, 2.0, 3.0);
+                v.*component = bad;
+                QVERIFY(!v.isFinite());
+            }
+        }
     }
 };
 
