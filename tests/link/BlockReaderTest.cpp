@@ -26,6 +26,8 @@ private slots:
     void shouldReadACountedBlockEvenForNoValues();
     void shouldTakeNegativeCountsForNone();
     void shouldFailWhenACountedBlockIsTooShort();
+    void shouldFailWithoutACountedBlockAndStoreNothing_data();
+    void shouldFailWithoutACountedBlockAndStoreNothing();
 };
 
 void BlockReaderTest::shouldReadByTheLettersAndIgnoreTheRest()
@@ -168,6 +170,29 @@ void BlockReaderTest::shouldFailWhenACountedBlockIsTooShort()
     QVERIFY(!readCountedBlock(line.data(), 2, 2147483647, ints.data()));
     QVERIFY(!readCountedBlock(line.data(), 2, 2, ints.data(), 2, reals.data()));
     QCOMPARE(line, QByteArray("[1 2 3]"));
+}
+
+void BlockReaderTest::shouldFailWithoutACountedBlockAndStoreNothing_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<int>("intCount");
+    QTest::newRow("integers without a block") << QByteArray("1 2 3") << 1;
+    QTest::newRow("reals without a block") << QByteArray("1 2 3") << 0;
+    QTest::newRow("integers in an unclosed block") << QByteArray("[1 2 3") << 1;
+    QTest::newRow("reals in an unclosed block") << QByteArray("[1 2 3") << 0;
+}
+
+void BlockReaderTest::shouldFailWithoutACountedBlockAndStoreNothing()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(int, intCount);
+    const QByteArray before = line;
+    std::array<int, 2> ints{};
+    std::array<double, 2> reals{};
+    QVERIFY(!readCountedBlock(line.data(), 2, intCount, ints.data(), 2, reals.data()));
+    QCOMPARE(line, before);
+    QCOMPARE(ints, (std::array<int, 2>{0, 0}));
+    QCOMPARE(reals, (std::array<double, 2>{0, 0}));
 }
 
 ROOM_TEST_CLASS(BlockReaderTest)

@@ -62,6 +62,12 @@ private slots:
     void shouldSurviveAnswersOfAThousandCharacters();
     void shouldNotAskOldControllersForTheExtraTransformation();
     void shouldNeverUseTheValueOfAFailedRead();
+    void shouldStopReadingTheExtraTransformationAtTheFirstFailure_data();
+    void shouldStopReadingTheExtraTransformationAtTheFirstFailure();
+    void shouldTellWhatTheControllerIsDoing_data();
+    void shouldTellWhatTheControllerIsDoing();
+    void shouldTellWhetherACameraHasARoom_data();
+    void shouldTellWhetherACameraHasARoom();
     void shouldMapEveryCoordinateType_data();
     void shouldMapEveryCoordinateType();
     void shouldAskForTheCurrentTypeWhenTheLastIsNone();
@@ -143,6 +149,10 @@ void ControllerAccessTest::shouldSayTheRequiredWords_data()
         {"read measurementtool measurement_tip_tolerance b02"});
     row("start measurement", [](const ControllerAccess &c) { c.startTipMeasurement(10); },
         {"command velmar2 measurementtool start_measurement b10"});
+    row("subscribe", [](const ControllerAccess &c) { c.subscribe(nullptr); },
+        {"subscribe ts", "subscribe 6dmt2", "subscribe 6dmt", "subscribe 6df2", "subscribe 6df"});
+    row("unsubscribe", [](const ControllerAccess &c) { c.unsubscribe(nullptr); },
+        {"unsubscribe ts", "unsubscribe 6dmt2", "unsubscribe 6dmt", "unsubscribe 6df2", "unsubscribe 6df"});
 }
 
 void ControllerAccessTest::shouldSayTheRequiredWords()
@@ -419,6 +429,70 @@ void ControllerAccessTest::shouldNeverUseTheValueOfAFailedRead()
     QCOMPARE(controller.positionOfCamera(1), (std::array<double, 3>{0.0, 0.0, 0.0}));
     QVERIFY(!controller.tipIsCalibrated(1));
     QVERIFY(!controller.tipIsCalibratedQuietly(1));
+}
+
+void ControllerAccessTest::shouldStopReadingTheExtraTransformationAtTheFirstFailure_data()
+{
+    QTest::addColumn<int>("failing");
+    QTest::addColumn<QString>("report");
+    QTest::newRow("translation") << 1 << "Error: Unable to get info extra translation";
+    QTest::newRow("rotation") << 2 << "Error: Unable to get info extra rotation";
+    QTest::newRow("scaling") << 3 << "Error: Unable to get info extra scaling";
+}
+
+void ControllerAccessTest::shouldStopReadingTheExtraTransformationAtTheFirstFailure()
+{
+    QFETCH(int, failing);
+    QFETCH(QString, report);
+    RecordingHost host;
+    host.failCall(failing);
+
+    QVERIFY(!ControllerAccess(&host, &current).extraTransformation());
+
+    QCOMPARE(host.count(), failing);
+    QCOMPARE(host.reports(), QStringList{report});
+}
+
+void ControllerAccessTest::shouldTellWhatTheControllerIsDoing_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("measuring") << QByteArray("mea") << int(Activity::Measuring);
+    QTest::newRow("calibrating") << QByteArray("cal") << int(Activity::Calibrating);
+    QTest::newRow("error") << QByteArray("err") << int(Activity::Error);
+    QTest::newRow("none") << QByteArray("none") << int(Activity::None);
+    QTest::newRow("only the beginning of a word") << QByteArray("me") << int(Activity::Other);
+    QTest::newRow("more than the word") << QByteArray("mea ") << int(Activity::Other);
+    QTest::newRow("nothing") << QByteArray("") << int(Activity::Other);
+}
+
+void ControllerAccessTest::shouldTellWhatTheControllerIsDoing()
+{
+    QFETCH(QByteArray, answer);
+    RecordingHost host;
+    host.setAnswer("status active", answer);
+
+    QTEST(int(ControllerAccess(&host, &current).activity()), "expected");
+}
+
+void ControllerAccessTest::shouldTellWhetherACameraHasARoom_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("position and rotation")
+        << QByteArray("1.5 2.5 3.5 1 0 0 0 1 0 0 0 1") << int(CameraRoom::Present);
+    QTest::newRow("none") << QByteArray("none") << int(CameraRoom::None);
+    QTest::newRow("more than none") << QByteArray("none 1") << int(CameraRoom::Present);
+    QTest::newRow("nothing") << QByteArray("") << int(CameraRoom::Present);
+}
+
+void ControllerAccessTest::shouldTellWhetherACameraHasARoom()
+{
+    QFETCH(QByteArray, answer);
+    RecordingHost host;
+    host.setAnswer("tracking room c01", answer);
+
+    QTEST(int(ControllerAccess(&host, &current).roomOfCamera(1)), "expected");
 }
 
 void ControllerAccessTest::shouldMapEveryCoordinateType_data()

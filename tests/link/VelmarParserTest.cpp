@@ -68,6 +68,8 @@ private slots:
     void shouldStoreAtMostSixteenButtons();
     void shouldReadTheOtherKinds_data();
     void shouldReadTheOtherKinds();
+    void shouldFailWhenAnyBlockIsDamaged_data();
+    void shouldFailWhenAnyBlockIsDamaged();
     void shouldHoldCountsAboveTheCapOff_data();
     void shouldHoldCountsAboveTheCapOff();
     void shouldTakeACountAtTheCap();
@@ -472,6 +474,42 @@ void VelmarParserTest::shouldReadTheOtherKinds()
     if (parser.inertialCount() == 1) {
         QCOMPARE(parser.inertial(0)->id, 4);
         QCOMPARE(parser.inertial(0)->location, (RecordLocation{1, 2, 3}));
+    }
+}
+
+void VelmarParserTest::shouldFailWhenAnyBlockIsDamaged_data()
+{
+    QTest::addColumn<QByteArray>("kind");
+    QTest::addColumn<QList<QByteArray>>("blocks");
+    const QByteArray place("[1 2 3]");
+    const auto row = [&](const char *kind, const char *head, const QList<QByteArray> &further) {
+        QTest::newRow(kind) << QByteArray(kind) << (QList<QByteArray>{head, place, unitRotation} + further);
+    };
+    row("6d", "[0 1.0]", {});
+    row("6df", "[0 1.0 2]", {});
+    row("6df2", "[0 1.0 2 1]", {"[0 1 0.5]"});
+    row("6dmt", "[0 1.0 2]", {});
+    row("6dmt2", "[0 1.0 2 2.5]", {"[0 1]", sixValues});
+    row("6dmtr", "[0 1.0]", {});
+    row("gl", "[0 1.0 1 3]", {sixValues});
+    row("6dj", "[0 1.0]", {sixValues});
+    row("6di", "[0 1.0]", {});
+    QTest::newRow("3d") << QByteArray("3d") << QList<QByteArray>{"[0 1.0]", place};
+}
+
+void VelmarParserTest::shouldFailWhenAnyBlockIsDamaged()
+{
+    QFETCH(QByteArray, kind);
+    QFETCH(QList<QByteArray>, blocks);
+    VelmarParser parser;
+    QCOMPARE(parse(parser, kind + " 1 " + blocks.join()), 1);
+    for (int damaged = 0; damaged < blocks.size(); ++damaged) {
+        for (const QByteArray &damage : {QByteArray("[?]"), QByteArray()}) {
+            QList<QByteArray> broken = blocks;
+            broken[damaged] = damage;
+            const QByteArray line = kind + " 1 " + broken.join();
+            QVERIFY2(parse(parser, line) == 0, line.constData());
+        }
     }
 }
 

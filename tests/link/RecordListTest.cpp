@@ -1,0 +1,82 @@
+#include "RecordList.h"
+#include "MeasurementRecords.h"
+#include "TestRegistry.h"
+
+#include <QObject>
+#include <QtTest>
+
+#include <limits>
+
+class RecordListTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldFillUpWithBlankEntries();
+    void shouldKeepTheEntriesThatStay();
+    void shouldHoldItsSizeBetweenNothingAndTheCap();
+    void shouldBlankEveryEntry();
+    void shouldGiveNullOutsideTheList();
+};
+
+void RecordListTest::shouldFillUpWithBlankEntries()
+{
+    RecordList<MarkerRecord> list;
+    list.resize(3);
+    QCOMPARE(list.count(), 3);
+    for (int index = 0; index < 3; ++index) {
+        QCOMPARE(list.at(index)->id, index);
+        QCOMPARE(list.at(index)->quality, -1.0);
+        QCOMPARE(list.at(index)->location, RecordLocation());
+    }
+}
+
+void RecordListTest::shouldKeepTheEntriesThatStay()
+{
+    RecordList<MarkerRecord> list;
+    list.resize(2);
+    list.at(0)->quality = 0.5;
+    list.at(1)->quality = 0.75;
+    list.resize(1);
+    list.resize(2);
+    QCOMPARE(list.at(0)->quality, 0.5);
+    QCOMPARE(list.at(1)->quality, -1.0);
+}
+
+void RecordListTest::shouldHoldItsSizeBetweenNothingAndTheCap()
+{
+    RecordList<MarkerRecord> list;
+    list.resize(std::numeric_limits<long long>::max());
+    QCOMPARE(list.count(), 100000);
+    list.resize(std::numeric_limits<long long>::min());
+    QCOMPARE(list.count(), 0);
+}
+
+void RecordListTest::shouldBlankEveryEntry()
+{
+    RecordList<MarkerRecord> list;
+    list.resize(2);
+    list.at(1)->id = 7;
+    list.at(1)->quality = 1.0;
+    list.at(1)->location = {1.0, 2.0, 3.0};
+    list.blank();
+    QCOMPARE(list.at(1)->id, 1);
+    QCOMPARE(list.at(1)->quality, -1.0);
+    QCOMPARE(list.at(1)->location, RecordLocation());
+}
+
+void RecordListTest::shouldGiveNullOutsideTheList()
+{
+    RecordList<MarkerRecord> list;
+    list.resize(2);
+    const RecordList<MarkerRecord> &readOnly = list;
+    for (const int outside : {-1, 2, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        QVERIFY(!list.at(outside));
+        QVERIFY(!readOnly.at(outside));
+    }
+    QCOMPARE(readOnly.at(1), list.at(1));
+}
+
+ROOM_TEST_CLASS(RecordListTest)
+
+#include "RecordListTest.moc"
