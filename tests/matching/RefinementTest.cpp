@@ -1,5 +1,6 @@
 #include "trafo3d.h"
 
+#include "AllocationCounter.h"
 #include "LiteralFit.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
@@ -34,6 +35,7 @@ private slots:
     void shouldFindAScaleAndDivideTheWholeTransform();
     void shouldFitMoreThanFiftyPairs_data();
     void shouldFitMoreThanFiftyPairs();
+    void shouldTakeNoMemoryForUpToFiftyPairs();
     void shouldHandOutRigidTransformsOnly();
 };
 
@@ -316,6 +318,23 @@ void RefinementTest::shouldFitMoreThanFiftyPairs()
     QCOMPARE(trafo3d_3trafo(T.data(), A.data(), B.data()), 0);
     QCOMPARE(trafo3d_opttrafo(T.data(), nullptr, A.data(), B.data(), count, &rms), 0);
     QVERIFY(std::fabs(rms - umeyamaRms(A, B)) < 0.001);
+}
+
+void RefinementTest::shouldTakeNoMemoryForUpToFiftyPairs()
+{
+    PointSets sets(21);
+    const Points A = sets.box(60, 2000);
+    const Points B = sets.moved(A, 1.0);
+    double rms = -1;
+    for (const int count : {3, 4, 13, 50, 60}) {
+        Transform T;
+        QCOMPARE(trafo3d_3trafo(T.data(), A.data(), B.data()), 0);
+        const std::size_t before = AllocationCounter::count();
+        const int code = trafo3d_opttrafo(T.data(), nullptr, A.data(), B.data(), count, &rms);
+        const bool tookMemory = AllocationCounter::count() != before;
+        QCOMPARE(code, 0);
+        QCOMPARE(tookMemory, count > 50);
+    }
 }
 
 void RefinementTest::shouldHandOutRigidTransformsOnly()
