@@ -1,21 +1,22 @@
 #pragma once
 
 #include "ModuleHost.h"
+#include "Repertoire.h"
+#include "Watchdog.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
 
-#include <random>
-
 class QFileDialog;
 class QWidget;
 
-/// Uses the module at random: mouse, wheel and keys on whatever window is on top, while the controller
-/// measures, loses its tool, fails and answers nonsense.
+/// Uses the module at random: mouse, wheel and keys on whatever window is on top, disabled places included,
+/// while the controller measures, loses its tool, fails and answers nonsense.
 ///
 /// It acts from the event loop, in whatever modal loop that is, until its number of events is used up; then
-/// it closes every window.
+/// it closes every window. When it comes to a stand for minutes it tells seed, event and what it did last,
+/// and ends the program.
 class Monkey : public QObject
 {
 public:
@@ -33,21 +34,30 @@ public:
 private:
     void act();
     void actLater();
+    void actOn(QWidget *window);
     void useController();
     void useWindow(QWidget *window);
+    void useMouse(QWidget *window);
     void useFileDialog(QFileDialog *dialog);
-    void pressKey(QWidget *widget);
-    void clickSomewhere(QWidget *widget, Qt::MouseButton button);
-    void turnWheel(QWidget *widget);
+    void pressKey(QWidget *window);
+    void useView(QWidget *window);
+    void drag(const QWidget *widget, const QPoint &from, const QPoint &to);
+    void changeTab(QWidget *window);
     void closeAll();
     QWidget *pick(QWidget *window);
-    int upTo(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
+    QPoint somewhereOn(const QWidget *widget);
+    void note(const QWidget *widget, const QString &what);
+    void note(const QString &what);
+    int upTo(int count) { return m_chance.upTo(count); }
 
     ModuleHost &m_host;
-    std::mt19937 m_random;
+    Repertoire m_chance;
     int m_left;
     QString m_folder;
+    bool m_tells; ///< writes each event to the standard error output
+    Watchdog m_watchdog;
     int m_done = 0;
     int m_openings = 0;
+    int m_busyLevel = 0; ///< the level of the event loop in which an event is under way
     QStringList m_windows;
 };
