@@ -5,8 +5,8 @@
 #include "AdjustToToolDlg.h"
 #include "HelpDialog.h"
 #include "Prompt.h"
+#include "ViewControls.h"
 #include "abcRoom.h"
-#include "bsDoubleWidget.h"
 #include "bsMatrix.h"
 #include "ui_CooTrans.h"
 
@@ -15,21 +15,12 @@
 #include <QPointer>
 #include <QScopedValueRollback>
 
+#include <cmath>
+
 namespace
 {
 
 constexpr double viewUnits = 300.0;
-constexpr double largestViewOffset = 999999.99;
-constexpr double largestViewAngle = 360.0;
-constexpr double narrowScalingMinimum = 0.95;
-constexpr double narrowScalingMaximum = 1.05;
-constexpr double wideScalingMinimum = 0.1;
-constexpr double wideScalingMaximum = 2.0;
-
-bool isNarrowScaling(double scaling)
-{
-    return scaling >= narrowScalingMinimum && scaling <= narrowScalingMaximum;
-}
 
 void colourText(QWidget *widget, const QColor &colour)
 {
@@ -48,16 +39,17 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     , m_dialog(dialog)
     , m_raData(raData)
     , m_measuringFrame(m_controller, dialog)
+    , m_fields(*m_ui)
 {
     m_ui->setupUi(this);
     m_ui->label_notAvailable->hide();
     setLocale(QLocale::c());
-    prepareEditors();
+    hideSwitches();
     buildView();
-    orderTabs();
     buildViewMenu();
     colourPlanes();
-    connectView();
+    connect(m_ui->w_adjustViewButton, &QPushButton::clicked, this, &CooTrans::adjustView);
+    connect(m_ui->w_resetViewButton, &QPushButton::clicked, this, &CooTrans::resetView);
     m_matchingDialog = new AbcMatchingDialog(commands, versions, this);
     m_angleToolDialog = new AdjustToToolDlg(commands, versions, this);
     connect(m_matchingDialog, &AbcMatchingDialog::applyTrafoRequest, this, &CooTrans::applyTrafo);
@@ -65,14 +57,8 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
 
 CooTrans::~CooTrans() = default;
 
-void CooTrans::prepareEditors()
+void CooTrans::hideSwitches()
 {
-    for (xyzWidget *editor : {m_ui->w_viewPositionXYZ, m_ui->w_viewOrientationXYZ}) {
-        const double limit = editor == m_ui->w_viewPositionXYZ ? largestViewOffset : largestViewAngle;
-        editor->setXRange(-limit, limit);
-        editor->setYRange(-limit, limit);
-        editor->setZRange(-limit, limit);
-    }
     for (QWidget *hidden : std::initializer_list<QWidget *>{
              m_ui->w_bodyUndoButton, m_ui->w_bodyRedoButton, m_ui->w_showXYGridCheckBox,
              m_ui->w_showYZGridCheckBox, m_ui->w_showXZGridCheckBox, m_ui->w_longAxesCheckBox})
@@ -85,22 +71,7 @@ void CooTrans::buildView()
     m_view->setObjectName(QStringLiteral("w_view"));
     m_ui->viewStack->addWidget(m_view);
     m_ui->viewStack->setCurrentWidget(m_view);
-}
-
-/// The view and its editors stand between what the form knows: the left column and the buttons.
-void CooTrans::orderTabs()
-{
-    QList<QWidget *> stops{m_ui->w_bodyMatchingButton, m_view};
-    for (const xyzWidget *group : {m_ui->w_viewPositionXYZ, m_ui->w_viewOrientationXYZ}) {
-        for (const QWidget *editor :
-             std::initializer_list<const QWidget *>{group->xEditor(), group->yEditor(), group->zEditor()}) {
-            for (const char *part : {"spinBox", "wheel"})
-                stops << editor->findChild<QWidget *>(QLatin1String(part));
-        }
-    }
-    stops << m_ui->w_adjustViewButton << m_ui->w_resetViewButton << m_ui->pushButton_helpView;
-    for (int i = 1; i < stops.size(); ++i)
-        setTabOrder(stops.at(i - 1), stops.at(i));
+    m_viewControls = std::make_unique<ViewControls>(*m_ui, m_view);
 }
 
 void CooTrans::buildViewMenu()
@@ -143,36 +114,13 @@ void CooTrans::colourPlanes()
     m_view->setXZGridColor(xz);
 }
 
-void CooTrans::connectView()
-{
-    xyzWidget *orientation = m_ui->w_viewOrientationXYZ;
-    xyzWidget *position = m_ui->w_viewPositionXYZ;
-    connect(orientation, &xyzWidget::valueChanged, m_view, &AbcGLCanvas::rotateView);
-    connect(m_view, &AbcGLCanvas::rotateViewRequest, orientation, &xyzWidget::adjustValues);
-    connect(orientation, &xyzWidget::xyzEditingBegin, m_view, &AbcGLCanvas::rotateViewBegin);
-    connect(orientation, &xyzWidget::xyzEditingFinished, m_view, &AbcGLCanvas::rotateViewEnd);
-    connect(orientation, &xyzWidget::xyzEditingFinished, m_view, &AbcGLCanvas::storeViewRequest);
-    connect(position, &xyzWidget::valueChanged, m_view, &AbcGLCanvas::translateView);
-    connect(m_view, &AbcGLCanvas::translateViewRequest, position, &xyzWidget::adjustValues);
-    connect(position, &xyzWidget::xyzEditingFinished, m_view, &AbcGLCanvas::storeViewRequest);
-    connect(m_view, &AbcGLCanvas::storeViewRequest, m_view, &AbcGLCanvas::saveCurrentView);
-    connect(m_view, &AbcGLCanvas::storeViewRequest, orientation, &xyzWidget::reset);
-    connect(m_view, &AbcGLCanvas::storeViewRequest, position, &xyzWidget::reset);
-    connect(m_ui->w_adjustViewButton, &QPushButton::clicked, this, &CooTrans::adjustView);
-    connect(m_ui->w_resetViewButton, &QPushButton::clicked, this, &CooTrans::resetView);
-    connect(m_view, &AbcGLCanvas::canUndo, m_ui->w_bodyUndoButton, &QPushButton::setEnabled);
-    connect(m_view, &AbcGLCanvas::canRedo, m_ui->w_bodyRedoButton, &QPushButton::setEnabled);
-    connect(m_ui->w_bodyUndoButton, &QPushButton::clicked, m_view, &AbcGLCanvas::undo);
-    connect(m_ui->w_bodyRedoButton, &QPushButton::clicked, m_view, &AbcGLCanvas::redo);
-}
-
 void CooTrans::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
     m_ui->retranslateUi(this);
-    showScalingCaption();
+    m_fields.showScalingCaption();
     setViewTexts();
 }
 
@@ -183,41 +131,16 @@ void CooTrans::showEvent(QShowEvent *event)
         m_ui->viewStack->setCurrentWidget(m_ui->label_noView);
 }
 
-std::array<QDoubleSpinBox *, 3> CooTrans::offsetBoxes() const
-{
-    return {m_ui->doubleSpinBox_x, m_ui->doubleSpinBox_y, m_ui->doubleSpinBox_z};
-}
-
-std::array<QDoubleSpinBox *, 3> CooTrans::angleBoxes() const
-{
-    return {m_ui->doubleSpinBox_rx, m_ui->doubleSpinBox_ry, m_ui->doubleSpinBox_rz};
-}
-
-AdjustmentBoxes CooTrans::boxes() const
-{
-    AdjustmentBoxes values;
-    for (std::size_t i = 0; i < 3; ++i)
-        values.offset[i] = offsetBoxes()[i]->value();
-    getAngles(values.angles.eta, values.angles.theta, values.angles.phi);
-    values.scaling = m_ui->doubleSpinBox_scalingFactor->value();
-    return values;
-}
-
 void CooTrans::showBoxes(const AdjustmentBoxes &values)
 {
     const QScopedValueRollback<bool> disarmed(m_armed, false);
-    for (std::size_t i = 0; i < 3; ++i)
-        offsetBoxes()[i]->setValue(values.offset[i]);
-    m_ui->doubleSpinBox_rx->setValue(values.angles.eta);
-    m_ui->doubleSpinBox_ry->setValue(values.angles.theta);
-    m_ui->doubleSpinBox_rz->setValue(values.angles.phi);
-    m_ui->doubleSpinBox_scalingFactor->setValue(values.scaling);
+    m_fields.show(values);
 }
 
 void CooTrans::loadPage()
 {
     loadRoom();
-    m_ui->doubleSpinBox_scalingFactor->setRange(wideScalingMinimum, wideScalingMaximum);
+    m_fields.widenScaling();
     loadControls();
     m_controller.checkMeasurementTool();
     loadScaling();
@@ -233,42 +156,29 @@ void CooTrans::loadRoom()
 void CooTrans::loadControls()
 {
     showBoxes(RoomEdits::boxesOf(*m_raData));
-    m_edits.loaded(*m_raData, boxes());
+    m_edits.loaded(*m_raData, m_fields.values());
 }
 
 void CooTrans::loadScaling()
 {
     const QScopedValueRollback<bool> disarmed(m_armed, false);
-    QDoubleSpinBox *box = m_ui->doubleSpinBox_scalingFactor;
     const double scaling = m_controller.extraScaling().value_or(m_raData->scaling);
-    box->setRange(wideScalingMinimum, wideScalingMaximum);
-    box->setValue(scaling);
-    m_wideScaling = !isNarrowScaling(scaling);
-    if (!m_wideScaling)
-        box->setRange(narrowScalingMinimum, narrowScalingMaximum);
-    showScalingCaption();
-    m_edits.loaded(*m_raData, boxes());
-    if (scaling != m_raData->scaling)
+    m_fields.showScaling(scaling);
+    m_edits.loaded(*m_raData, m_fields.values());
+    if (std::isfinite(scaling) && scaling != m_raData->scaling)
         m_edits.scalingDiffers();
-}
-
-void CooTrans::showScalingCaption()
-{
-    const QString caption = m_wideScaling ? tr("Scaling") : tr("Scaling (+/- 5%)");
-    m_ui->groupBox_scaling->setTitle(caption);
-    m_ui->doubleSpinBox_scalingFactor->setToolTip(caption);
 }
 
 void CooTrans::storeToRaData()
 {
-    const AdjustmentBoxes values = boxes();
+    const AdjustmentBoxes values = m_fields.values();
     *m_raData = m_edits.edited(*m_raData, values);
     m_edits.stored(values);
 }
 
 bool CooTrans::nothingUnsaved() const
 {
-    return m_edits.nothingUnsaved(*m_raData, boxes());
+    return m_edits.nothingUnsaved(*m_raData, m_fields.values());
 }
 
 void CooTrans::resetAll()
@@ -283,16 +193,15 @@ void CooTrans::showTrackingAvailable(bool available)
 
 void CooTrans::getAngles(double &rx, double &ry, double &rz) const
 {
-    rx = m_ui->doubleSpinBox_rx->value();
-    ry = m_ui->doubleSpinBox_ry->value();
-    rz = m_ui->doubleSpinBox_rz->value();
+    const RoomAngles angles = m_fields.angles();
+    rx = angles.eta;
+    ry = angles.theta;
+    rz = angles.phi;
 }
 
 void CooTrans::setAngles(double rx, double ry, double rz)
 {
-    m_ui->doubleSpinBox_rx->setValue(rx);
-    m_ui->doubleSpinBox_ry->setValue(ry);
-    m_ui->doubleSpinBox_rz->setValue(rz);
+    m_fields.setAngles({rx, ry, rz});
 }
 
 void CooTrans::openAngleTool()
@@ -309,7 +218,7 @@ void CooTrans::previewOffset()
 {
     if (!m_armed)
         return;
-    showPendingPosition(m_edits.preview(*m_raData, boxes()));
+    showPendingPosition(m_edits.preview(*m_raData, m_fields.values()));
     onEnableButtonApply();
 }
 
@@ -317,7 +226,7 @@ void CooTrans::previewAngles()
 {
     if (!m_armed)
         return;
-    const RoomPreview preview = m_edits.preview(*m_raData, boxes());
+    const RoomPreview preview = m_edits.preview(*m_raData, m_fields.values());
     m_view->rotateRoom(preview.angles.eta, preview.angles.theta, preview.angles.phi);
     showPendingPosition(preview);
     onEnableButtonApply();
@@ -366,7 +275,7 @@ void CooTrans::on_doubleSpinBox_scalingFactor_valueChanged(double /*value*/)
 
 void CooTrans::on_btn_resetVector_clicked()
 {
-    AdjustmentBoxes values = boxes();
+    AdjustmentBoxes values = m_fields.values();
     values.offset = {};
     showBoxes(values);
     previewOffset();
@@ -374,7 +283,7 @@ void CooTrans::on_btn_resetVector_clicked()
 
 void CooTrans::on_btn_resetAngles_clicked()
 {
-    AdjustmentBoxes values = boxes();
+    AdjustmentBoxes values = m_fields.values();
     values.angles = RoomAngles();
     showBoxes(values);
     previewAngles();
@@ -382,7 +291,7 @@ void CooTrans::on_btn_resetAngles_clicked()
 
 void CooTrans::on_btn_resetScaling_clicked()
 {
-    AdjustmentBoxes values = boxes();
+    AdjustmentBoxes values = m_fields.values();
     values.scaling = 1.0;
     showBoxes(values);
     onEnableButtonApply();
@@ -397,10 +306,8 @@ void CooTrans::adjustView()
 {
     const double distance = m_view->getBestZValue();
     const double unit = distance / viewUnits;
-    m_ui->w_viewPositionXYZ->setSingleStep(unit);
-    for (QDoubleSpinBox *box : offsetBoxes())
-        box->setSingleStep(unit);
-    m_view->setScaleUnit(unit);
+    m_viewControls->setUnit(unit);
+    m_fields.setOffsetStep(unit);
     m_view->setViewPosition(bsVector(0.0, 0.0, -distance));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AdjustmentFields.h"
 #include "ControllerAccess.h"
 #include "MeasuringFrame.h"
 #include "RoomEdits.h"
@@ -11,9 +12,9 @@
 class AbcGLCanvas;
 class AbcMatchingDialog;
 class AdjustToToolDlg;
-class QDoubleSpinBox;
 class QMenu;
 class TrackingControl;
+class ViewControls;
 class bsMatrix;
 
 namespace Ui
@@ -97,37 +98,32 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
+    void hideSwitches();
     void buildView();
-    void orderTabs();
     void buildViewMenu();
     void setViewTexts();
-    void connectView();
     void colourPlanes();
-    void prepareEditors();
-    AdjustmentBoxes boxes() const;
     void showBoxes(const AdjustmentBoxes &values);
     void loadRoom();
     void loadControls();
     void loadScaling();
-    void showScalingCaption();
     void previewOffset();
     void previewAngles();
     void showPendingPosition(const RoomPreview &preview);
     void rotateRoom(const bsMatrix &rotation);
     bool discardsUnsaved();
-    std::array<QDoubleSpinBox *, 3> offsetBoxes() const;
-    std::array<QDoubleSpinBox *, 3> angleBoxes() const;
 
     std::unique_ptr<Ui::CooTransClass> m_ui;
     ControllerAccess m_controller;
     TrackingControl *m_dialog;
     RoomTrafoData *m_raData;
     MeasuringFrame m_measuringFrame;
+    AdjustmentFields m_fields;
     RoomEdits m_edits;
+    std::unique_ptr<ViewControls> m_viewControls;
     AbcGLCanvas *m_view = nullptr;
     QMenu *m_viewMenu = nullptr;
     AbcMatchingDialog *m_matchingDialog = nullptr;
     AdjustToToolDlg *m_angleToolDialog = nullptr;
     bool m_armed = true;
-    bool m_wideScaling = false;
 };

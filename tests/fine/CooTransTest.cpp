@@ -124,6 +124,8 @@ private slots:
     void shouldWidenTheScalingOutsideFivePercent_data();
     void shouldWidenTheScalingOutsideFivePercent();
     void shouldDecideTheScalingByTheRecordWhenItCannotBeRead();
+    void shouldNeitherShowNorKeepAScalingThatIsNoNumber_data();
+    void shouldNeitherShowNorKeepAScalingThatIsNoNumber();
     void shouldMoveThePendingRoomByTheTypedOffset();
     void shouldPreviewWhatStoringAndLoadingWouldShow();
     void shouldTakeThePreviewBackWithTheEdit();
@@ -372,6 +374,26 @@ void CooTransTest::shouldDecideTheScalingByTheRecordWhenItCannotBeRead()
     p.widget.loadPage();
     QCOMPARE(p.box("doubleSpinBox_scalingFactor")->value(), 1.2);
     QCOMPARE(p.child<QGroupBox>("groupBox_scaling")->title(), QString("Scaling"));
+}
+
+void CooTransTest::shouldNeitherShowNorKeepAScalingThatIsNoNumber_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("not a number") << QByteArray("nan");
+    QTest::newRow("infinite") << QByteArray("inf");
+}
+
+void CooTransTest::shouldNeitherShowNorKeepAScalingThatIsNoNumber()
+{
+    QFETCH(QByteArray, answer);
+    Panel p;
+    p.record.scaling = 1.02;
+    p.host.setAnswer("tracking extra_scaling", answer);
+    p.widget.loadPage();
+    QCOMPARE(p.box("doubleSpinBox_scalingFactor")->value(), 1.0);
+    QCOMPARE(p.child<QGroupBox>("groupBox_scaling")->title(), QString("Scaling (+/- 5%)"));
+    p.widget.storeToRaData();
+    QCOMPARE(p.record.scaling, 1.02);
 }
 
 void CooTransTest::shouldMoveThePendingRoomByTheTypedOffset()
