@@ -1,5 +1,6 @@
 #include "RoomAdjustmentDlg2g.h"
 
+#include "CameraRooms.h"
 #include "CoarseAdjustment.h"
 #include "CooTrans.h"
 #include "Prompt.h"
@@ -10,14 +11,12 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScopedValueRollback>
-#include <QStandardItemModel>
 
 namespace
 {
 
 constexpr int smallestWidth = 1000;
 constexpr int smallestHeight = 700;
-constexpr int coordinateDecimals = 2;
 
 } // namespace
 
@@ -26,6 +25,7 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, B
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::RoomAdjustmentDlgClass>())
     , m_controller(commands, versions)
+    , m_cameras(this)
 {
     loadResources();
     m_ui->setupUi(this);
@@ -33,7 +33,6 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, B
     setAccessibleDescription(version);
     dropApplyShortcut();
     m_lockIcon = QIcon(QStringLiteral(":/lock.png"));
-    buildCameraModel();
     buildPanels(commands, versions);
     beginFromKnownState();
 }
@@ -45,23 +44,12 @@ RoomAdjustmentDlg2g::~RoomAdjustmentDlg2g()
         m_controller.unsubscribe(this);
 }
 
-void RoomAdjustmentDlg2g::buildCameraModel()
-{
-    m_cameraModel = new QStandardItemModel(0, 4, this);
-    setCameraModelTexts();
-}
-
-void RoomAdjustmentDlg2g::setCameraModelTexts()
-{
-    m_cameraModel->setHorizontalHeaderLabels({tr("Camera"), tr("x [mm]"), tr("y [mm]"), tr("z [mm]")});
-}
-
 void RoomAdjustmentDlg2g::buildPanels(IOManager *commands, BackendVersions *versions)
 {
     m_fine = new CooTrans(commands, versions, this, &m_current, this);
     m_ui->tabWidget->insertTab(0, m_fine, QString());
     m_coarse = new CoarseAdjustment(commands, versions, this, this);
-    m_coarse->setCameraModel(m_cameraModel);
+    m_coarse->setCameraModel(m_cameras.model());
     m_ui->tabWidget->insertTab(0, m_coarse, QString());
     setTabTexts();
     QWidget *last = previousInFocusChain(); // the panels came behind the buttons
@@ -98,7 +86,7 @@ void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
     m_ui->retranslateUi(this);
     dropApplyShortcut();
     setTabTexts();
-    setCameraModelTexts();
+    m_cameras.showTexts();
     showNotice(m_notice);
 }
 
@@ -109,6 +97,7 @@ void RoomAdjustmentDlg2g::beginFromKnownState()
     m_ui->btn_apply->setEnabled(false);
     m_ui->label_error->hide();
     m_ui->label_error->clear();
+    m_fine->showTrackingAvailable(true);
     showNotice(Notice::None);
 }
 
@@ -172,18 +161,17 @@ bool RoomAdjustmentDlg2g::prepareOpening()
     beginFromKnownState();
     const bool unavailable = m_controller.supports(ControllerFeature::TrackingAvailability) &&
                              m_controller.trackingAvailable() == Reply::No;
-    if (unavailable || !camerasHaveRooms()) {
+    if (unavailable || !camerasHaveRooms(m_controller)) {
         m_fine->showTrackingAvailable(false);
         disableAdjusting();
         showNotice(unavailable ? Notice::CannotTrack : Notice::NoRoom);
         return false;
     }
-    fillCameraTable();
+    m_cameras.fill(m_controller);
     readLock();
     if (m_controller.supports(ControllerFeature::ExtraTransformation)) {
         m_ui->btn_apply->setEnabled(false);
         m_fine->resetAll();
-        m_fine->showTrackingAvailable(true);
         loadTransformation();
     } else {
         disableAdjusting();
@@ -214,54 +202,6 @@ void RoomAdjustmentDlg2g::loadTransformation()
     m_opening = m_current;
     m_fine->loadPage();
     m_coarse->updatePanel();
-}
-
-bool RoomAdjustmentDlg2g::camerasHaveRooms() const
-{
-    const std::optional<int> cameras = m_controller.numberOfCameras();
-    if (!cameras)
-        return false;
-    return m_controller.supports(ControllerFeature::HasRoomQuery) ? hasTwoCamerasWithRoom(*cameras)
-                                                                  : everyCameraHasRoom(*cameras);
-}
-
-bool RoomAdjustmentDlg2g::hasTwoCamerasWithRoom(int cameras) const
-{
-    int found = 0;
-    for (int camera = 1; camera <= cameras && found < 2; ++camera)
-        found += m_controller.cameraHasRoom(camera) ? 1 : 0;
-    return found == 2;
-}
-
-bool RoomAdjustmentDlg2g::everyCameraHasRoom(int cameras) const
-{
-    bool every = true;
-    for (int camera = 1; camera <= cameras; ++camera)
-        every = m_controller.roomOfCamera(camera) != CameraRoom::None && every;
-    return every;
-}
-
-void RoomAdjustmentDlg2g::fillCameraTable()
-{
-    if (!m_controller.supports(ControllerFeature::CameraTable))
-        return;
-    m_cameraModel->removeRows(0, m_cameraModel->rowCount());
-    const int cameras = m_controller.numberOfCameras().value_or(0);
-    m_cameraModel->setRowCount(cameras);
-    for (int row = 0; row < cameras; ++row)
-        setCameraRow(row, m_controller.positionOfCamera(row + 1));
-}
-
-void RoomAdjustmentDlg2g::setCameraRow(int row, const std::array<double, 3> &position)
-{
-    const QString name = QStringLiteral("c%1").arg(row + 1, 2, 10, QLatin1Char('0'));
-    m_cameraModel->setItem(row, 0, new QStandardItem(name));
-    for (int i = 0; i < 3; ++i) {
-        const double coordinate = position[static_cast<std::size_t>(i)];
-        auto *item = new QStandardItem(QString::number(coordinate, 'f', coordinateDecimals));
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        m_cameraModel->setItem(row, i + 1, item);
-    }
 }
 
 int RoomAdjustmentDlg2g::dataReceived(const char *kind, const char *record)
@@ -330,7 +270,7 @@ void RoomAdjustmentDlg2g::writeEdits()
     m_fine->storeToRaData();
     stopTracking();
     m_controller.writeRoomAdjustment(m_current);
-    fillCameraTable();
+    m_cameras.fill(m_controller);
     m_ui->btn_apply->setEnabled(false);
     if (!m_closingByOk)
         startTracking();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CameraTable.h"
 #include "ControllerAccess.h"
 #include "Requester.h"
 #include "RoomAngleExchange.h"
@@ -13,7 +14,6 @@
 
 class CooTrans;
 class CoarseAdjustment;
-class QStandardItemModel;
 
 namespace Ui
 {
@@ -72,8 +72,6 @@ private:
     enum Tab { CoarseTab = 0, FineTab = 1 };
     enum class Notice { None, CannotTrack, NoRoom, TooOld, Locked };
 
-    void buildCameraModel();
-    void setCameraModelTexts();
     void setTabTexts();
     void buildPanels(IOManager *commands, BackendVersions *versions);
     void dropApplyShortcut();
@@ -84,11 +82,6 @@ private:
     bool prepareOpening();
     void readLock();
     void loadTransformation();
-    bool camerasHaveRooms() const;
-    bool hasTwoCamerasWithRoom(int cameras) const;
-    bool everyCameraHasRoom(int cameras) const;
-    void fillCameraTable();
-    void setCameraRow(int row, const std::array<double, 3> &position);
     void writeEdits();
     /// False when the user wants to keep the dialog open, or when it was destroyed while asking.
     bool cancel();
@@ -96,7 +89,7 @@ private:
 
     std::unique_ptr<Ui::RoomAdjustmentDlgClass> m_ui;
     ControllerAccess m_controller;
-    QStandardItemModel *m_cameraModel = nullptr;
+    CameraTable m_cameras;
     CoarseAdjustment *m_coarse = nullptr;
     CooTrans *m_fine = nullptr;
     RoomTrafoData m_current;

@@ -49,6 +49,7 @@ private slots:
     void shouldShowTheLockAndLetNobodyAdjust();
     void shouldShowTheCameras();
     void shouldEnableEverythingAnewAtTheNextOpening();
+    void shouldForgetThatTrackingWasNotAvailableOnAnOldController();
     void shouldWriteWhatWasTypedWhenApplied();
     void shouldNotRestartTrackingWhenClosedByOk();
     void shouldWriteBackWhatWasReadWhenNothingWasEdited_data();
@@ -241,6 +242,19 @@ void RoomAdjustmentDlg2gTest::shouldEnableEverythingAnewAtTheNextOpening()
         QVERIFY(f.child<QPushButton>("btn_ok")->isEnabled());
         QVERIFY(f.child<QLabel>("label_notice")->isHidden());
     });
+}
+
+void RoomAdjustmentDlg2gTest::shouldForgetThatTrackingWasNotAvailableOnAnOldController()
+{
+    DialogFixture f(0, 15);
+    f.host.setAnswer("tracking room c01", "none");
+    f.open([&] {
+        QVERIFY(!f.child<QLabel>("label_notAvailable")->isHidden());
+        f.click("btn_cancel");
+    });
+    f.host.setAnswer("tracking room c01", "1 2 3 1 0 0 0 1 0 0 0 1");
+
+    f.open([&] { QVERIFY(f.child<QLabel>("label_notAvailable")->isHidden()); });
 }
 
 void RoomAdjustmentDlg2gTest::shouldWriteWhatWasTypedWhenApplied()

@@ -1,0 +1,33 @@
+#include "CameraRooms.h"
+
+#include "ControllerAccess.h"
+
+namespace
+{
+
+bool twoCamerasHaveRooms(const ControllerAccess &controller, int cameras)
+{
+    int found = 0;
+    for (int camera = 1; camera <= cameras && found < 2; ++camera)
+        found += controller.cameraHasRoom(camera) ? 1 : 0;
+    return found == 2;
+}
+
+bool everyCameraHasRoom(const ControllerAccess &controller, int cameras)
+{
+    bool every = true;
+    for (int camera = 1; camera <= cameras; ++camera)
+        every = controller.roomOfCamera(camera) != CameraRoom::None && every;
+    return every;
+}
+
+} // namespace
+
+bool camerasHaveRooms(const ControllerAccess &controller)
+{
+    const std::optional<int> cameras = controller.numberOfCameras();
+    if (!cameras)
+        return false;
+    return controller.supports(ControllerFeature::HasRoomQuery) ? twoCamerasHaveRooms(controller, *cameras)
+                                                                : everyCameraHasRoom(controller, *cameras);
+}
