@@ -4,6 +4,7 @@
 #include "IOManager.h"
 #include "MatchingEvaluation.h"
 #include "MatchingHelp.h"
+#include "MatchingLists.h"
 #include "MatchingReport.h"
 #include "NumberText.h"
 #include "PointFilePrompt.h"
@@ -48,12 +49,10 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
 {
     loadResources();
     m_ui->setupUi(this);
-    m_referenceTable =
-        std::make_unique<PointTable>(m_ui->tableWidget_referencePoints, PointTable::Cells::Editable);
-    m_measuredTable =
-        std::make_unique<PointTable>(m_ui->tableWidget_measuredPoints, PointTable::Cells::ReadOnly);
+    m_lists =
+        std::make_unique<MatchingLists>(m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_tools = std::make_unique<ToolControls>(*m_ui);
-    m_result = std::make_unique<ResultView>(*m_ui, *m_referenceTable, *m_measuredTable);
+    m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
     connectOwnSignals();
@@ -155,13 +154,13 @@ void AbcMatchingDialog::showState()
     const bool free = m_usable && !busy;
     m_ui->tableWidget_referencePoints->setEnabled(free);
     m_ui->w_loadButton->setEnabled(free);
-    m_ui->pushButton_save->setEnabled(free && m_referenceTable->rowCount() > 0);
+    m_ui->pushButton_save->setEnabled(free && m_lists->referenceTable().rowCount() > 0);
     m_ui->pushButton_addRefPoint->setEnabled(free);
     m_ui->pushButton_removeRefPoint->setEnabled(free);
     m_ui->w_orderCheckBox->setEnabled(free);
-    m_ui->w_replaceCheckBox->setEnabled(free && m_measuredTable->selectedRow() >= 0);
+    m_ui->w_replaceCheckBox->setEnabled(free && m_lists->measuredTable().selectedRow() >= 0);
     m_ui->w_removeButton->setEnabled(free);
-    m_ui->pushButton_clearMeaPoints->setEnabled(free && m_measuredTable->rowCount() > 0);
+    m_ui->pushButton_clearMeaPoints->setEnabled(free && m_lists->measuredTable().rowCount() > 0);
     m_ui->progressBar->setEnabled(m_usable && m_toolReady);
     m_ui->w_applyButton->setEnabled(free && m_valid);
 }
@@ -192,8 +191,8 @@ void AbcMatchingDialog::keyPressEvent(QKeyEvent *event)
 void AbcMatchingDialog::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
-    m_referenceTable->showSelectedRow();
-    m_measuredTable->showSelectedRow();
+    m_lists->referenceTable().showSelectedRow();
+    m_lists->measuredTable().showSelectedRow();
 }
 
 void AbcMatchingDialog::on_w_closeButton_clicked()
@@ -324,15 +323,9 @@ void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 
 void AbcMatchingDialog::addMeasuredPoint()
 {
-    const int row = m_measuredTable->selectedRow();
     const QCheckBox *replace = m_ui->w_replaceCheckBox;
-    if (replace->isChecked() && replace->isEnabled() && row >= 0) {
-        m_measuredPoints[static_cast<std::size_t>(row)] = toPoint(m_mean);
-        m_measuredTable->setPoint(row, toPoint(m_mean));
-    } else {
-        m_measuredPoints.push_back(toPoint(m_mean));
-        m_measuredTable->append(toPoint(m_mean));
-    }
+    const bool replaces = replace->isChecked() && replace->isEnabled();
+    m_lists->takeMeasured(replaces ? m_lists->measuredTable().selectedRow() : -1, toPoint(m_mean));
     evaluate();
 }
 
@@ -350,40 +343,38 @@ void AbcMatchingDialog::on_w_removeButton_clicked()
 
 void AbcMatchingDialog::remove()
 {
-    const int row = m_measuredTable->selectedRow();
-    if (row < 0 || !confirm(tr("Remove row %1?").arg(row + 1)) || row >= m_measuredTable->rowCount())
+    const int row = m_lists->measuredTable().selectedRow();
+    if (row < 0 || !confirm(tr("Remove row %1?").arg(row + 1)) || row >= m_lists->measuredTable().rowCount())
         return;
-    m_measuredTable->removeRow(row);
-    m_measuredPoints.erase(m_measuredPoints.begin() + row);
+    m_lists->removeMeasured(row);
     evaluate();
 }
 
 void AbcMatchingDialog::on_pushButton_clearMeaPoints_clicked()
 {
-    if (m_measuredTable->rowCount() == 0 || !confirm(tr("Remove all measured points?")))
+    if (m_lists->measuredTable().rowCount() == 0 || !confirm(tr("Remove all measured points?")))
         return;
-    m_measuredTable->clear();
-    m_measuredPoints.clear();
+    m_lists->clearMeasured();
     evaluate();
 }
 
 void AbcMatchingDialog::on_pushButton_removeRefPoint_clicked()
 {
-    if (m_referenceTable->rowCount() == 0)
+    if (m_lists->referenceTable().rowCount() == 0)
         return;
-    const int row = m_referenceTable->selectedRow();
+    const int row = m_lists->referenceTable().selectedRow();
     if (row < 0) {
         inform(QMessageBox::Information, tr("Remove"), tr("Nothing selected."));
-    } else if (confirm(tr("Remove row %1?").arg(row + 1)) && row < m_referenceTable->rowCount()) {
-        m_referenceTable->removeRow(row);
-        takeReferenceCells();
+    } else if (confirm(tr("Remove row %1?").arg(row + 1)) && row < m_lists->referenceTable().rowCount()) {
+        m_lists->removeReference(row);
+        evaluate();
     }
 }
 
 void AbcMatchingDialog::on_pushButton_addRefPoint_clicked()
 {
-    m_referenceTable->append({0.0, 0.0, 0.0});
-    takeReferenceCells();
+    m_lists->addReference();
+    evaluate();
 }
 
 void AbcMatchingDialog::on_tableWidget_referencePoints_clicked(QModelIndex index)
@@ -404,10 +395,10 @@ void AbcMatchingDialog::on_tableWidget_referencePoints_itemChanged(QTableWidgetI
     const QString entered = item->text();
     QString text = entered;
     const bool valid = normalizeNumberText(text);
-    m_referenceTable->setText(item->row(), item->column(), text);
+    m_lists->referenceTable().setText(item->row(), item->column(), text);
     if (valid)
         takeReferenceCells();
-    else if (!m_referenceTable->isBeingEdited(item))
+    else if (!m_lists->referenceTable().isBeingEdited(item))
         refuseNumber(entered);
     else // after the editor has handed over its text: it would not survive this dialog's end in a message box
         QTimer::singleShot(0, this, [this, entered] { refuseNumber(entered); });
@@ -423,7 +414,7 @@ void AbcMatchingDialog::refuseNumber(const QString &entered)
 
 void AbcMatchingDialog::takeReferenceCells()
 {
-    m_referencePoints = m_referenceTable->points();
+    m_lists->takeReferenceCells();
     evaluate();
 }
 
@@ -439,25 +430,26 @@ void AbcMatchingDialog::load()
                                                      tr("Text files (*.txt);; All files (*.*)"));
     if (name.isEmpty())
         return;
-    const Result result = ReferencePointFile::load(name, m_referencePoints);
+    MatchingPoints points;
+    const Result result = ReferencePointFile::load(name, points);
     if (result == Result::UnknownFormat) {
         inform(QMessageBox::Warning, tr("Error loading file"), tr("Unknown format !"));
     } else if (result == Result::Loaded) {
-        m_referenceTable->setPoints(m_referencePoints);
+        m_lists->setReferences(std::move(points));
         evaluate();
     }
 }
 
 void AbcMatchingDialog::on_pushButton_save_clicked()
 {
-    if (m_referenceTable->rowCount() == 0) {
+    if (m_lists->referenceTable().rowCount() == 0) {
         inform(QMessageBox::Critical, QStringLiteral("Save"), QStringLiteral("Nothing to save."));
         return;
     }
     const QString name =
         PointFilePrompt::fileToSave(this, tr("Save reference points"), tr("Text file (*.txt)"));
     if (!name.isEmpty())
-        static_cast<void>(ReferencePointFile::save(name, m_referenceTable->texts()));
+        static_cast<void>(ReferencePointFile::save(name, m_lists->referenceTable().texts()));
 }
 
 /// False also when this dialog was destroyed while it asked.
@@ -494,7 +486,7 @@ void AbcMatchingDialog::evaluate()
                                                 ? MatchingEvaluation::Order::Preserved
                                                 : MatchingEvaluation::Order::Searched;
     const std::optional<MatchingEvaluation> evaluation =
-        m_run->start(m_referencePoints, m_measuredPoints, order);
+        m_run->start(m_lists->references(), m_lists->measured(), order);
     if (evaluation) {
         showEvaluation(*evaluation);
         return;

@@ -3,7 +3,6 @@
 #include "ControllerAccess.h"
 #include "MatchingEvaluation.h"
 #include "MatchingPoint.h"
-#include "PointTable.h"
 #include "ToolSampler.h"
 #include "ToolSurvey.h"
 #include "bsMatrix.h"
@@ -19,6 +18,7 @@
 #include <optional>
 
 class EvaluationRun;
+class MatchingLists;
 class QTableWidgetItem;
 class ResultView;
 class SearchProgress;
@@ -120,8 +120,7 @@ private:
     ControllerAccess m_controller;
     QTimer m_timer{this};
     ToolSampler m_sampler;
-    std::unique_ptr<PointTable> m_referenceTable;
-    std::unique_ptr<PointTable> m_measuredTable;
+    std::unique_ptr<MatchingLists> m_lists;
     std::unique_ptr<ToolControls> m_tools;
     std::unique_ptr<ResultView> m_result;
     EvaluationRun *m_run;
@@ -137,8 +136,6 @@ private:
     bool m_usable = true;
     bool m_valid = false; ///< the last evaluation succeeded
     bsVector m_mean;
-    MatchingPoints m_referencePoints;
-    MatchingPoints m_measuredPoints;
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
 };
