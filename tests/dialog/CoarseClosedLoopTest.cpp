@@ -6,6 +6,7 @@
 #include "Requester.h"
 #include "RoomAdjustmentDlg2g.h"
 #include "SimController.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 #include "VelmarParser.h"
 
@@ -157,6 +158,8 @@ private slots:
     {
         QTest::addColumn<QByteArray>("type");
         QTest::newRow("normal") << QByteArray("normal");
+        if (!TestLoad::isFull())
+            return;
         QTest::newRow("powerwall") << QByteArray("powerwall");
         QTest::newRow("powerwall standing") << QByteArray("powerwall_standing");
     }

@@ -1,5 +1,6 @@
 #include "Traveller.h"
 
+#include "TestLoad.h"
 #include "TestRegistry.h"
 
 #include <QAction>
@@ -17,6 +18,7 @@ namespace
 {
 
 constexpr int warmUp = 30;
+constexpr int mostTurns = 1000;
 constexpr int unloadsPerOpening = 10;
 constexpr std::size_t heapBytesPerTurn = 128;
 constexpr std::size_t residentBytesPerTurn = 2048;
@@ -140,27 +142,29 @@ class EnduranceTest : public QObject
 private slots:
     void shouldNotGrowHoweverOftenItIsOpened()
     {
+        const int turns = TestLoad::share(mostTurns);
         ModuleHost host;
         for (int i = 0; i < warmUp; ++i)
             openAndClose(host);
         const Census before = Census::take();
-        for (int i = 0; i < JOURNEY_TURNS; ++i)
+        for (int i = 0; i < turns; ++i)
             openAndClose(host);
         const Census after = Census::take();
-        qInfo("%d openings: %s", JOURNEY_TURNS, qPrintable(after.difference(before)));
-        QVERIFY(after.isNear(before, JOURNEY_TURNS));
+        qInfo("%d openings: %s", turns, qPrintable(after.difference(before)));
+        QVERIFY(after.isNear(before, turns));
     }
 
     void shouldLeaveNothingBehindHoweverOftenItIsUnloaded()
     {
+        const int turns = TestLoad::share(mostTurns);
         for (int i = 0; i < warmUp; ++i)
             loadAndUnload(true);
         const Census before = Census::take();
-        for (int i = 0; i < JOURNEY_TURNS; ++i)
+        for (int i = 0; i < turns; ++i)
             loadAndUnload(i % unloadsPerOpening == 0);
         const Census after = Census::take();
-        qInfo("%d unloads: %s", JOURNEY_TURNS, qPrintable(after.difference(before)));
-        QVERIFY(after.isNear(before, JOURNEY_TURNS));
+        qInfo("%d unloads: %s", turns, qPrintable(after.difference(before)));
+        QVERIFY(after.isNear(before, turns));
     }
 };
 

@@ -4,6 +4,7 @@
 #include "ModalAnswer.h"
 #include "RoomAdjustmentDlg2g.h"
 #include "SimController.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 #include "TipRecorder.h"
 
@@ -246,7 +247,7 @@ void MatchingClosedLoopTest::shouldReportTheReferenceCoordinatesAfterwards_data(
     QTest::addColumn<unsigned>("seed");
     QTest::addColumn<bool>("extra");
     QTest::addColumn<bool>("reference");
-    for (unsigned seed = 1; seed <= workpieces; ++seed) {
+    for (unsigned seed = 1; seed <= static_cast<unsigned>(TestLoad::share(workpieces)); ++seed) {
         const bool extra = seed % 2 == 0;
         const bool reference = seed % 3 == 0;
         QTest::addRow("workpiece %u%s%s", seed, extra ? ", earlier extra transformation" : "",

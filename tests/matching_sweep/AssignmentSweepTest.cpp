@@ -2,6 +2,7 @@
 
 #include "PlainLoop.h"
 #include "SweepFamilies.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 
 #include <QtTest>
@@ -36,14 +37,6 @@ QString difference(const SweepFamilies::Case &points, Totals &totals)
     return {};
 }
 
-// The sanitizers slow the loop over all orders down many times; the faults that they look for show in a share
-// of the cases, and the plain builds compare them all.
-#ifdef __SANITIZE_ADDRESS__
-constexpr int share = 10;
-#else
-constexpr int share = 1;
-#endif
-
 } // namespace
 
 /// The search and the loop over all orders must give the same, case by case.
@@ -60,12 +53,12 @@ void AssignmentSweepTest::shouldGiveTheLoopsResult_data()
 {
     QTest::addColumn<int>("points");
     QTest::addColumn<int>("cases");
-    QTest::newRow("3 points") << 3 << 4000 / share;
-    QTest::newRow("4 points") << 4 << 6000 / share;
-    QTest::newRow("5 points") << 5 << 6000 / share;
-    QTest::newRow("6 points") << 6 << 3500 / share;
-    QTest::newRow("7 points") << 7 << 1000 / share;
-    QTest::newRow("8 points") << 8 << 506 / share;
+    QTest::newRow("3 points") << 3 << TestLoad::share(4000);
+    QTest::newRow("4 points") << 4 << TestLoad::share(6000);
+    QTest::newRow("5 points") << 5 << TestLoad::share(6000);
+    QTest::newRow("6 points") << 6 << TestLoad::share(3500);
+    QTest::newRow("7 points") << 7 << TestLoad::share(1000);
+    QTest::newRow("8 points") << 8 << TestLoad::share(506);
 }
 
 void AssignmentSweepTest::shouldGiveTheLoopsResult()
