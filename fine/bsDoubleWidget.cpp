@@ -49,7 +49,6 @@ bsDoubleWidget::bsDoubleWidget(QWidget *parent)
     m_outerLayout->setContentsMargins(0, 0, 0, 0);
     m_outerLayout->addWidget(m_label);
     m_outerLayout->addLayout(m_innerLayout);
-    setFocusProxy(m_spinBox);
     setWheelOrientation(bsDoubleOrientation::Horizontal);
     languageChange();
     connectParts();
@@ -268,10 +267,19 @@ void bsDoubleWidget::setEditingFinished()
         return;
     {
         const QSignalBlocker silence(m_spinBox); // losing the focus would finish the edit a second time
-        m_spinBox->clearFocus();
+        releaseFocus();
     }
     emit editingFinished();
     m_editing = false;
+}
+
+/// The wheel stands behind the spin box, so that the Tab key goes on where the edit ended.
+void bsDoubleWidget::releaseFocus()
+{
+    if (m_spinBox->hasFocus() && m_wheel->isVisible())
+        m_wheel->setFocus(Qt::OtherFocusReason);
+    else
+        m_spinBox->clearFocus();
 }
 
 void bsDoubleWidget::setMouseEditingBegin()

@@ -95,6 +95,7 @@ private:
     void buildSpinBox();
     void buildWheel();
     void connectParts();
+    void releaseFocus();
 
     QBoxLayout *m_outerLayout;
     QLabel *m_label;

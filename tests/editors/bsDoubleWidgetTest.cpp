@@ -125,6 +125,32 @@ private slots:
         QVERIFY(!bench.spinBox()->hasFocus());
     }
 
+    void shouldLetTheTabKeyGoOnWhereAnEditEnded()
+    {
+        // GIVEN
+        Bench bench;
+        QVERIFY(bench.isReady);
+        bench.type("12");
+        // WHEN
+        QTest::keyClick(bench.spinBox(), Qt::Key_Return);
+        // THEN
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget *>(bench.wheel()));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY(bench.other.hasFocus());
+    }
+
+    void shouldGiveTheFocusUpWhereThereIsNoWheel()
+    {
+        Bench bench;
+        QVERIFY(bench.isReady);
+        bench.editor->setMode(bsDoubleMode::SpinBox);
+        bench.type("12");
+        QTest::keyClick(bench.spinBox(), Qt::Key_Return);
+        QVERIFY(!bench.spinBox()->hasFocus());
+        QVERIFY(!bench.wheel()->hasFocus());
+        QCOMPARE(bench.log.last(), QStringLiteral("end"));
+    }
+
     void shouldFinishATypedEditWhenTheFocusLeaves()
     {
         Bench bench;
