@@ -3,6 +3,7 @@
 #include "bsDoubleWidget.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 
 xyzWidget::xyzWidget(QWidget *parent)
     : QGroupBox(parent)
@@ -16,9 +17,20 @@ xyzWidget::xyzWidget(QWidget *parent)
     m_x->setObjectName(QStringLiteral("x"));
     m_y->setObjectName(QStringLiteral("y"));
     m_z->setObjectName(QStringLiteral("z"));
-    setLabels(tr("X :"), tr("Y :"), tr("Z :"));
+    showStandardLabels();
     for (bsDoubleWidget *editor : m_editors)
         addEditor(editor);
+}
+
+/// Labels that were given from outside are not in the hands of this widget.
+void xyzWidget::showStandardLabels()
+{
+    const std::array<QString, 3> labels{tr("X :"), tr("Y :"), tr("Z :")};
+    for (std::size_t i = 0; i < m_editors.size(); ++i) {
+        if (m_editors[i]->labelText() == m_standardLabels[i])
+            m_editors[i]->setLabel(labels[i]);
+    }
+    m_standardLabels = labels;
 }
 
 void xyzWidget::addEditor(bsDoubleWidget *editor)
@@ -182,6 +194,13 @@ void xyzWidget::setYWrapping(bool wrapping)
 void xyzWidget::setZWrapping(bool wrapping)
 {
     m_z->setWrapping(wrapping);
+}
+
+void xyzWidget::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        showStandardLabels();
+    QGroupBox::changeEvent(event);
 }
 
 void xyzWidget::xyzChanged(double)

@@ -75,7 +75,11 @@ public slots:
 protected slots:
     void xyzChanged(double value);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void showStandardLabels();
     void addEditor(bsDoubleWidget *editor);
 
     QBoxLayout *m_layout;
@@ -83,4 +87,5 @@ private:
     bsDoubleWidget *m_y;
     bsDoubleWidget *m_z;
     std::array<bsDoubleWidget *, 3> m_editors;
+    std::array<QString, 3> m_standardLabels; ///< as they were shown last
 };

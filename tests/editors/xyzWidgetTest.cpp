@@ -9,6 +9,7 @@
 #include <QMetaMethod>
 #include <QMetaProperty>
 #include <QSignalSpy>
+#include <QTranslator>
 #include <QtTest>
 
 namespace
@@ -24,6 +25,27 @@ QDoubleSpinBox *spinBox(const bsDoubleWidget *editor)
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+/// A language in which each text of the group begins with "de ".
+class OtherLanguage : public QTranslator
+{
+public:
+    OtherLanguage() { QCoreApplication::installTranslator(this); }
+    ~OtherLanguage() override { QCoreApplication::removeTranslator(this); }
+
+    QString translate(const char *context, const char *text, const char * /*remark*/,
+                      int /*number*/) const override
+    {
+        const bool isMeant = qstrcmp(context, "xyzWidget") == 0;
+        return isMeant ? QStringLiteral("de ") + QString::fromUtf8(text) : QString();
+    }
+    bool isEmpty() const override { return false; }
+};
+
+QStringList labelsOf(const xyzWidget &widget)
+{
+    return {widget.xEditor()->labelText(), widget.yEditor()->labelText(), widget.zEditor()->labelText()};
 }
 
 } // namespace
@@ -131,6 +153,24 @@ private slots:
             QCOMPARE(spinBox(editor)->text(), QStringLiteral("0.000 mm"));
         }
         QCOMPARE(widget.singleStep(), 2.5);
+    }
+
+    void shouldRenewItsOwnLabelsWhenTheLanguageChanges()
+    {
+        // GIVEN
+        xyzWidget widget;
+        widget.setYLabel(QStringLiteral("height"));
+        widget.show();
+        const auto nameOfX = [&widget] { return spinBox(widget.xEditor())->accessibleName(); };
+        {
+            // WHEN
+            const OtherLanguage german;
+            // THEN
+            QTRY_COMPARE(labelsOf(widget), QStringList({"de X :", "height", "de Z :"}));
+            QCOMPARE(nameOfX(), QStringLiteral("de X :"));
+        }
+        QTRY_COMPARE(labelsOf(widget), QStringList({"X :", "height", "Z :"}));
+        QCOMPARE(nameOfX(), QStringLiteral("X :"));
     }
 
     void shouldTakeTitleLabelsAndDirection()
