@@ -235,7 +235,9 @@ void CoarseAdjustment::changeEvent(QEvent *event)
     if (event->type() == QEvent::PaletteChange)
         colorAxes();
     if (event->type() == QEvent::LanguageChange) {
+        const bool isNoticed = !m_ui->label_assignNotice->text().isEmpty();
         m_ui->retranslateUi(this);
-        showState();
+        if (isNoticed)
+            m_ui->label_assignNotice->setText(notice());
     }
 }

@@ -80,14 +80,16 @@ void AdjustmentFields::showScaling(double scaling)
     widenScaling();
     m_ui.doubleSpinBox_scalingFactor->setValue(shown);
     m_wideScaling = !isNarrowScaling(shown);
-    if (!m_wideScaling)
+    if (!*m_wideScaling)
         m_ui.doubleSpinBox_scalingFactor->setRange(narrowScalingMinimum, narrowScalingMaximum);
     showScalingCaption();
 }
 
 void AdjustmentFields::showScalingCaption()
 {
-    const QString caption = m_wideScaling ? tr("Scaling") : tr("Scaling (+/- 5%)");
+    if (!m_wideScaling)
+        return;
+    const QString caption = *m_wideScaling ? tr("Scaling") : tr("Scaling (+/- 5%)");
     m_ui.groupBox_scaling->setTitle(caption);
     m_ui.doubleSpinBox_scalingFactor->setToolTip(caption);
 }

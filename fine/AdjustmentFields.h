@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include <array>
+#include <optional>
 
 class QDoubleSpinBox;
 
@@ -48,5 +49,5 @@ private:
     [[nodiscard]] std::array<QDoubleSpinBox *, 3> offsetBoxes() const;
 
     Ui::CooTransClass &m_ui;
-    bool m_wideScaling = false;
+    std::optional<bool> m_wideScaling; ///< none before the first showScaling()
 };
