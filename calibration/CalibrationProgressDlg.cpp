@@ -4,6 +4,7 @@
 #include "CalibrationRun.h"
 #include "CameraGrid.h"
 #include "CountdownDlg.h"
+#include "PercentText.h"
 #include "Prompt.h"
 #include "Resources.h"
 #include "ui_CalibrationProgressDialog.h"
@@ -50,6 +51,7 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
     loadResources();
     m_ui->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    showPercentBeside(m_ui->progressBar_overall, m_ui->label_percent);
     showRemainingTime();
     keepRoomFor(m_ui->label_info);
     keepRoomFor(m_ui->label_warning);

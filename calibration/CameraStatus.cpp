@@ -1,5 +1,6 @@
 #include "CameraStatus.h"
 
+#include "PercentText.h"
 #include "Percentage.h"
 #include "ui_CameraStatus.h"
 
@@ -61,11 +62,7 @@ CameraStatus::CameraStatus(IOManager *commands, QWidget *parent, const BackendVe
     , m_index(index)
 {
     m_ui->setupUi(this);
-    // The bar's colours run from dark to white, so that its own text would be unreadable on one of them.
-    m_ui->label_percent->setMinimumWidth(m_ui->label_percent->sizeHint().width());
-    m_ui->label_percent->setText(m_ui->progressBar->text());
-    connect(m_ui->progressBar, &QProgressBar::valueChanged, this,
-            [this] { m_ui->label_percent->setText(m_ui->progressBar->text()); });
+    showPercentBeside(m_ui->progressBar, m_ui->label_percent);
     setTitle(twoDigits(QStringLiteral("c%1"), m_index + 1));
     highlight(false);
     m_serial = QString::fromUtf8(m_controller.cameraSerial(m_index + 1));

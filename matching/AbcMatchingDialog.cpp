@@ -117,7 +117,7 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
     showSurveyTexts();
     m_ui->progressBar->setValue(0);
     showTrackingStatus();
-    m_ui->w_measureButton->setEnabled(m_toolReady);
+    m_tools->enableMeasuring(m_toolReady);
     if (m_toolReady)
         m_timer.start();
 }
@@ -284,7 +284,7 @@ void AbcMatchingDialog::on_w_measureButton_clicked()
     const ControllerAccess controller = m_controller;
     m_starting = true;
     m_measuring = true;
-    m_ui->w_measureButton->setEnabled(false);
+    m_tools->enableMeasuring(false);
     const double duration = controller.measurementDuration(tool);
     if (self.isNull())
         return;
@@ -309,9 +309,9 @@ void AbcMatchingDialog::showTrackingStatus()
     const bool selected = m_sampler.selectedTool() != ToolSampler::noTool;
     const bool tracked = selected && m_sampler.isTracked();
     if (!tracked || m_run->isRunning())
-        m_ui->w_measureButton->setEnabled(false);
+        m_tools->enableMeasuring(false);
     else if (!m_measuring)
-        m_ui->w_measureButton->setEnabled(m_usable);
+        m_tools->enableMeasuring(m_usable);
     m_tools->showTracking(tracked);
 }
 

@@ -2,6 +2,7 @@
 
 #include "MatchingReport.h"
 
+#include <QProgressBar>
 #include <QProgressDialog>
 
 #include <chrono>
@@ -62,4 +63,5 @@ void SearchProgress::showTexts()
     m_display->setWindowTitle(m_window->windowTitle());
     m_display->setLabelText(MatchingReport::searching());
     m_display->setCancelButtonText(tr("Cancel"));
+    m_display->findChild<QProgressBar *>()->setAccessibleName(MatchingReport::searching());
 }

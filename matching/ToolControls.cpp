@@ -25,6 +25,13 @@ ToolControls::ToolControls(Ui::AbcMatchingDialogClass &ui)
     : m_ui(ui)
 {
     showNoToolNotice(false);
+    // Beside the bar: its filled part has a colour of its own, on which a text may be unreadable.
+    QLabel *label = m_ui.label_progress;
+    label->setText(QStringLiteral("100%"));
+    label->setMinimumWidth(label->sizeHint().width());
+    const auto showProgress = [bar = m_ui.progressBar, label] { label->setText(bar->text()); };
+    QObject::connect(m_ui.progressBar, &QProgressBar::valueChanged, label, showProgress);
+    showProgress();
 }
 
 void ToolControls::fill(const std::vector<int> &tools)
@@ -67,6 +74,21 @@ void ToolControls::showTracking(bool tracked)
     m_ui.label_trackedIcon->setPixmap(QPixmap(picture));
     m_ui.label_trackedIcon->setToolTip(text);
     m_ui.label_trackedIcon->setAccessibleDescription(text);
+}
+
+void ToolControls::enableMeasuring(bool enable)
+{
+    QPushButton *button = m_ui.w_measureButton;
+    const QWidget *window = button->window();
+    const bool passesOn = !enable && window->focusWidget() == button;
+    button->setEnabled(enable);
+    if (passesOn)
+        m_focusMeanwhile = window->focusWidget();
+    if (!enable || m_focusMeanwhile.isNull())
+        return;
+    if (window->focusWidget() == m_focusMeanwhile)
+        button->setFocus();
+    m_focusMeanwhile.clear();
 }
 
 void ToolControls::showStart(double duration)

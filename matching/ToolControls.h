@@ -1,8 +1,11 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QPointer>
 
 #include <vector>
+
+class QWidget;
 
 namespace Ui
 {
@@ -28,10 +31,15 @@ public:
     /// With no tool selected, `tracked` does not count.
     void showTracking(bool tracked);
 
+    /// A button that is disabled passes the keyboard focus on. "Measure" gets it back when it is enabled
+    /// again, unless the user went elsewhere meanwhile.
+    void enableMeasuring(bool enable);
+
     /// Empties the bar and sets its end.
     void showStart(double duration);
     void showElapsed(double elapsed);
 
 private:
     Ui::AbcMatchingDialogClass &m_ui;
+    QPointer<QWidget> m_focusMeanwhile;
 };

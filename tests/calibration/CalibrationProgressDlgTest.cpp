@@ -166,6 +166,7 @@ private slots:
             startOfRoom() + onePoll() + onePoll() + onePoll() + cameras + lines({"read status active"});
         QCOMPARE(bench.host.calls(), expected);
         QCOMPARE(dialog.overall(), 35);
+        QCOMPARE(dialog.text("label_percent"), QStringLiteral("35%"));
         QCOMPARE(dialog.information(), QStringLiteral("room calibration"));
         const auto boxes = dialog.findChildren<CameraStatus *>();
         QCOMPARE(boxes[0]->findChild<QProgressBar *>()->value(), 35);

@@ -233,6 +233,7 @@ void MatchingMeasuringTest::shouldShowTheProgressOfTheMeasurement()
         receive(opened, "ts", "ts 10.256");
         QCOMPARE(progress.takeLast().at(0).toDouble(), 10.256 - 10.0);
         QCOMPARE(bar->value(), 25);
+        QCOMPARE(opened.find<QLabel>("label_progress")->text(), QStringLiteral("25%"));
         receive(opened, "ts", "ts 11.5");
         QCOMPARE(bar->value(), 100);
         receive(opened, "6dmt2", tool1("0 0 0 0"));
