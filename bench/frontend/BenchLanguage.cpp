@@ -9,6 +9,7 @@ namespace
 {
 
 const QLatin1String baseName("room_adjustment_");
+const QLatin1String benchBaseName("room_bench_");
 const QLatin1String ending(".qm");
 const QLatin1String withoutTranslation("en");
 
@@ -46,7 +47,9 @@ bool BenchLanguage::choose(const QString &code)
         if (ofQt->load(QLatin1String("qtbase_") + code,
                        QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
             translators.push_back(std::move(ofQt));
-        translators.push_back(moduleTranslator(code));
+        if (auto ofBench = translator(benchBaseName + code))
+            translators.push_back(std::move(ofBench));
+        translators.push_back(translator(baseName + code));
         if (translators.back() == nullptr)
             return false;
     }
@@ -55,14 +58,14 @@ bool BenchLanguage::choose(const QString &code)
     return true;
 }
 
-std::unique_ptr<QTranslator> BenchLanguage::moduleTranslator(const QString &code) const
+std::unique_ptr<QTranslator> BenchLanguage::translator(const QString &name) const
 {
     for (const QString &folder : m_folders) {
-        auto translator = std::make_unique<QTranslator>();
-        // QTranslator would cut the code short until some file fits, and an empty name fits none.
-        const QString file = QDir(folder).filePath(baseName + code + ending);
-        if (QFile::exists(file) && translator->load(file))
-            return translator;
+        auto found = std::make_unique<QTranslator>();
+        // QTranslator would cut the name short until some file fits, and an empty code fits none.
+        const QString file = QDir(folder).filePath(name + ending);
+        if (QFile::exists(file) && found->load(file))
+            return found;
     }
     return nullptr;
 }
@@ -90,7 +93,7 @@ QStringList BenchLanguage::folders(const QString &executableFolder)
 {
     const QDir folder(executableFolder);
     QStringList found;
-    for (const char *place : {"../../translations", ROOM_TRANSLATIONS_FROM_PROGRAMS})
+    for (const char *place : {"../../translations", "../translations", ROOM_TRANSLATIONS_FROM_PROGRAMS})
         found << QDir::cleanPath(folder.absoluteFilePath(QLatin1String(place)));
     return found;
 }

@@ -8,14 +8,16 @@
 #include <memory>
 #include <vector>
 
-/// The language in which the module and Qt's own buttons speak. The bench itself speaks English.
+/// The language in which the module, the windows of the bench and Qt's own buttons speak. What the programs
+/// print stays English.
 ///
-/// A translation of the module is a file "room_adjustment_CODE.qm", with CODE such as "de". English needs
-/// none.
+/// A translation of the module is a file "room_adjustment_CODE.qm", with CODE such as "de"; that of the bench
+/// is "room_bench_CODE.qm". English needs none.
 class BenchLanguage
 {
 public:
-    /// The translations are looked for in these folders, the first one first.
+    /// The translations are looked for in these folders, the first one first. A language is offered when the
+    /// module speaks it; the bench follows if it can.
     explicit BenchLanguage(const QStringList &folders);
     ~BenchLanguage();
 
@@ -35,7 +37,7 @@ public:
     static QStringList folders(const QString &executableFolder);
 
 private:
-    std::unique_ptr<QTranslator> moduleTranslator(const QString &code) const;
+    std::unique_ptr<QTranslator> translator(const QString &name) const;
     void install(std::vector<std::unique_ptr<QTranslator>> translators);
 
     QStringList m_folders;

@@ -34,7 +34,7 @@ constexpr std::array<OptionText, 18> texts = {{
     {"fault", "\"LINE\"", "A fault, such as \"fail 3 velmar2 get status\"; can be given again."},
     {"control", "\"LINE\"", "Any control line, such as \"tool 1 tremor 2\"; can be given again."},
     {"demo", "DIR", "Do the main job with real keys and clicks, leave pictures in DIR, and end."},
-    {"language", "CODE", "Language of the module, such as de; English without it."},
+    {"language", "CODE", "Language of the windows, such as de; English without it."},
     {"log", "FILE", "Write the conversation with the controller there at the end."},
 }};
 

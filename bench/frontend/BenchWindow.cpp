@@ -41,10 +41,9 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     , m_observerMode(observerMode)
     , m_conversation(new ConversationView(channel.log(), this))
     , m_room(new RoomPanel(m_controls, this))
-    , m_connectionLabel(new QLabel(channel.link().description(), this))
+    , m_connectionLabel(new QLabel(this))
     , m_moduleLabel(new QLabel(this))
 {
-    setWindowTitle(tr("Velmar Bench"));
     setCentralWidget(m_conversation);
     statusBar()->addPermanentWidget(m_moduleLabel);
     statusBar()->addPermanentWidget(m_connectionLabel);
@@ -56,7 +55,7 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     new CameraNotices(m_channel, this);
     buildMenus();
     readVersion();
-    showModuleState();
+    showTexts();
     connect(&m_controls, &RoomControls::changed, this, &BenchWindow::readVersion);
     connect(&m_channel, &BenchIOManager::errorReported, this,
             [this](const QString &, const QString &, int, const QString &message) {
@@ -77,32 +76,58 @@ BenchWindow::~BenchWindow()
 
 void BenchWindow::buildMenus()
 {
-    QMenu *bench = menuBar()->addMenu(tr("&Bench"));
-    m_loadAction = bench->addAction(tr("&Load the module"), this, &BenchWindow::loadModule);
-    m_unloadAction = bench->addAction(tr("&Unload the module"), this, &BenchWindow::unloadModule);
-    QAction *observer = bench->addAction(tr("&Observer mode at the next loading"));
-    observer->setCheckable(true);
-    observer->setChecked(m_observerMode);
-    connect(observer, &QAction::toggled, this, [this](bool checked) { m_observerMode = checked; });
-    bench->addSeparator();
-    bench->addAction(tr("Show the simulated &room"), this, &BenchWindow::showRoom,
-                     QKeySequence(tr("Ctrl+R")));
-    bench->addAction(tr("&Switch the window"), m_companion, &ModalCompanion::switchWindow,
-                     QKeySequence(tr("F6")));
-    bench->addSeparator();
-    bench->addAction(tr("&Quit"), this, &QWidget::close, QKeySequence(tr("Ctrl+Q")));
-    QMenu *help = menuBar()->addMenu(tr("&Help"));
-    help->addAction(tr("&How to measure points"), this, &BenchWindow::showHelp, QKeySequence(tr("F1")));
-    m_menus = std::make_unique<ModuleMenus>(menuBar(), help->menuAction());
+    m_benchMenu = menuBar()->addMenu(QString());
+    m_loadAction = m_benchMenu->addAction(QString(), this, &BenchWindow::loadModule);
+    m_unloadAction = m_benchMenu->addAction(QString(), this, &BenchWindow::unloadModule);
+    m_observerAction = m_benchMenu->addAction(QString());
+    m_observerAction->setCheckable(true);
+    m_observerAction->setChecked(m_observerMode);
+    connect(m_observerAction, &QAction::toggled, this, [this](bool checked) { m_observerMode = checked; });
+    m_benchMenu->addSeparator();
+    m_roomAction = m_benchMenu->addAction(QString(), this, &BenchWindow::showRoom,
+                                          QKeySequence(int(Qt::CTRL) | int(Qt::Key_R)));
+    m_switchAction = m_benchMenu->addAction(QString(), m_companion, &ModalCompanion::switchWindow,
+                                            QKeySequence(Qt::Key_F6));
+    m_benchMenu->addSeparator();
+    m_quitAction = m_benchMenu->addAction(QString(), this, &QWidget::close,
+                                          QKeySequence(int(Qt::CTRL) | int(Qt::Key_Q)));
+    m_helpMenu = menuBar()->addMenu(QString());
+    m_measuringAction =
+        m_helpMenu->addAction(QString(), this, &BenchWindow::showHelp, QKeySequence(Qt::Key_F1));
+    m_measuringAction->setObjectName(QStringLiteral("helpOnMeasuring"));
+    m_menus = std::make_unique<ModuleMenus>(menuBar(), m_helpMenu->menuAction());
 }
 
 void BenchWindow::offerLanguage(BenchLanguage &language)
 {
-    menuBar()->insertMenu(menuBar()->actions().constLast(),
-                          new LanguageMenu(tr("&Language"), language, this));
+    m_languageMenu = new LanguageMenu(language, this);
+    menuBar()->insertMenu(menuBar()->actions().constLast(), m_languageMenu);
     auto *roomBar = new QMenuBar(m_room);
-    roomBar->addMenu(new LanguageMenu(tr("Language"), language, roomBar)); // every letter is taken there
+    m_roomLanguageMenu = new LanguageMenu(language, roomBar);
+    roomBar->addMenu(m_roomLanguageMenu);
     m_room->layout()->setMenuBar(roomBar);
+    showTexts();
+}
+
+/// All that the window says in the present language, but for what is shown for a moment.
+void BenchWindow::showTexts()
+{
+    setWindowTitle(tr("Velmar Bench"));
+    m_benchMenu->setTitle(tr("&Bench"));
+    m_loadAction->setText(tr("&Load the module"));
+    m_unloadAction->setText(tr("&Unload the module"));
+    m_observerAction->setText(tr("&Observer mode at the next loading"));
+    m_roomAction->setText(tr("Show the simulated &room"));
+    m_switchAction->setText(tr("&Switch the window"));
+    m_quitAction->setText(tr("&Quit"));
+    m_helpMenu->setTitle(tr("&Help"));
+    m_measuringAction->setText(tr("&How to measure points"));
+    if (m_languageMenu != nullptr)
+        m_languageMenu->setTitle(tr("&Language"));
+    if (m_roomLanguageMenu != nullptr)
+        m_roomLanguageMenu->setTitle(tr("Language")); // every letter is taken there
+    m_connectionLabel->setText(m_channel.link().description());
+    showModuleState();
 }
 
 bool BenchWindow::loadModule()
@@ -132,7 +157,7 @@ void BenchWindow::showModuleState()
     const bool isLoaded = m_module.isLoaded();
     m_loadAction->setEnabled(!isLoaded);
     m_unloadAction->setEnabled(isLoaded);
-    m_moduleLabel->setText(isLoaded ? tr("%1 %2").arg(m_module.name(), m_module.version())
+    m_moduleLabel->setText(isLoaded ? m_module.name() + QLatin1Char(' ') + m_module.version()
                                     : tr("no module loaded"));
 }
 
@@ -146,9 +171,11 @@ void BenchWindow::retitleModule()
 void BenchWindow::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    showTexts();
     // All windows get this event in turn; the module knows its new texts when all have had it.
-    if (event->type() == QEvent::LanguageChange)
-        QTimer::singleShot(0, this, &BenchWindow::retitleModule);
+    QTimer::singleShot(0, this, &BenchWindow::retitleModule);
 }
 
 void BenchWindow::readVersion()

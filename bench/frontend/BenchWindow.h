@@ -14,6 +14,7 @@ class BenchLanguage;
 class ConversationView;
 class ModalCompanion;
 class QLabel;
+class QMenu;
 class RoomPanel;
 
 /// The small front-end: the menus with the module's action, the conversation with the controller, and beside
@@ -50,6 +51,7 @@ protected:
 
 private:
     void buildMenus();
+    void showTexts();
     void readVersion();
     void showModuleState();
     void retitleModule();
@@ -66,7 +68,16 @@ private:
     ModalCompanion *m_companion = nullptr;
     QLabel *m_connectionLabel;
     QLabel *m_moduleLabel;
+    QMenu *m_benchMenu = nullptr;
     QAction *m_loadAction = nullptr;
     QAction *m_unloadAction = nullptr;
+    QAction *m_observerAction = nullptr;
+    QAction *m_roomAction = nullptr;
+    QAction *m_switchAction = nullptr;
+    QAction *m_quitAction = nullptr;
+    QMenu *m_helpMenu = nullptr;
+    QAction *m_measuringAction = nullptr;
+    QMenu *m_languageMenu = nullptr;
+    QMenu *m_roomLanguageMenu = nullptr;
     std::unique_ptr<ModuleMenus> m_menus;
 };

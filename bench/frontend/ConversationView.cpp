@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QEvent>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
@@ -18,9 +19,9 @@ namespace
 
 constexpr int rowPadding = 4;
 
-void setColumnWidth(QTableView *view, int column, const QString &widest)
+int columnWidth(const QTableView *view, const QString &widest)
 {
-    view->setColumnWidth(column, view->fontMetrics().horizontalAdvance(widest) + 4 * rowPadding);
+    return view->fontMetrics().horizontalAdvance(widest) + 4 * rowPadding;
 }
 
 } // namespace
@@ -31,31 +32,11 @@ ConversationView::ConversationView(CallLog &log, QWidget *parent)
     , m_log(log)
 {
     m_ui->setupUi(this);
-    m_ui->kindBox->addItems({tr("Everything"), tr("Commands and settings"), tr("Failures and reports")});
     m_filter.setSourceModel(&m_log);
-    m_ui->callView->setModel(&m_filter);
-    m_ui->callView->verticalHeader()->hide();
-    m_ui->callView->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-    m_ui->callView->horizontalHeader()->setStretchLastSection(true);
-    m_ui->callView->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    setColumnWidth(m_ui->callView, CallLog::Number, QStringLiteral("00000"));
-    setColumnWidth(m_ui->callView, CallLog::Time, QStringLiteral("Time [s]"));
-    setColumnWidth(m_ui->callView, CallLog::Operation, QStringLiteral("getParameterDoubles"));
-    setColumnWidth(m_ui->callView, CallLog::Text,
-                   QStringLiteral("tracking extra_translation -1000.000 -1000.000 -1000.000"));
-    setColumnWidth(m_ui->callView, CallLog::Result, QStringLiteral("Result"));
-
-    auto *copy = new QAction(tr("Copy"), m_ui->callView);
-    copy->setShortcut(QKeySequence::Copy);
-    copy->setShortcutContext(Qt::WidgetShortcut);
-    m_ui->callView->addAction(copy);
-    m_ui->callView->setContextMenuPolicy(Qt::ActionsContextMenu);
-    connect(copy, &QAction::triggered, this, &ConversationView::on_copyButton_clicked);
-    auto *find = new QAction(tr("Look for a text"), this);
-    find->setShortcut(QKeySequence::Find);
-    addAction(find);
-    connect(find, &QAction::triggered, m_ui->filterEdit, qOverload<>(&QWidget::setFocus));
-
+    buildTable();
+    addActions();
+    m_ui->kindBox->addItems({QString(), QString(), QString()});
+    showTexts();
     const QScrollBar *bar = m_ui->callView->verticalScrollBar();
     connect(&m_filter, &QAbstractItemModel::rowsAboutToBeInserted, this,
             [this, bar] { m_isAtEnd = bar->value() == bar->maximum(); });
@@ -64,6 +45,58 @@ ConversationView::ConversationView(CallLog &log, QWidget *parent)
 }
 
 ConversationView::~ConversationView() = default;
+
+void ConversationView::buildTable()
+{
+    QTableView *view = m_ui->callView;
+    view->setModel(&m_filter);
+    view->verticalHeader()->hide();
+    view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
+    view->horizontalHeader()->setStretchLastSection(true);
+    view->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    view->setColumnWidth(CallLog::Number, columnWidth(view, QStringLiteral("00000")));
+    view->setColumnWidth(CallLog::Operation, columnWidth(view, QStringLiteral("getParameterDoubles")));
+    view->setColumnWidth(
+        CallLog::Text,
+        columnWidth(view, QStringLiteral("tracking extra_translation -1000.000 -1000.000 -1000.000")));
+}
+
+void ConversationView::addActions()
+{
+    m_copyAction = new QAction(m_ui->callView);
+    m_copyAction->setShortcut(QKeySequence::Copy);
+    m_copyAction->setShortcutContext(Qt::WidgetShortcut);
+    m_ui->callView->addAction(m_copyAction);
+    m_ui->callView->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(m_copyAction, &QAction::triggered, this, &ConversationView::on_copyButton_clicked);
+    m_findAction = new QAction(this);
+    m_findAction->setShortcut(QKeySequence::Find);
+    addAction(m_findAction);
+    connect(m_findAction, &QAction::triggered, m_ui->filterEdit, qOverload<>(&QWidget::setFocus));
+}
+
+/// What the form itself does not know. The columns of short numbers are as wide as their titles.
+void ConversationView::showTexts()
+{
+    const QStringList kinds{tr("Everything"), tr("Commands and settings"), tr("Failures and reports")};
+    for (int kind = 0; kind < kinds.size(); ++kind)
+        m_ui->kindBox->setItemText(kind, kinds.at(kind));
+    m_copyAction->setText(tr("Copy"));
+    m_findAction->setText(tr("Look for a text"));
+    for (const CallLog::Column column : {CallLog::Time, CallLog::Result}) {
+        const QString title = m_log.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        m_ui->callView->setColumnWidth(column, columnWidth(m_ui->callView, title));
+    }
+}
+
+void ConversationView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_ui->retranslateUi(this);
+    showTexts();
+}
 
 void ConversationView::followEnd()
 {

@@ -7,6 +7,7 @@
 #include <memory>
 
 class CallLog;
+class QAction;
 
 namespace Ui
 {
@@ -26,6 +27,9 @@ public:
     /// Writes what is listed to a text file; false when that is not possible.
     [[nodiscard]] bool saveTo(const QString &file) const;
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private slots:
     void on_kindBox_activated(int index);
     void on_filterEdit_textChanged(const QString &text);
@@ -34,10 +38,15 @@ private slots:
     void on_clearButton_clicked();
 
 private:
+    void buildTable();
+    void addActions();
+    void showTexts();
     void followEnd();
 
     std::unique_ptr<Ui::ConversationView> m_ui;
     CallLog &m_log;
     CallFilter m_filter;
+    QAction *m_copyAction = nullptr;
+    QAction *m_findAction = nullptr;
     bool m_isAtEnd = true;
 };

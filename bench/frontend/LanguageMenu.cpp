@@ -4,8 +4,8 @@
 
 #include <QActionGroup>
 
-LanguageMenu::LanguageMenu(const QString &title, BenchLanguage &language, QWidget *parent)
-    : QMenu(title, parent)
+LanguageMenu::LanguageMenu(BenchLanguage &language, QWidget *parent)
+    : QMenu(parent)
     , m_language(language)
     , m_group(new QActionGroup(this))
 {

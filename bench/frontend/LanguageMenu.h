@@ -13,7 +13,7 @@ class LanguageMenu : public QMenu
 
 public:
     /// The language must outlive the menu.
-    LanguageMenu(const QString &title, BenchLanguage &language, QWidget *parent = nullptr);
+    explicit LanguageMenu(BenchLanguage &language, QWidget *parent = nullptr);
 
 private:
     void showCurrent();

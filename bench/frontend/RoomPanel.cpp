@@ -3,12 +3,14 @@
 #include "RoomControls.h"
 #include "ui_RoomPanel.h"
 
+#include <QEvent>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSignalBlocker>
+#include <QTabBar>
 
 #include <chrono>
 
@@ -31,6 +33,11 @@ QString versionText(const std::array<int, 3> &version)
 {
     const QString text = QStringLiteral("%1.%2").arg(version[0]).arg(version[1]);
     return version[2] < 0 ? text : text + QStringLiteral(".%1").arg(version[2]);
+}
+
+QString nameOfButton(int point)
+{
+    return QStringLiteral("pointButton%1").arg(point);
 }
 
 } // namespace
@@ -78,22 +85,39 @@ void RoomPanel::showPoints()
     m_shownPoints = count;
     qDeleteAll(
         m_ui->touchGroup->findChildren<QPushButton *>(QRegularExpression(QStringLiteral("^pointButton"))));
-    QWidget *before = m_ui->tabWidget;
+    QWidget *before = m_ui->tabWidget->tabBar(); // behind the tabs themselves would be behind all pages
     for (int number = 1; number <= count; ++number) {
-        auto *button =
-            new QPushButton(number <= lastMnemonic ? tr("Point &%1").arg(number) : tr("Point %1").arg(number),
-                            m_ui->touchGroup);
-        button->setObjectName(QStringLiteral("pointButton%1").arg(number));
-        if (const auto point = m_controls.point(number))
-            button->setToolTip(tr("%1, nominally at %2, %3, %4")
-                                   .arg(point->name, millimetres(point->nominalMm[0]),
-                                        millimetres(point->nominalMm[1]), millimetres(point->nominalMm[2])));
+        auto *button = new QPushButton(m_ui->touchGroup);
+        button->setObjectName(nameOfButton(number));
         connect(button, &QPushButton::clicked, this, [this, number] { touch(number); });
         m_ui->pointLayout->addWidget(button, (number - 1) / pointColumns, (number - 1) % pointColumns);
         setTabOrder(before, button);
         before = button;
     }
     setTabOrder(before, m_ui->savePointsButton);
+    showPointTexts();
+}
+
+void RoomPanel::showPointTexts()
+{
+    for (int number = 1; number <= m_shownPoints; ++number) {
+        auto *button = m_ui->touchGroup->findChild<QPushButton *>(nameOfButton(number));
+        button->setText((number <= lastMnemonic ? tr("Point &%1") : tr("Point %1")).arg(number));
+        if (const auto point = m_controls.point(number))
+            button->setToolTip(tr("%1, nominally at %2, %3, %4")
+                                   .arg(point->name, millimetres(point->nominalMm[0]),
+                                        millimetres(point->nominalMm[1]), millimetres(point->nominalMm[2])));
+    }
+}
+
+void RoomPanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::LanguageChange)
+        return;
+    m_ui->retranslateUi(this);
+    showPointTexts();
+    showReading();
 }
 
 void RoomPanel::touch(int point)

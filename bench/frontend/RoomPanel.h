@@ -30,6 +30,9 @@ public slots:
     /// Asks for the tool's reading and shows it.
     void showReading();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private slots:
     void on_savePointsButton_clicked();
     void on_toolButton_clicked();
@@ -51,6 +54,7 @@ private slots:
 private:
     void setVersion(const QString &version);
     void showPoints();
+    void showPointTexts();
     void showMessage(const QString &text);
     void touch(int point);
 
