@@ -1,5 +1,7 @@
 #include "WindowAudit.h"
 
+#include "ReadingOrder.h"
+
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -10,16 +12,14 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
 #include <QTabBar>
-#include <QTabWidget>
 #include <QTextEdit>
-
-#include <algorithm>
-#include <cmath>
 
 namespace
 {
@@ -102,17 +102,47 @@ QKeySequence mnemonicOf(const QWidget *widget)
     return {};
 }
 
-QList<QPair<QString, QKeySequence>> mnemonicsOf(const QWidget &window)
+/// What answers to a letter, and to which.
+using Mnemonics = QList<QPair<QString, QKeySequence>>;
+
+Mnemonics mnemonicsOf(const QList<QAction *> &actions)
 {
-    QList<QPair<QString, QKeySequence>> found;
+    Mnemonics found;
+    for (const QAction *action : actions)
+        found << qMakePair(action->text(), QKeySequence::mnemonic(action->text()));
+    return found;
+}
+
+Mnemonics mnemonicsOf(const QWidget &window)
+{
+    Mnemonics found;
     for (const QWidget *widget : visibleChildren(window)) {
         found << qMakePair(widget->objectName(), mnemonicOf(widget));
         if (const auto *bar = qobject_cast<const QTabBar *>(widget)) {
             for (int i = 0; i < bar->count(); ++i)
                 found << qMakePair(bar->tabText(i), QKeySequence::mnemonic(bar->tabText(i)));
         }
+        if (qobject_cast<const QMenuBar *>(widget) != nullptr)
+            found << mnemonicsOf(widget->actions());
     }
     return found;
+}
+
+/// Letters that two of them answer to, and letters that not every keyboard has.
+void addMnemonicFaults(const Mnemonics &mnemonics, QStringList &faults)
+{
+    QHash<QKeySequence, QString> owners;
+    for (const auto &entry : mnemonics) {
+        const QKeySequence &key = entry.second;
+        if (key.isEmpty())
+            continue;
+        if ((key[0] & ~int(Qt::KeyboardModifierMask)) > 0x7f)
+            faults << entry.first + QStringLiteral(": not on every keyboard");
+        if (owners.contains(key))
+            faults << entry.first + QStringLiteral(" and ") + owners.value(key) + QStringLiteral(": ") +
+                          key.toString();
+        owners.insert(key, entry.first);
+    }
 }
 
 bool isInside(const QWidget *part, bool (*isWhole)(const QWidget *))
@@ -121,97 +151,12 @@ bool isInside(const QWidget *part, bool (*isWhole)(const QWidget *))
     return parent != nullptr && (isWhole(parent) || isInside(parent, isWhole));
 }
 
-bool isWholeControl(const QWidget *widget)
-{
-    return qobject_cast<const QAbstractSpinBox *>(widget) != nullptr ||
-           qobject_cast<const QComboBox *>(widget) != nullptr ||
-           qobject_cast<const QAbstractItemView *>(widget) != nullptr ||
-           qobject_cast<const QTextEdit *>(widget) != nullptr;
-}
-
 bool needsName(const QWidget *widget)
 {
-    if (isInside(widget, isWholeControl) || qobject_cast<const QTabBar *>(widget) != nullptr)
+    if (isInside(widget, ReadingOrder::isWholeControl) || qobject_cast<const QTabBar *>(widget) != nullptr)
         return false;
     return widget->focusPolicy() != Qt::NoFocus || qobject_cast<const QProgressBar *>(widget) != nullptr ||
            qobject_cast<const QAbstractButton *>(widget) != nullptr || widget->inherits("QLCDNumber");
-}
-
-void addInReadingOrder(QWidget *widget, QList<QWidget *> &order);
-
-void addInReadingOrder(QLayout *layout, QList<QWidget *> &order)
-{
-    QList<QLayoutItem *> items;
-    for (int i = 0; i < layout->count(); ++i)
-        items << layout->itemAt(i);
-    const auto *box = qobject_cast<const QBoxLayout *>(layout);
-    const bool isRow = box != nullptr && (box->direction() == QBoxLayout::LeftToRight ||
-                                          box->direction() == QBoxLayout::RightToLeft);
-    std::stable_sort(items.begin(), items.end(), [isRow, box](QLayoutItem *a, QLayoutItem *b) {
-        const QPoint first = a->geometry().topLeft();
-        const QPoint second = b->geometry().topLeft();
-        if (box != nullptr)
-            return isRow ? first.x() < second.x() : first.y() < second.y();
-        const int sameRow = 8;
-        return std::abs(first.y() - second.y()) > sameRow ? first.y() < second.y() : first.x() < second.x();
-    });
-    for (QLayoutItem *item : items) {
-        if (item->widget() != nullptr)
-            addInReadingOrder(item->widget(), order);
-        else if (item->layout() != nullptr)
-            addInReadingOrder(item->layout(), order);
-    }
-}
-
-void addInReadingOrder(QWidget *widget, QList<QWidget *> &order)
-{
-    if (!widget->isVisible())
-        return;
-    if (auto *tabs = qobject_cast<QTabWidget *>(widget)) {
-        order << tabs->tabBar();
-        addInReadingOrder(tabs->currentWidget(), order);
-    } else if (widget->layout() != nullptr && !isWholeControl(widget)) {
-        addInReadingOrder(widget->layout(), order);
-    } else {
-        order << widget;
-    }
-}
-
-double luminance(const QColor &color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &one, const QColor &other)
-{
-    const double a = luminance(one);
-    const double b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-/// The strongest contrast of a pixel to the colour that most pixels have.
-double contrastIn(const QImage &image, const QWidget *plainText)
-{
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            ++counts[image.pixel(x, y)];
-    }
-    QRgb ground = 0;
-    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
-        if (it.value() > counts.value(ground))
-            ground = it.key();
-    }
-    // Thin strokes are blurred; where the text has one colour, that colour itself counts.
-    double best = plainText == nullptr
-                      ? 1.0
-                      : contrast(plainText->palette().color(plainText->foregroundRole()), QColor(ground));
-    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
-        best = std::max(best, contrast(QColor(it.key()), QColor(ground)));
-    return best;
 }
 
 void addTexts(const QWidget *widget, QStringList &texts)
@@ -227,6 +172,10 @@ void addTexts(const QWidget *widget, QStringList &texts)
         texts << head + box->title();
     if (const auto *edit = qobject_cast<const QTextEdit *>(widget))
         texts << head + edit->toPlainText();
+    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
+        texts << head + edit->placeholderText();
+    for (const QAction *action : widget->actions())
+        texts << head + action->text();
     if (const auto *combo = qobject_cast<const QComboBox *>(widget)) {
         for (int i = 0; i < combo->count(); ++i)
             texts << head + combo->itemText(i);
@@ -266,18 +215,9 @@ QStringList clippedTexts(const QWidget &window)
 QStringList mnemonicFaults(const QWidget &window)
 {
     QStringList faults;
-    QHash<QKeySequence, QString> owners;
-    for (const auto &entry : mnemonicsOf(window)) {
-        const QKeySequence &key = entry.second;
-        if (key.isEmpty())
-            continue;
-        if ((key[0] & ~int(Qt::KeyboardModifierMask)) > 0x7f)
-            faults << entry.first + QStringLiteral(": not on every keyboard");
-        if (owners.contains(key))
-            faults << entry.first + QStringLiteral(" and ") + owners.value(key) + QStringLiteral(": ") +
-                          key.toString();
-        owners.insert(key, entry.first);
-    }
+    addMnemonicFaults(mnemonicsOf(window), faults);
+    for (const QMenu *menu : window.findChildren<QMenu *>())
+        addMnemonicFaults(mnemonicsOf(menu->actions()), faults);
     return faults;
 }
 
@@ -292,56 +232,25 @@ QStringList namelessControls(QWidget &window)
     return faults;
 }
 
-QStringList tabOrderFaults(QWidget &window)
-{
-    QList<QWidget *> order;
-    addInReadingOrder(&window, order);
-    QStringList faults;
-    int last = -1;
-    QWidget *widget = window.nextInFocusChain();
-    for (; widget != &window; widget = widget->nextInFocusChain()) {
-        const int place = order.indexOf(widget);
-        if (place < 0 || (widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isEnabled())
-            continue;
-        if (place < last)
-            faults << described(widget, QStringLiteral("comes after ") + order.at(last)->objectName());
-        last = place;
-    }
-    return faults;
-}
-
-QStringList faintTexts(const QWidget &window)
-{
-    QStringList faults;
-    for (QWidget *widget : visibleChildren(window)) {
-        const auto *label = qobject_cast<const QLabel *>(widget);
-        const auto *button = qobject_cast<const QAbstractButton *>(widget);
-        const bool hasText = (label != nullptr && !label->text().isEmpty()) ||
-                             (button != nullptr && !button->text().isEmpty()) ||
-                             qobject_cast<const QAbstractSpinBox *>(widget) != nullptr;
-        if (!hasText || !widget->isEnabled())
-            continue;
-        const QImage image = window.windowHandle() == nullptr
-                                 ? QImage()
-                                 : const_cast<QWidget &>(window)
-                                       .grab(QRect(widget->mapTo(&window, QPoint()), widget->size()))
-                                       .toImage();
-        const bool isWarning = label != nullptr && label->text().contains(QLatin1String("color=red"));
-        const double found =
-            contrastIn(image, label != nullptr && !Qt::mightBeRichText(label->text()) ? label : nullptr);
-        if (found < (isWarning ? 3.0 : 4.5))
-            faults << described(widget, QString::number(found) + QLatin1Char(' ') +
-                                            widget->palette().color(widget->foregroundRole()).name());
-    }
-    return faults;
-}
-
 QStringList texts(QWidget &window)
 {
     QStringList found{window.windowTitle(), window.whatsThis()};
-    for (const QWidget *widget : window.findChildren<QWidget *>())
-        addTexts(widget, found);
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        if (qobject_cast<const QTabBar *>(widget->parentWidget()) ==
+            nullptr) // Qt's own, which stay as they are
+            addTexts(widget, found);
+    }
     return found;
+}
+
+QString onlyIn(const QStringList &one, const QStringList &other)
+{
+    QStringList lines;
+    for (const QString &text : one) {
+        if (!other.contains(text))
+            lines << text;
+    }
+    return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace WindowAudit

@@ -1,42 +1,114 @@
 #include "WindowGallery.h"
 
-#include "AbcMatchingDialog.h"
-#include "AdjustToToolDlg.h"
 #include "CalibrationProgressDlg.h"
 #include "CountdownDlg.h"
 #include "HelpDialog.h"
 #include "MatchingHelp.h"
-#include "ModalAnswer.h"
-#include "RoomAdjustmentDlg2g.h"
+#include "MessageGallery.h"
 
 #include <QPushButton>
-#include <QTabWidget>
+#include <QStackedWidget>
 #include <QtTest>
+
+#include <array>
 
 namespace
 {
 
-using Look = std::function<void(QWidget &)>;
+enum Tab { Coarse = 0, Fine = 1 };
 
-/// Lets the layouts and the pending changes of language settle.
-void settle()
+struct Exhibit {
+    const char *name;
+    std::function<bool(GalleryRoom &room, const Look &look)> visit;
+};
+
+using Visit = std::function<bool(GalleryRoom &, const Look &)>;
+
+/// The main dialog after these lines were told to the controller.
+Visit mainDialog(Tab tab, const QStringList &lines = {})
 {
-    QCoreApplication::sendPostedEvents();
-    QTest::qWait(20);
+    return [tab, lines](GalleryRoom &room, const Look &look) {
+        room.tell(lines);
+        return room.openMain(tab, look);
+    };
 }
 
-/// Looks at the window while it is modal, and closes it.
-void lookAndClose(ModalAnswer &answer, bool &seen, const Look &look)
+bool tooOld(GalleryRoom &room, const Look &look)
 {
-    answer.then([&seen, look](QWidget *window) {
+    room.setVersion(0, 15);
+    return room.openMain(Coarse, look);
+}
+
+bool withoutView(GalleryRoom &room, const Look &look)
+{
+    return room.openMain(Fine, [&look](QWidget &window) {
+        window.findChild<QStackedWidget *>(QStringLiteral("viewStack"))->setCurrentIndex(0);
         settle();
-        look(*window);
-        seen = true;
-        static_cast<QDialog *>(window)->done(QDialog::Rejected);
+        look(window);
     });
 }
 
-bool visitPlain(QDialog &dialog, const Look &look)
+/// The matching dialog after these lines were told to the controller.
+Visit matching(const QStringList &lines = {})
+{
+    return [lines](GalleryRoom &room, const Look &look) {
+        room.tell(lines);
+        return room.openMatching([&look](QWidget &window) {
+            window.findChild<QPushButton *>(QStringLiteral("pushButton_addRefPoint"))->click();
+            settle();
+            look(window);
+        });
+    };
+}
+
+bool matchingTooOld(GalleryRoom &room, const Look &look)
+{
+    room.setVersion(1, 2);
+    return room.openMatching(look);
+}
+
+bool measuring(GalleryRoom &room, const Look &look)
+{
+    return room.openMatching([&](QWidget &window) {
+        room.startMeasuring(window, 1);
+        room.advance(0.5);
+        look(window);
+    });
+}
+
+/// The matching dialog after these points were entered and measured.
+Visit matched(const QStringList &points)
+{
+    return [points](GalleryRoom &room, const Look &look) {
+        return room.openMatching([&](QWidget &window) {
+            room.measure(window, points);
+            settle();
+            look(window);
+        });
+    };
+}
+
+bool stalled(GalleryRoom &room, const Look &look)
+{
+    return room.openProgress([&](QWidget &window) {
+        static_cast<CalibrationProgressDlg &>(window).show_warning();
+        settle();
+        look(window);
+    });
+}
+
+bool calculating(GalleryRoom &room, const Look &look)
+{
+    room.tell({"sim cal room afterwork 60"});
+    return room.openProgress([&](QWidget &window) {
+        room.advance(40.0);
+        static_cast<CalibrationProgressDlg &>(window).update_cal_status();
+        settle();
+        look(window);
+    });
+}
+
+bool show(QDialog &dialog, const Look &look)
 {
     dialog.show();
     if (!QTest::qWaitForWindowExposed(&dialog))
@@ -46,97 +118,81 @@ bool visitPlain(QDialog &dialog, const Look &look)
     return true;
 }
 
-} // namespace
-
-QStringList WindowGallery::names()
+bool countdown(GalleryRoom &room, const Look &look)
 {
-    return {"coarse",     "fine",     "matching",  "matching-help",
-            "angle-tool", "progress", "countdown", "view-help"};
+    CountdownDlg dialog(room.window());
+    dialog.setCountdown(QString(), 5);
+    return show(dialog, look);
 }
 
-WindowGallery::WindowGallery()
+template <typename Help>
+bool help(GalleryRoom &room, const Look &look)
 {
-    m_versions.interfaceMajor = 1;
-    m_versions.interfaceMinor = 24;
-    m_versions.interfacePatch = -1;
-    m_link.ask("sim clock stepped");
-    m_window.show();
+    Help dialog(room.window());
+    return show(dialog, look);
+}
+
+const QStringList turned{
+    "velmar2 set tracking extra_rotation 0.98480775 -0.17364818 0 0.17364818 0.98480775 0 0 0 1"};
+const QStringList withoutType{"sim fault answer every \"roomcal last_coordinate_type\" = none",
+                              "sim fault answer every \"roomcal coordinate_type\" = none"};
+const QStringList wide{"velmar2 set tracking extra_scaling 1.20000"};
+const QStringList withoutRooms{"sim camera 1 room none", "sim camera 2 room none", "sim camera 3 room none",
+                               "sim camera 4 room none"};
+const QStringList withoutTool{"sim fault answer every \"measurementtool available\" = no"};
+
+const QList<Exhibit> &exhibits()
+{
+    static const QList<Exhibit> list{
+        {"coarse", mainDialog(Coarse)},
+        {"coarse-turned", mainDialog(Coarse, turned)},
+        {"coarse-without-type", mainDialog(Coarse, withoutType)},
+        {"coarse-locked", mainDialog(Coarse, {"sim locked yes"})},
+        {"coarse-too-old", tooOld},
+        {"fine", mainDialog(Fine)},
+        {"fine-wide-scaling", mainDialog(Fine, wide)},
+        {"fine-without-view", withoutView},
+        {"fine-cannot-track", mainDialog(Fine, {"sim available no"})},
+        {"fine-without-rooms", mainDialog(Fine, withoutRooms)},
+        {"matching", matching()},
+        {"matching-without-tip", matching({"sim tool 1 calibrated no"})},
+        {"matching-without-tool", matching(withoutTool)},
+        {"matching-too-old", matchingTooOld},
+        {"matching-measuring", measuring},
+        {"matching-report", matched({"0 0 0", "500 0 0", "0 300 0", "100 200 400"})},
+        {"matching-symmetric", matched({"0 0 0", "400 0 0", "400 400 0", "0 400 0"})},
+        {"matching-line", matched({"0 0 0", "500 1 0", "1000 0 0", "1600 0 1", "1600 0.5 1"})},
+        {"matching-first-three", matched({"0 0 0", "500 1 0", "1000 0 0", "0 400 0", "300 100 300"})},
+        {"matching-help", help<MatchingHelp>},
+        {"angle-tool", [](GalleryRoom &room, const Look &look) { return room.openAngleTool(look); }},
+        {"progress", stalled},
+        {"progress-calculating", calculating},
+        {"countdown", countdown},
+        {"view-help", help<HelpDialog>},
+    };
+    return list;
+}
+
+} // namespace
+
+QStringList WindowGallery::windows()
+{
+    QStringList names;
+    for (const Exhibit &exhibit : exhibits())
+        names << QLatin1String(exhibit.name);
+    return names;
+}
+
+QStringList WindowGallery::all()
+{
+    return windows() + MessageGallery::names();
 }
 
 bool WindowGallery::visit(const QString &name, const Look &look)
 {
-    if (name == QLatin1String("coarse") || name == QLatin1String("fine"))
-        return visitMain(name == QLatin1String("fine") ? 1 : 0, look);
-    if (name == QLatin1String("matching"))
-        return visitMatching(look);
-    if (name == QLatin1String("angle-tool"))
-        return visitAngleTool(look);
-    if (name == QLatin1String("progress"))
-        return visitProgress(look);
-    if (name == QLatin1String("countdown")) {
-        CountdownDlg dialog(&m_window);
-        dialog.setCountdown(QString(), 5);
-        return visitPlain(dialog, look);
+    for (const Exhibit &exhibit : exhibits()) {
+        if (name == QLatin1String(exhibit.name))
+            return exhibit.visit(m_room, look);
     }
-    if (name == QLatin1String("view-help")) {
-        HelpDialog dialog(&m_window);
-        return visitPlain(dialog, look);
-    }
-    MatchingHelp dialog(&m_window);
-    return visitPlain(dialog, look);
-}
-
-bool WindowGallery::visitMain(int tab, const Look &look)
-{
-    RoomAdjustmentDlg2g dialog(&m_channel, &m_window, &m_versions, QStringLiteral("v2.0.14"));
-    bool seen = false;
-    ModalAnswer answer;
-    lookAndClose(answer, seen, [tab, look](QWidget &window) {
-        window.findChild<QTabWidget *>(QStringLiteral("tabWidget"))->setCurrentIndex(tab);
-        settle();
-        look(window);
-    });
-    dialog.update_and_exec();
-    return seen;
-}
-
-bool WindowGallery::visitMatching(const Look &look)
-{
-    AbcMatchingDialog dialog(&m_channel, &m_versions, &m_window);
-    bool seen = false;
-    ModalAnswer answer;
-    lookAndClose(answer, seen, [look](QWidget &window) {
-        window.findChild<QPushButton *>(QStringLiteral("pushButton_addRefPoint"))->click();
-        look(window);
-    });
-    dialog.update_and_exec();
-    return seen;
-}
-
-bool WindowGallery::visitAngleTool(const Look &look)
-{
-    AdjustToToolDlg dialog(&m_channel, &m_versions, &m_window);
-    bool seen = false;
-    ModalAnswer answer;
-    lookAndClose(answer, seen, look);
-    dialog.openAndExec();
-    return seen;
-}
-
-bool WindowGallery::visitProgress(const Look &look)
-{
-    CalibrationProgressDlg dialog(&m_channel, &m_window, &m_versions, false);
-    bool seen = false;
-    ModalAnswer answer;
-    answer.then([&seen, look](QWidget *window) {
-        auto *progress = static_cast<CalibrationProgressDlg *>(window);
-        progress->update_cal_status();
-        progress->show_warning();
-        settle();
-        look(*window);
-        seen = true;
-        progress->reject();
-    });
-    dialog.start(QStringLiteral("room"));
-    return seen;
+    return MessageGallery::visit(name, m_room, look);
 }
