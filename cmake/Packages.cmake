@@ -44,12 +44,17 @@ install(FILES ${desktop}/org.velmar.bench.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT bench)
 install(FILES ${CMAKE_SOURCE_DIR}/resources/svg/velmar_16x16.svg RENAME velmar-bench.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT bench)
+set(made ${CMAKE_CURRENT_BINARY_DIR}/packages)
+file(MAKE_DIRECTORY ${made}/de)
 room_compress(manual_pages
-  ${desktop}/velmar-bench.1 ${CMAKE_CURRENT_BINARY_DIR}/packages/velmar-bench.1.gz
-  ${desktop}/velmar-controller.1 ${CMAKE_CURRENT_BINARY_DIR}/packages/velmar-controller.1.gz)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/packages/velmar-bench.1.gz
-              ${CMAKE_CURRENT_BINARY_DIR}/packages/velmar-controller.1.gz
+  ${desktop}/velmar-bench.1 ${made}/velmar-bench.1.gz
+  ${desktop}/velmar-controller.1 ${made}/velmar-controller.1.gz
+  ${desktop}/de/velmar-bench.1 ${made}/de/velmar-bench.1.gz
+  ${desktop}/de/velmar-controller.1 ${made}/de/velmar-controller.1.gz)
+install(FILES ${made}/velmar-bench.1.gz ${made}/velmar-controller.1.gz
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT bench)
+install(FILES ${made}/de/velmar-bench.1.gz ${made}/de/velmar-controller.1.gz
+        DESTINATION ${CMAKE_INSTALL_MANDIR}/de/man1 COMPONENT bench)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME room-adjustment)
