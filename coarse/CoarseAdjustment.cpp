@@ -6,6 +6,7 @@
 #include "ui_CoarseAdjustment.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
 
@@ -87,7 +88,12 @@ void CoarseAdjustment::updatePanel()
     m_isInitialised = false;
     fillComboBoxes();
     fitColumns();
-    m_type = static_cast<int>(m_controller.coordinateType());
+    const QPointer<CoarseAdjustment> self(this); // the host may destroy the panel in any call
+    const ControllerAccess controller = m_controller;
+    const CoordinateType type = controller.coordinateType();
+    if (self.isNull())
+        return;
+    m_type = static_cast<int>(type);
     m_assigner.setCoordinateType(m_type);
     m_picture->setCoordinateType(m_assigner.coordinateType());
     showRoomAngles();

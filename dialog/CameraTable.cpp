@@ -2,6 +2,7 @@
 
 #include "ControllerAccess.h"
 
+#include <QPointer>
 #include <QStandardItemModel>
 
 namespace
@@ -23,15 +24,20 @@ void CameraTable::showTexts() const
     m_model->setHorizontalHeaderLabels({tr("Camera"), tr("x [mm]"), tr("y [mm]"), tr("z [mm]")});
 }
 
-void CameraTable::fill(const ControllerAccess &controller) const
+void CameraTable::fill(ControllerAccess controller) const
 {
     if (!controller.supports(ControllerFeature::CameraTable))
         return;
-    m_model->removeRows(0, m_model->rowCount());
+    const QPointer<QStandardItemModel> model(m_model); // goes with the owner
+    model->removeRows(0, model->rowCount());
     const int cameras = controller.numberOfCameras().value_or(0);
-    m_model->setRowCount(cameras);
-    for (int row = 0; row < cameras; ++row)
-        setCamera(row, controller.positionOfCamera(row + 1));
+    if (!model.isNull())
+        model->setRowCount(cameras);
+    for (int row = 0; row < cameras && !model.isNull(); ++row) {
+        const std::array<double, 3> position = controller.positionOfCamera(row + 1);
+        if (!model.isNull())
+            setCamera(row, position);
+    }
 }
 
 void CameraTable::setCamera(int row, const std::array<double, 3> &position) const

@@ -10,7 +10,6 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QScopedValueRollback>
 
 namespace
 {
@@ -154,39 +153,54 @@ int RoomAdjustmentDlg2g::update_and_exec()
     return exec();
 }
 
+// The host may destroy the dialog in any call: from here on each sequence of calls works with an access of
+// its own and looks after every call whether anybody is left.
 bool RoomAdjustmentDlg2g::prepareOpening()
 {
     m_open = false;
     m_ui->tabWidget->setCurrentIndex(CoarseTab);
     beginFromKnownState();
-    const bool unavailable = m_controller.supports(ControllerFeature::TrackingAvailability) &&
-                             m_controller.trackingAvailable() == Reply::No;
-    if (unavailable || !camerasHaveRooms(m_controller)) {
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const Notice obstacle = findObstacle(m_controller);
+    if (self.isNull())
+        return false;
+    if (obstacle != Notice::None) {
         m_fine->showTrackingAvailable(false);
         disableAdjusting();
-        showNotice(unavailable ? Notice::CannotTrack : Notice::NoRoom);
+        showNotice(obstacle);
         return false;
     }
     m_cameras.fill(m_controller);
-    readLock();
-    if (m_controller.supports(ControllerFeature::ExtraTransformation)) {
-        m_ui->btn_apply->setEnabled(false);
-        m_fine->resetAll();
-        loadTransformation();
-    } else {
-        disableAdjusting();
-        showNotice(Notice::TooOld);
-    }
+    if (!self.isNull())
+        readLock();
+    if (!self.isNull())
+        prepareAdjusting();
+    if (self.isNull())
+        return false;
     m_ui->btn_apply->setEnabled(false);
     setMinimumSize(smallestWidth, smallestHeight);
     startTracking();
     return true;
 }
 
+/// What keeps the room from being adjusted at all. By value: see prepareOpening().
+RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(ControllerAccess controller)
+{
+    if (controller.supports(ControllerFeature::TrackingAvailability) &&
+        controller.trackingAvailable() == Reply::No)
+        return Notice::CannotTrack;
+    return camerasHaveRooms(controller) ? Notice::None : Notice::NoRoom;
+}
+
 void RoomAdjustmentDlg2g::readLock()
 {
-    m_locked = m_controller.supports(ControllerFeature::CameraTable) &&
-               m_controller.configurationChangeable() == Reply::No;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ControllerAccess controller = m_controller;
+    const bool locked = controller.supports(ControllerFeature::CameraTable) &&
+                        controller.configurationChangeable() == Reply::No;
+    if (self.isNull())
+        return;
+    m_locked = locked;
     if (m_locked) {
         setWindowIcon(m_lockIcon);
         disableAdjusting();
@@ -196,12 +210,30 @@ void RoomAdjustmentDlg2g::readLock()
     setWindowIcon(parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon());
 }
 
+void RoomAdjustmentDlg2g::prepareAdjusting()
+{
+    if (!m_controller.supports(ControllerFeature::ExtraTransformation)) {
+        disableAdjusting();
+        showNotice(Notice::TooOld);
+        return;
+    }
+    m_ui->btn_apply->setEnabled(false);
+    m_fine->resetAll();
+    loadTransformation();
+}
+
 void RoomAdjustmentDlg2g::loadTransformation()
 {
-    m_current = m_controller.roomAdjustment();
-    m_opening = m_current;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ControllerAccess controller = m_controller;
+    const RoomTrafoData held = controller.roomAdjustment();
+    if (self.isNull())
+        return;
+    m_current = held;
+    m_opening = held;
     m_fine->loadPage();
-    m_coarse->updatePanel();
+    if (!self.isNull())
+        m_coarse->updatePanel();
 }
 
 int RoomAdjustmentDlg2g::dataReceived(const char *kind, const char *record)
@@ -223,12 +255,14 @@ void RoomAdjustmentDlg2g::setRoomAngles(double rx, double ry, double rz)
 
 void RoomAdjustmentDlg2g::stopTracking()
 {
-    m_controller.stopTrackingIfMeasuring();
+    const ControllerAccess controller = m_controller;
+    controller.stopTrackingIfMeasuring();
 }
 
 void RoomAdjustmentDlg2g::startTracking()
 {
-    (void)m_controller.startTracking();
+    const ControllerAccess controller = m_controller;
+    (void)controller.startTracking();
 }
 
 void RoomAdjustmentDlg2g::onDataChanged(bool changed)
@@ -250,30 +284,50 @@ void RoomAdjustmentDlg2g::on_btn_apply_clicked()
 {
     if (m_busy)
         return;
-    const QScopedValueRollback<bool> busy(m_busy, true);
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    m_busy = true;
     writeEdits();
+    if (!self.isNull())
+        m_busy = false;
 }
 
 void RoomAdjustmentDlg2g::on_btn_ok_clicked()
 {
     if (m_busy)
         return;
-    const QScopedValueRollback<bool> busy(m_busy, true);
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    m_busy = true;
     m_closingByOk = true;
     writeEdits();
+    if (self.isNull())
+        return;
     m_closingByOk = false;
     accept();
+    if (!self.isNull())
+        m_busy = false;
 }
 
 void RoomAdjustmentDlg2g::writeEdits()
 {
     m_fine->storeToRaData();
+    const QPointer<RoomAdjustmentDlg2g> self(this);
     stopTracking();
-    m_controller.writeRoomAdjustment(m_current);
-    m_cameras.fill(m_controller);
+    if (!self.isNull())
+        writeCurrent();
+    if (!self.isNull())
+        m_cameras.fill(m_controller);
+    if (self.isNull())
+        return;
     m_ui->btn_apply->setEnabled(false);
     if (!m_closingByOk)
         startTracking();
+}
+
+void RoomAdjustmentDlg2g::writeCurrent()
+{
+    const ControllerAccess controller = m_controller;
+    const RoomTrafoData wanted = m_current;
+    controller.writeRoomAdjustment(wanted);
 }
 
 void RoomAdjustmentDlg2g::on_btn_cancel_clicked()
@@ -287,20 +341,37 @@ bool RoomAdjustmentDlg2g::cancel()
         return false;
     const QPointer<RoomAdjustmentDlg2g> self(this);
     m_busy = true;
-    const bool adjustable = m_ui->tabWidget->isEnabled();
-    const bool changed = adjustable && m_controller.roomAdjustment() != m_opening;
-    if (adjustable && (changed || !m_fine->nothingUnsaved()) && !confirmsDiscarding()) {
-        if (!self.isNull())
-            m_busy = false;
+    const bool goesOn = undoChanges();
+    if (!goesOn && !self.isNull())
+        m_busy = false;
+    if (!goesOn || self.isNull())
         return false;
-    }
-    if (changed) {
-        m_current = m_opening;
-        m_controller.writeRoomAdjustment(m_current);
-    }
     stopTracking();
+    if (self.isNull())
+        return false;
     m_busy = false;
     reject();
+    return true;
+}
+
+/// Asks whether changes may be lost, and writes what was found at opening if the controller holds something
+/// else. False when the user wants to keep the dialog open.
+bool RoomAdjustmentDlg2g::undoChanges()
+{
+    if (!m_ui->tabWidget->isEnabled())
+        return true;
+    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ControllerAccess controller = m_controller;
+    const RoomTrafoData held = controller.roomAdjustment();
+    if (self.isNull())
+        return false;
+    const bool changed = held != m_opening;
+    if ((changed || !m_fine->nothingUnsaved()) && !confirmsDiscarding())
+        return false;
+    if (changed) {
+        m_current = m_opening;
+        writeCurrent();
+    }
     return true;
 }
 

@@ -80,11 +80,15 @@ private:
     void showNotice(Notice notice);
     static QString textOf(Notice notice);
     bool prepareOpening();
+    static Notice findObstacle(ControllerAccess controller);
     void readLock();
+    void prepareAdjusting();
     void loadTransformation();
     void writeEdits();
-    /// False when the user wants to keep the dialog open, or when it was destroyed while asking.
+    void writeCurrent();
+    /// False when the user wants to keep the dialog open, or when it was destroyed meanwhile.
     bool cancel();
+    bool undoChanges();
     bool confirmsDiscarding();
 
     std::unique_ptr<Ui::RoomAdjustmentDlgClass> m_ui;

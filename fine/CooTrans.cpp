@@ -38,7 +38,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     , m_controller(commands, versions)
     , m_dialog(dialog)
     , m_raData(raData)
-    , m_measuringFrame(m_controller, dialog)
+    , m_measuringFrame(std::make_shared<MeasuringFrame>(m_controller, dialog))
     , m_fields(*m_ui)
 {
     m_ui->setupUi(this);
@@ -55,7 +55,10 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     connect(m_matchingDialog, &AbcMatchingDialog::applyTrafoRequest, this, &CooTrans::applyTrafo);
 }
 
-CooTrans::~CooTrans() = default;
+CooTrans::~CooTrans()
+{
+    m_measuringFrame->end();
+}
 
 void CooTrans::hideSwitches()
 {
@@ -142,8 +145,14 @@ void CooTrans::loadPage()
     loadRoom();
     m_fields.widenScaling();
     loadControls();
-    m_controller.checkMeasurementTool();
-    loadScaling();
+    const QPointer<CooTrans> self(this); // the host may destroy the panel in any call
+    const ControllerAccess controller = m_controller;
+    controller.checkMeasurementTool();
+    if (self.isNull())
+        return;
+    const std::optional<double> scaling = controller.extraScaling();
+    if (!self.isNull())
+        loadScaling(scaling.value_or(m_raData->scaling));
 }
 
 void CooTrans::loadRoom()
@@ -159,10 +168,9 @@ void CooTrans::loadControls()
     m_edits.loaded(*m_raData, m_fields.values());
 }
 
-void CooTrans::loadScaling()
+void CooTrans::loadScaling(double scaling)
 {
     const QScopedValueRollback<bool> disarmed(m_armed, false);
-    const double scaling = m_controller.extraScaling().value_or(m_raData->scaling);
     m_fields.showScaling(scaling);
     m_edits.loaded(*m_raData, m_fields.values());
     if (std::isfinite(scaling) && scaling != m_raData->scaling)
@@ -375,15 +383,20 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
 {
     if (!nothingUnsaved() && !discardsUnsaved())
         return;
-    m_measuringFrame.prepareTransformation();
-    m_measuringFrame.prepareReference();
     const QPointer<CooTrans> self(this);
+    const std::shared_ptr<MeasuringFrame> frame = m_measuringFrame;
+    frame->prepareTransformation();
+    frame->prepareReference();
+    if (self.isNull())
+        return;
     m_matchingDialog->update_and_exec();
     if (self.isNull())
         return;
-    m_measuringFrame.restoreReference();
+    frame->restoreReference();
+    if (self.isNull())
+        return;
     loadControls();
-    m_measuringFrame.restoreTransformation();
+    frame->restoreTransformation();
 }
 
 void CooTrans::on_pushButton_att_clicked()

@@ -106,7 +106,7 @@ private:
     void showBoxes(const AdjustmentBoxes &values);
     void loadRoom();
     void loadControls();
-    void loadScaling();
+    void loadScaling(double scaling);
     void previewOffset();
     void previewAngles();
     void showPendingPosition(const RoomPreview &preview);
@@ -117,7 +117,7 @@ private:
     ControllerAccess m_controller;
     TrackingControl *m_dialog;
     RoomTrafoData *m_raData;
-    MeasuringFrame m_measuringFrame;
+    std::shared_ptr<MeasuringFrame> m_measuringFrame; ///< outlives the panel while it waits for an answer
     AdjustmentFields m_fields;
     RoomEdits m_edits;
     std::unique_ptr<ViewControls> m_viewControls;

@@ -1,6 +1,5 @@
 #include "MeasuringFrame.h"
 
-#include "ControllerAccess.h"
 #include "TrackingControl.h"
 
 #include <QList>
@@ -49,23 +48,26 @@ void MeasuringFrame::startTracking()
 void MeasuringFrame::prepareTransformation()
 {
     m_savedTransformation = RoomTrafoData();
-    if (!m_controller.supports(ControllerFeature::ExtraTransformation))
+    if (m_hasEnded || !m_controller.supports(ControllerFeature::ExtraTransformation))
         return;
     m_savedTransformation = m_controller.extraTransformation().value_or(RoomTrafoData());
     if (isNeutral(m_savedTransformation) || m_tracking == nullptr)
         return;
     stopTracking();
-    m_controller.setNeutralExtraTransformation();
+    if (!m_hasEnded)
+        m_controller.setNeutralExtraTransformation();
     startTracking();
 }
 
 void MeasuringFrame::prepareReference()
 {
+    if (m_hasEnded)
+        return;
     m_savedReference = m_controller.referenceTarget();
     if (m_savedReference.isEmpty())
         return;
     stopTracking();
-    if (m_controller.unsetReferenceTarget())
+    if (!m_hasEnded && m_controller.unsetReferenceTarget())
         startTracking();
 }
 
@@ -74,7 +76,7 @@ void MeasuringFrame::restoreReference()
     if (!hasTwoWords(m_savedReference))
         return;
     stopTracking();
-    if (m_controller.restoreReferenceTarget(m_savedReference))
+    if (!m_hasEnded && m_controller.restoreReferenceTarget(m_savedReference))
         startTracking();
 }
 
@@ -84,6 +86,13 @@ void MeasuringFrame::restoreTransformation()
         m_tracking == nullptr)
         return;
     stopTracking();
-    m_controller.restoreExtraTransformation(m_savedTransformation);
+    if (!m_hasEnded)
+        m_controller.restoreExtraTransformation(m_savedTransformation);
     startTracking();
+}
+
+void MeasuringFrame::end()
+{
+    m_hasEnded = true;
+    m_tracking = nullptr;
 }

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "ControllerAccess.h"
 #include "RoomTrafoData.h"
 
 #include <QByteArray>
 
-class ControllerAccess;
 class TrackingControl;
 
 /// Keeps the controller free of its extra transformation and its reference target while points are measured.
@@ -13,10 +13,11 @@ class TrackingControl;
 /// controller holds and neutralises it; restoreReference() and restoreTransformation() put it back. What
 /// could not be read counts as neutral, so that nothing half-read is ever written. Failures are reported by
 /// the controller access; the sequence goes on. Tracking is stopped before each change and started after it.
+/// Every operation bears that end() is called while it waits for an answer.
 class MeasuringFrame
 {
 public:
-    /// Neither is owned. `tracking` may be null: then the extra transformation is never touched.
+    /// `tracking` is not owned and may be null: then the extra transformation is never touched.
     MeasuringFrame(const ControllerAccess &controller, TrackingControl *tracking);
 
     void prepareTransformation();
@@ -27,12 +28,16 @@ public:
     void restoreReference();
     void restoreTransformation();
 
+    /// Nothing more is asked or written, and `tracking` is not touched any more.
+    void end();
+
 private:
     void stopTracking();
     void startTracking();
 
-    const ControllerAccess &m_controller;
+    ControllerAccess m_controller;
     TrackingControl *m_tracking;
+    bool m_hasEnded = false;
     RoomTrafoData m_savedTransformation;
     QByteArray m_savedReference;
 };
