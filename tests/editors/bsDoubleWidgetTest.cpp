@@ -204,6 +204,23 @@ private slots:
         QTRY_COMPARE(bench.log, words("begin 1 end"));
     }
 
+    void shouldKeepATypedEditOpenWhenThePointerLeaves()
+    {
+        // GIVEN
+        Bench bench;
+        QVERIFY(bench.isReady);
+        QTest::mouseMove(bench.wheel(), bench.wheel()->rect().center());
+        QTRY_VERIFY(bench.editor->underMouse());
+        bench.type("7");
+        // WHEN
+        QTest::mouseMove(&bench.other, bench.other.rect().center());
+        QTRY_VERIFY(!bench.editor->underMouse());
+        // THEN
+        QCOMPARE(bench.log, words("begin 7"));
+        bench.other.setFocus();
+        QCOMPARE(bench.log, words("begin 7 end"));
+    }
+
     void shouldMakeOneEditOfADragHoweverManyValuesItPasses()
     {
         // GIVEN

@@ -59,14 +59,18 @@ private slots:
     void shouldLeaveANeutralControllerAlone();
     void shouldNeutraliseAndRestoreATransformation();
     void shouldTakeSumsForNeutral();
+    void shouldNeutraliseWhatItsSumsTellApart_data();
+    void shouldNeutraliseWhatItsSumsTellApart();
     void shouldWriteEachDefaultEvenWhenOneFails();
     void shouldTakeAnUnreadableTransformationForNeutral_data();
     void shouldTakeAnUnreadableTransformationForNeutral();
     void shouldNotTouchTheTransformationWithoutADialog();
     void shouldAskNothingOfAnOldController();
+    void shouldNotRestoreTheTransformationOfAnotherController();
     void shouldUnsetAndRestoreAReference();
     void shouldLeaveTrackingStoppedWhenTheReferenceCannotBeUnset();
     void shouldLeaveTrackingStoppedWhenTheReferenceCannotBeRestored();
+    void shouldUnsetAndRestoreAReferenceWithoutADialog();
     void shouldDoNothingWithoutAReference();
     void shouldRestoreOnlyReferencesOfTwoWords_data();
     void shouldRestoreOnlyReferencesOfTwoWords();
@@ -112,6 +116,35 @@ void MeasuringFrameTest::shouldTakeSumsForNeutral()
     f.frame.restoreTransformation();
 
     QCOMPARE(f.host.calls(), readTransformation);
+}
+
+void MeasuringFrameTest::shouldNeutraliseWhatItsSumsTellApart_data()
+{
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<bool>("neutral");
+    const QString rotation("tracking extra_rotation");
+    QTest::newRow("translation") << "tracking extra_translation" << QByteArray("0 0 0.001") << false;
+    QTest::newRow("scaling") << "tracking extra_scaling" << QByteArray("0.99999") << false;
+    QTest::newRow("beside the diagonal") << rotation << QByteArray("1 0 0 0 1 0 0 0.5 1") << false;
+    QTest::newRow("beside the diagonal, but no sum")
+        << rotation << QByteArray("1 0.5 0 -0.5 1 0 0 0 1") << true;
+    QTest::newRow("on the diagonal") << rotation << QByteArray("1 0 0 0 0.5 0 0 0 1") << false;
+    QTest::newRow("on the diagonal, with the same sum")
+        << rotation << QByteArray("1.5 0 0 0 0.5 0 0 0 1") << true;
+}
+
+void MeasuringFrameTest::shouldNeutraliseWhatItsSumsTellApart()
+{
+    QFETCH(QString, parameter);
+    QFETCH(QByteArray, value);
+    QFETCH(bool, neutral);
+    Fixture f;
+    f.host.setAnswer(parameter, value);
+
+    f.frame.prepareTransformation();
+
+    QCOMPARE(f.host.callsOf({"write"}), neutral ? QStringList() : writeNeutral);
 }
 
 void MeasuringFrameTest::shouldWriteEachDefaultEvenWhenOneFails()
@@ -174,6 +207,20 @@ void MeasuringFrameTest::shouldAskNothingOfAnOldController()
     QCOMPARE(f.host.calls(), QStringList());
 }
 
+void MeasuringFrameTest::shouldNotRestoreTheTransformationOfAnotherController()
+{
+    Fixture f;
+    f.host.setAnswer("tracking extra_scaling", "1.01");
+    f.frame.prepareTransformation();
+    f.host.clear();
+    f.versions.interfaceMajor = 0;
+    f.versions.interfaceMinor = 15;
+
+    f.frame.restoreTransformation();
+
+    QCOMPARE(f.host.calls(), QStringList());
+}
+
 void MeasuringFrameTest::shouldUnsetAndRestoreAReference()
 {
     Fixture f;
@@ -212,6 +259,19 @@ void MeasuringFrameTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeResto
 
     QCOMPARE(f.host.calls(), QStringList({stop, "write tracking reference body b07",
                                           "report Error: Unable to restore reference target"}));
+}
+
+void MeasuringFrameTest::shouldUnsetAndRestoreAReferenceWithoutADialog()
+{
+    Fixture f;
+    f.host.setAnswer("tracking reference", "body b07");
+    MeasuringFrame alone(f.controller, nullptr);
+
+    alone.prepareReference();
+    alone.restoreReference();
+
+    QCOMPARE(f.host.calls(), QStringList({"read tracking reference", "write tracking reference none",
+                                          "write tracking reference body b07"}));
 }
 
 void MeasuringFrameTest::shouldDoNothingWithoutAReference()
