@@ -70,7 +70,9 @@ function(room_test name)
   add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}>)
   set(sanitizers "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan-suppressions:print_suppressions=0"
                  "UBSAN_OPTIONS=print_stacktrace=1")
-  set(quiet "QT_LOGGING_RULES=qt.qpa.*=false;QT_ACCESSIBILITY=0;LIBGL_ALWAYS_SOFTWARE=1")
+  # A function may take as long as its program.
+  set(patience "QTEST_FUNCTION_TIMEOUT=${ARG_TIMEOUT}000")
+  set(quiet "${patience};QT_LOGGING_RULES=qt.qpa.*=false;QT_ACCESSIBILITY=0;LIBGL_ALWAYS_SOFTWARE=1")
   set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
     "LC_ALL=C.UTF-8;${quiet};${sanitizers}")
   set_tests_properties(${name}.comma PROPERTIES TIMEOUT ${ARG_TIMEOUT}

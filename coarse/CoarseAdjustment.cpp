@@ -33,8 +33,8 @@ QString textOf(int axis)
 QColor axisColor(int axis, const QPalette &palette)
 {
     static const std::array<QColor, 3> onLight{QColor(179, 38, 30), QColor(23, 110, 50), QColor(31, 79, 168)};
-    static const std::array<QColor, 3> onDark{QColor(255, 154, 145), QColor(125, 220, 154),
-                                              QColor(138, 180, 255)};
+    static const std::array<QColor, 3> onDark{QColor(255, 172, 164), QColor(125, 220, 154),
+                                              QColor(158, 194, 255)};
     const bool isDark = palette.color(QPalette::Window).lightness() < darkLightness;
     return (isDark ? onDark : onLight).at(static_cast<std::size_t>(axis / 2));
 }

@@ -63,6 +63,7 @@ GalleryRoom::GalleryRoom()
 {
     setVersion(1, 24);
     tell({"sim clock stepped"});
+    QCursor::setPos(0, 0); // what lies under the pointer is drawn in another shade
     m_window.show();
 }
 
