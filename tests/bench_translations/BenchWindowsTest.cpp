@@ -43,6 +43,9 @@ public:
         m_isLoaded = window.loadModule();
         window.show();
         settle();
+        // The place of the tool is read from time to time, for the first time a little later.
+        const auto *x = window.roomPanel()->findChild<QLabel *>(QStringLiteral("xLabel"));
+        m_isLoaded = m_isLoaded && QTest::qWaitFor([x] { return x->text().contains(QLatin1Char('.')); });
     }
 
     /// Looks at the window with that name. False when it could not be shown.
