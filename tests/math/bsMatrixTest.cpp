@@ -345,6 +345,9 @@ private slots:
         QTest::newRow("large, mostly about x") << 170.0 << 5.0 << -2.0 << 1.0;
         QTest::newRow("large, mostly about y") << 170.0 << -1.0 << 5.0 << 2.0;
         QTest::newRow("large, mostly about z") << 170.0 << 2.0 << 1.0 << -5.0;
+        QTest::newRow("half, almost about x") << 180.0 << 1.0 << -0.004 << 0.002;
+        QTest::newRow("half, almost about y") << 180.0 << -0.002 << 1.0 << 0.004;
+        QTest::newRow("half, almost about z") << 180.0 << 0.004 << 0.002 << -1.0;
     }
     void shouldGiveTheNearestOrientationForABlurredRotation()
     {
