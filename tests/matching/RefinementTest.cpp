@@ -3,6 +3,7 @@
 #include "AllocationCounter.h"
 #include "LiteralFit.h"
 #include "PointSets.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 #include "TransformChecks.h"
 
@@ -322,6 +323,8 @@ void RefinementTest::shouldFitMoreThanFiftyPairs()
 
 void RefinementTest::shouldTakeNoMemoryForUpToFiftyPairs()
 {
+    if (TestLoad::isSanitized())
+        QSKIP("The sanitizer takes memory by itself.");
     PointSets sets(21);
     const Points A = sets.box(60, 2000);
     const Points B = sets.moved(A, 1.0);
