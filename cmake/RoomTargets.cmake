@@ -24,13 +24,16 @@ function(room_library name)
 endfunction()
 
 # What all targets have in common. With ROOM_SANITIZERS, a list of compiler options, the product and the bench are
-# instrumented, and the tests are linked with what that needs. The tests' own code is not: so its objects are the
-# same in both builds, and a compiler cache makes them only once.
+# instrumented, with ROOM_COVERAGE the product alone; the tests are linked with what that needs. The tests' own code
+# is not: so its objects are the same in every such build, and a compiler cache makes them only once.
 function(room_common_properties name)
   if(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${CMAKE_SOURCE_DIR}/tests")
     target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O1>)
   else()
     target_compile_options(${name} PRIVATE ${ROOM_SANITIZERS})
+    if(NOT CMAKE_CURRENT_SOURCE_DIR MATCHES "^${CMAKE_SOURCE_DIR}/bench")
+      target_compile_options(${name} PRIVATE ${ROOM_COVERAGE})
+    endif()
   endif()
   set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
                         VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
