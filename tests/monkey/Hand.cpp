@@ -5,11 +5,19 @@
 #include <QWheelEvent>
 #include <QtTest>
 
+#include <array>
+#include <utility>
+
 namespace
 {
 
 constexpr int dragSteps = 4;
 constexpr int deltaPerClick = 120;
+
+constexpr std::array<std::pair<Qt::KeyboardModifier, Qt::Key>, 3> modifierKeys{
+    {{Qt::ShiftModifier, Qt::Key_Shift},
+     {Qt::ControlModifier, Qt::Key_Control},
+     {Qt::AltModifier, Qt::Key_Alt}}};
 
 } // namespace
 
@@ -47,9 +55,23 @@ void turnWheel(QWindow *window, const QPoint &place, int clicks, Qt::KeyboardMod
 void press(QWindow *window, Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     const QPointer<QWindow> guarded(window);
-    QTest::keyPress(window, key, modifiers);
-    if (!guarded.isNull())
-        QTest::keyRelease(guarded, key, modifiers);
+    const auto send = [&guarded](bool isPress, Qt::Key code, Qt::KeyboardModifiers with) {
+        if (guarded.isNull())
+            return; // any of the keys may have ended the window
+        const char letter = QTest::keyToAscii(code);
+        const QString text = letter != 0 ? QString(QLatin1Char(letter)) : QString();
+        QTest::simulateEvent(guarded, isPress, code, with, text, false);
+    };
+    const auto sendModifiers = [&](bool isPress) {
+        for (const auto &[flag, code] : modifierKeys) {
+            if (modifiers.testFlag(flag))
+                send(isPress, code, isPress ? Qt::KeyboardModifiers(flag) : Qt::KeyboardModifiers());
+        }
+    };
+    sendModifiers(true);
+    send(true, key, modifiers);
+    send(false, key, modifiers);
+    sendModifiers(false);
 }
 
 } // namespace Hand
