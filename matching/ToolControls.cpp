@@ -1,5 +1,6 @@
 #include "ToolControls.h"
 
+#include "PercentText.h"
 #include "ToolSampler.h"
 #include "ui_AbcMatchingDialog.h"
 
@@ -25,13 +26,7 @@ ToolControls::ToolControls(Ui::AbcMatchingDialogClass &ui)
     : m_ui(ui)
 {
     showNoToolNotice(false);
-    // Beside the bar: its filled part has a colour of its own, on which a text may be unreadable.
-    QLabel *label = m_ui.label_progress;
-    label->setText(QStringLiteral("100%"));
-    label->setMinimumWidth(label->sizeHint().width());
-    const auto showProgress = [bar = m_ui.progressBar, label] { label->setText(bar->text()); };
-    QObject::connect(m_ui.progressBar, &QProgressBar::valueChanged, label, showProgress);
-    showProgress();
+    showPercentBeside(m_ui.progressBar, m_ui.label_progress);
 }
 
 void ToolControls::fill(const std::vector<int> &tools)
