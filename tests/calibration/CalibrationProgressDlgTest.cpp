@@ -348,6 +348,7 @@ private slots:
             [&] { QTRY_VERIFY(!dialog.text("label_warning").isEmpty()); }();
             warning = dialog.text("label_warning");
             infoWasHidden = !dialog.shows("label_info") && dialog.shows("label_warning");
+            dialog.setStallInterval(1h);
             bench.set("status progress", "0.36");
             [&] { QTRY_COMPARE(dialog.overall(), 36); }();
             afterwards = dialog.text("label_warning");
