@@ -10,6 +10,7 @@ namespace
 {
 
 constexpr std::size_t commaStride = 7;
+constexpr std::size_t endStride = 3;
 
 /// Answers that no controller gives, one after another.
 QString garbage(std::size_t index)
@@ -71,6 +72,19 @@ QStringList complaints(const SweptRun &baseline, std::size_t index, const SweptR
     return found;
 }
 
+/// The same for a run in which the host has ended the module.
+QStringList complaintsAboutTheEnd(const SweptRun &run)
+{
+    QStringList found;
+    if (!run.stuck.isEmpty())
+        found << QStringLiteral("did not close: ") + run.stuck.join(QStringLiteral("; "));
+    if (run.subscriptions != 0)
+        found << QStringLiteral("subscriptions were left");
+    if (!run.opensAgain)
+        found << QStringLiteral("cannot be adjusted at the next opening");
+    return found;
+}
+
 std::size_t stride()
 {
     return qEnvironmentVariableIsSet("ROOM_EXPECT_DECIMAL_COMMA") ? commaStride : SWEEP_STRIDE;
@@ -98,6 +112,7 @@ private slots:
         const SweptRun baseline = SweptRun::go(way, QString());
         QVERIFY(baseline.calls.size() > 20);
         QCOMPARE(baseline.stuck + baseline.lost, QStringList());
+        QCOMPARE(baseline.keepsakes, way.keepsakes);
         QVERIFY(baseline.opensAgain);
         QStringList found;
         int runs = 0;
@@ -117,6 +132,25 @@ private slots:
         }
         qInfo("%d calls, every %d. of them: %d runs", static_cast<int>(baseline.calls.size()),
               static_cast<int>(stride()), runs);
+        QVERIFY2(found.isEmpty(), qPrintable(QLatin1Char('\n') + found.join(QLatin1Char('\n'))));
+    }
+
+    void shouldEndWithTheModuleInEveryCall_data() { shouldSurviveEveryFailingCall_data(); }
+
+    void shouldEndWithTheModuleInEveryCall()
+    {
+        // GIVEN
+        QFETCH(int, journey);
+        const Journey &way = journeys()[static_cast<std::size_t>(journey)];
+        const SweptRun baseline = SweptRun::go(way, QString());
+        QStringList found;
+        for (std::size_t k = 0; k < baseline.calls.size(); k += endStride * stride()) {
+            // WHEN
+            const SweptRun run = SweptRun::endInside(way, k);
+            // THEN
+            for (const QString &text : complaintsAboutTheEnd(run))
+                found << place(baseline, k) + QStringLiteral(" ends the module: ") + text;
+        }
         QVERIFY2(found.isEmpty(), qPrintable(QLatin1Char('\n') + found.join(QLatin1Char('\n'))));
     }
 

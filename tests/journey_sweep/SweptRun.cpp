@@ -1,5 +1,7 @@
 #include "SweptRun.h"
 
+#include "ModuleInterface.h"
+
 #include <QObject>
 
 namespace
@@ -35,30 +37,61 @@ SweptRun SweptRun::go(const Journey &journey, const QString &fault)
 {
     SweptRun run;
     ModuleHost host;
-    journey.prepare(host);
-    run.stateBefore = stateOf(host);
-    run.travel(journey, host, fault);
-    host.channel.faults().clear();
-    run.stateAfter = stateOf(host);
-    run.subscriptions = static_cast<int>(host.channel.subscriptionCount());
-    Traveller next(host);
-    next.open([&] { run.opensAgain = next.isEnabled("tabWidget") && next.isEnabled("btn_ok"); });
+    run.begin(journey, host);
+    if (!fault.isEmpty())
+        host.control(fault);
+    run.travel(journey, host, [] {});
+    run.finish(host);
     return run;
 }
 
-void SweptRun::travel(const Journey &journey, ModuleHost &host, const QString &fault)
+SweptRun SweptRun::endInside(const Journey &journey, std::size_t call)
+{
+    SweptRun run;
+    ModuleHost host;
+    run.begin(journey, host);
+    run.travel(journey, host, [&] {
+        if (run.calls.size() != call + 1)
+            return;
+        host.module()->releaseRequests();
+        host.module()->unload();
+    });
+    run.finish(host);
+    return run;
+}
+
+void SweptRun::begin(const Journey &journey, ModuleHost &host)
+{
+    journey.prepare(host);
+    stateBefore = stateOf(host);
+}
+
+void SweptRun::travel(const Journey &journey, ModuleHost &host, const std::function<void()> &afterCall)
 {
     Traveller traveller(host);
     const auto note = [&](const CallRecord &call) {
-        if (isAsked(call))
-            calls.push_back({call, traveller.stage(), {}});
-        else if (call.operation == "reportError" && !calls.empty())
-            calls.back().reports << QString::fromStdString(call.text);
+        if (!isAsked(call)) {
+            if (call.operation == "reportError" && !calls.empty())
+                calls.back().reports << QString::fromStdString(call.text);
+            return;
+        }
+        calls.push_back({call, traveller.stage(), {}});
+        afterCall();
     };
     QObject::connect(&host.channel, &BenchIOManager::called, &traveller.guide(), note);
-    if (!fault.isEmpty())
-        host.control(fault);
-    journey.go(traveller, lost);
+    Keepsakes kept;
+    journey.go(traveller, kept);
+    keepsakes = kept.names().size();
+    lost = kept.lost();
     boxes = traveller.guide().boxes();
     stuck = traveller.guide().stuck();
+}
+
+void SweptRun::finish(ModuleHost &host)
+{
+    host.channel.faults().clear();
+    stateAfter = stateOf(host);
+    subscriptions = static_cast<int>(host.channel.subscriptionCount());
+    Traveller next(host);
+    next.open([&] { opensAgain = next.isEnabled("tabWidget") && next.isEnabled("btn_ok"); });
 }

@@ -6,6 +6,7 @@
 #include <QMap>
 #include <QStringList>
 
+#include <functional>
 #include <vector>
 
 /// A call to the controller, with what its user had done last and what was reported right after it.
@@ -21,9 +22,13 @@ struct SweptRun {
     /// own.
     static SweptRun go(const Journey &journey, const QString &fault);
 
+    /// The same without a fault, but the host ends the module inside the call of this index.
+    static SweptRun endInside(const Journey &journey, std::size_t call);
+
     std::vector<SweptCall> calls;
     QStringList boxes;
     QStringList stuck;
+    int keepsakes = 0; ///< how many things were entered and looked for again
     QStringList lost;
     int subscriptions = 0;
     bool opensAgain = false; ///< the next opening, without a fault, can be adjusted
@@ -31,5 +36,7 @@ struct SweptRun {
     QMap<QString, QString> stateAfter;
 
 private:
-    void travel(const Journey &journey, ModuleHost &host, const QString &fault);
+    void begin(const Journey &journey, ModuleHost &host);
+    void travel(const Journey &journey, ModuleHost &host, const std::function<void()> &afterCall);
+    void finish(ModuleHost &host);
 };
