@@ -51,7 +51,7 @@ endfunction()
 
 # room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds])
 #
-# One test executable for one folder, run twice: in the C locale and in one with a decimal comma. Unless
+# One test executable, run twice: in the C locale and in one with a decimal comma. Unless
 # WITHOUT_DISPLAY is given it runs on an X server of its own, so that tests can run side by side.
 function(room_test name)
   cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
