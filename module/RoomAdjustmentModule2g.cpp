@@ -13,10 +13,6 @@
 namespace
 {
 
-constexpr int versionMajor = 2;
-constexpr int versionMinor = 0;
-constexpr int versionPatch = 14;
-
 constexpr int orderA = 15;
 constexpr int orderB = 300;
 constexpr int flag = 0;
@@ -58,7 +54,7 @@ QString RoomAdjustmentModule2g::moduleName()
 
 QString RoomAdjustmentModule2g::moduleVersion()
 {
-    return QStringLiteral("v%1.%2.%3").arg(versionMajor).arg(versionMinor).arg(versionPatch);
+    return QStringLiteral("v" ROOM_VERSION);
 }
 
 QList<QAction *> RoomAdjustmentModule2g::actions()
