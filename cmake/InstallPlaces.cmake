@@ -3,6 +3,7 @@
 include(GNUInstallDirs)
 
 set(ROOM_INSTALL_MODULES ${CMAKE_INSTALL_LIBDIR}/room-adjustment)
+set(ROOM_INSTALL_HEADERS ${CMAKE_INSTALL_INCLUDEDIR}/room-adjustment)
 set(ROOM_INSTALL_TRANSLATIONS ${CMAKE_INSTALL_DATADIR}/room-adjustment/translations)
 set(ROOM_INSTALL_SCENARIOS ${CMAKE_INSTALL_DATADIR}/room-adjustment-bench/scenarios)
 

@@ -32,6 +32,8 @@ room_install_documents(module)
 room_install_documents(bench)
 
 install(TARGETS roomadjustment2g LIBRARY DESTINATION ${ROOM_INSTALL_MODULES} COMPONENT module)
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/host/ DESTINATION ${ROOM_INSTALL_HEADERS}
+        COMPONENT module FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/room-adjustment-module
         COMPONENT module FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
 
@@ -84,7 +86,10 @@ to the desktop front-end of an optical tracking system.
 
 The room is turned, moved and scaled by numbers with a live view, by assigning
 camera axes to room directions, by matching measured points to known ones, or
-by a calibration with an angle tool.")
+by a calibration with an angle tool.
+
+The headers of the interfaces between host and module come with it, and the
+guides for users and for those who build a host.")
 
 set(CPACK_DEBIAN_BENCH_PACKAGE_NAME room-adjustment-bench)
 set(CPACK_DEBIAN_BENCH_PACKAGE_SECTION devel)
