@@ -12,7 +12,7 @@ auto &at(List &list, int index)
     return list[static_cast<std::size_t>(index)];
 }
 
-/// Takes the smallest value, or the largest, out of a list.
+/// Takes one occurrence of a value, which must be there, out of a list.
 template <class Value>
 void takeOut(std::vector<Value> &values, Value value)
 {

@@ -68,6 +68,8 @@ public slots:
     void showXYGrid(bool showXY);
     void showYZGrid(bool showYZ);
     void showXZGrid(bool showXZ);
+    /// The grid's colour in the plane that the slot names. The one parameter name of all three, which the
+    /// meta-object shows, is meant.
     void setXYGridColor(QColor &XYColor);
     void setYZGridColor(QColor &XYColor);
     void setXZGridColor(QColor &XYColor);
