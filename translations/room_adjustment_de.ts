@@ -21,11 +21,11 @@
     </message>
     <message>
         <source>The measurement tool is tracked</source>
-        <translation>Das Messwerkzeug wird erfasst</translation>
+        <translation>Das Messwerkzeug wird vom Tracking erfasst</translation>
     </message>
     <message>
         <source>The measurement tool is not tracked</source>
-        <translation>Das Messwerkzeug wird nicht erfasst</translation>
+        <translation>Das Messwerkzeug wird vom Tracking nicht erfasst</translation>
     </message>
     <message>
         <source>No measurement tool is selected</source>
@@ -89,7 +89,7 @@
     </message>
     <message>
         <source>Cannot evaluate the transformation : number of reference and measured points is different.</source>
-        <translation>Die Transformation kann nicht bestimmt werden: die Anzahl der Referenzpunkte und der gemessenen Punkte ist verschieden.</translation>
+        <translation>Die Transformation kann nicht bestimmt werden: Es gibt nicht gleich viele Referenzpunkte und gemessene Punkte.</translation>
     </message>
     <message>
         <source>No valid permutation to match transformation.</source>
@@ -123,19 +123,19 @@ Alle Werte in [mm]</translation>
     </message>
     <message>
         <source>Not reliable: some reference points nearly coincide.</source>
-        <translation>Nicht zuverlässig: einige Referenzpunkte fallen fast zusammen.</translation>
+        <translation>Nicht zuverlässig: Einige Referenzpunkte fallen fast zusammen.</translation>
     </message>
     <message>
         <source>Not reliable: the reference points lie nearly on a line, so the rotation about it is uncertain. Add a point beside the line.</source>
-        <translation>Nicht zuverlässig: die Referenzpunkte liegen fast auf einer Geraden, die Drehung um diese ist daher unsicher. Fügen Sie einen Punkt neben der Geraden hinzu.</translation>
+        <translation>Nicht zuverlässig: Die Referenzpunkte liegen fast auf einer Geraden, die Drehung um diese ist daher unsicher. Fügen Sie einen Punkt neben der Geraden hinzu.</translation>
     </message>
     <message>
         <source>Not reliable: the first three reference points lie on a line, or nearly so. Put three points first that are not on a line.</source>
-        <translation>Nicht zuverlässig: die ersten drei Referenzpunkte liegen ganz oder fast auf einer Geraden. Stellen Sie drei Punkte an den Anfang, die nicht auf einer Geraden liegen.</translation>
+        <translation>Nicht zuverlässig: Die ersten drei Referenzpunkte liegen ganz oder fast auf einer Geraden. Stellen Sie drei Punkte an den Anfang, die nicht auf einer Geraden liegen.</translation>
     </message>
     <message>
         <source>Not reliable: another order of the measured points fits equally well; the object may be symmetric. Measure in the order of the table and check &quot;preserve order of points&quot;.</source>
-        <translation>Nicht zuverlässig: eine andere Reihenfolge der gemessenen Punkte passt ebenso gut; vielleicht ist das Objekt symmetrisch. Messen Sie in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
+        <translation>Nicht zuverlässig: Eine andere Reihenfolge der gemessenen Punkte passt ebenso gut; vielleicht ist das Objekt symmetrisch. Messen Sie in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
     </message>
     <message>
         <source>The search for the best order of the measured points was cancelled.
@@ -252,7 +252,7 @@ Die Spitze wurde während der Messung zu stark bewegt:
     </message>
     <message>
         <source>Tracking state of the measurement tool</source>
-        <translation>Erfassungszustand des Messwerkzeugs</translation>
+        <translation>Trackingzustand des Messwerkzeugs</translation>
     </message>
     <message>
         <source>Positions of the tip, in the coordinates of the room as it is now</source>
@@ -331,7 +331,7 @@ Die Spitze wurde während der Messung zu stark bewegt:
     <name>AdjustToToolDlg</name>
     <message>
         <source>Adjust Room Coordinates To Angle Tool</source>
-        <translation>Raumkoordinaten am Winkelwerkzeug ausrichten</translation>
+        <translation>Raumkoordinaten am Winkelwerkzeug justieren</translation>
     </message>
     <message>
         <source>Picture of the angle tool: A is the distance of markers 1 and 2, B of 1 and 4, C of 1 and 3; the height is that of the markers above the floor</source>
@@ -529,7 +529,7 @@ Diese Kalibrierung kann zurzeit nicht unterbrochen werden!</translation>
     <name>CoarseAdjustment</name>
     <message>
         <source>Adjust room coordinate system by rotating around axes</source>
-        <translation>Raumkoordinatensystem durch Drehen um Achsen anpassen</translation>
+        <translation>Raumkoordinatensystem durch Drehen um Achsen justieren</translation>
     </message>
     <message>
         <source>camera coordinates</source>
@@ -636,7 +636,7 @@ Diese Kalibrierung kann zurzeit nicht unterbrochen werden!</translation>
 (If yes press &apos;Apply&apos; and re-open matching)</source>
         <translation>Es gibt nicht gespeicherte Daten. Änderungen speichern?
 
-(Falls ja, „Übernehmen“ drücken und die Anpassung erneut öffnen)</translation>
+(Falls ja, „Übernehmen“ und dann erneut „Starten“ drücken)</translation>
     </message>
 </context>
 <context>
@@ -753,19 +753,19 @@ rz (phi)    Bereich [-180 Grad .. +180 Grad]</translation>
     </message>
     <message>
         <source>Adjust to angle tool</source>
-        <translation>Am Winkelwerkzeug ausrichten</translation>
+        <translation>Am Winkelwerkzeug justieren</translation>
     </message>
     <message>
         <source>Open adjust room coordinates to angle tool</source>
-        <translation>Das Ausrichten der Raumkoordinaten am Winkelwerkzeug öffnen</translation>
+        <translation>Die Justierung der Raumkoordinaten am Winkelwerkzeug öffnen</translation>
     </message>
     <message>
         <source>&amp;Adjust</source>
-        <translation>&amp;Ausrichten</translation>
+        <translation>&amp;Am Werkzeug justieren</translation>
     </message>
     <message>
         <source>Adjust based on reference points</source>
-        <translation>An Referenzpunkten ausrichten</translation>
+        <translation>An Referenzpunkten justieren</translation>
     </message>
     <message>
         <source>Open room adjustment based on reference points</source>
@@ -785,7 +785,7 @@ rz (phi)    Bereich [-180 Grad .. +180 Grad]</translation>
     </message>
     <message>
         <source>The room cannot be drawn: this computer offers no OpenGL. All numbers can be edited and applied.</source>
-        <translation>Der Raum kann nicht gezeichnet werden: dieser Rechner bietet kein OpenGL. Alle Zahlen können bearbeitet und übernommen werden.</translation>
+        <translation>Der Raum kann nicht gezeichnet werden: Dieser Rechner bietet kein OpenGL. Alle Zahlen können bearbeitet und übernommen werden.</translation>
     </message>
     <message>
         <source>Change view position</source>
@@ -963,11 +963,11 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>&lt;p&gt;&lt;b&gt;Step 1: add the reference points&lt;/b&gt;&lt;/p&gt;
 &lt;p&gt;Add the reference points of the object&apos;s coordinate system; at least three are needed, and the first three must not lie on one line. There are two ways:&lt;/p&gt;
-&lt;ul&gt;&lt;li&gt;type the coordinates into the table &lt;i&gt;reference points&lt;/i&gt;: the button &lt;i&gt;Add&lt;/i&gt; appends a row;&lt;/li&gt;
+&lt;ul&gt;&lt;li&gt;type the coordinates into the table &lt;i&gt;Reference points&lt;/i&gt;: the button &lt;i&gt;Add&lt;/i&gt; appends a row;&lt;/li&gt;
 &lt;li&gt;load them from a text file with the button &lt;i&gt;Load&lt;/i&gt;.&lt;/li&gt;&lt;/ul&gt;</source>
         <translation>&lt;p&gt;&lt;b&gt;Schritt 1: Referenzpunkte eingeben&lt;/b&gt;&lt;/p&gt;
 &lt;p&gt;Fügen Sie die Referenzpunkte des Objektkoordinatensystems hinzu; mindestens drei sind nötig, und die ersten drei dürfen nicht auf einer Geraden liegen. Es gibt zwei Wege:&lt;/p&gt;
-&lt;ul&gt;&lt;li&gt;die Koordinaten in die Tabelle &lt;i&gt;Referenzpunkte&lt;/i&gt; eintippen: die Schaltfläche &lt;i&gt;Hinzufügen&lt;/i&gt; hängt eine Zeile an;&lt;/li&gt;
+&lt;ul&gt;&lt;li&gt;die Koordinaten in die Tabelle &lt;i&gt;Referenzpunkte&lt;/i&gt; eintippen: Die Schaltfläche &lt;i&gt;Hinzufügen&lt;/i&gt; hängt eine Zeile an;&lt;/li&gt;
 &lt;li&gt;sie mit der Schaltfläche &lt;i&gt;Laden&lt;/i&gt; aus einer Textdatei laden.&lt;/li&gt;&lt;/ul&gt;</translation>
     </message>
     <message>
@@ -988,9 +988,9 @@ Umschalt + linke Maustaste</translation>
 &lt;li&gt;the measurement start simulation of the measurement tool itself,&lt;/li&gt;
 &lt;li&gt;pressing a button of an assigned hand-held input device.&lt;/li&gt;&lt;/ul&gt;
 &lt;p&gt;&lt;b&gt;Step 3: check and accept the result&lt;/b&gt;&lt;/p&gt;
-&lt;p&gt;When all reference points have been measured, the result is shown in the text box &lt;i&gt;transformation&lt;/i&gt;: the residual error, and the distance of every point to its reference point. Accepting it with &lt;i&gt;Apply&lt;/i&gt; closes the dialog and passes the transformation on.&lt;/p&gt;</source>
+&lt;p&gt;When all reference points have been measured, the result is shown in the text box &lt;i&gt;Transformation&lt;/i&gt;: the residual error, and the distance of every point to its reference point. Accepting it with &lt;i&gt;Apply&lt;/i&gt; closes the dialog and passes the transformation on.&lt;/p&gt;</source>
         <translation>&lt;p&gt;&lt;b&gt;Schritt 2: Punkte am Objekt messen&lt;/b&gt;&lt;/p&gt;
-&lt;p&gt;Berühren Sie mit einem kalibrierten Messwerkzeug innerhalb des Messvolumens die Punkte am Objekt, die den Referenzpunkten aus Schritt 1 entsprechen, und halten Sie die Spitze ruhig. Die Reihenfolge ist beliebig, außer wenn &lt;i&gt;Reihenfolge der Punkte beibehalten&lt;/i&gt; gewählt ist. Eine Messung beginnt durch:&lt;/p&gt;
+&lt;p&gt;Berühren Sie mit einem kalibrierten Messwerkzeug innerhalb des Trackingvolumens die Punkte am Objekt, die den Referenzpunkten aus Schritt 1 entsprechen, und halten Sie die Spitze ruhig. Die Reihenfolge ist beliebig, außer wenn &lt;i&gt;Reihenfolge der Punkte beibehalten&lt;/i&gt; gewählt ist. Eine Messung beginnt durch:&lt;/p&gt;
 &lt;ul&gt;&lt;li&gt;Klicken auf die Schaltfläche &lt;i&gt;Messen&lt;/i&gt;,&lt;/li&gt;
 &lt;li&gt;Drücken einer Taste des Messwerkzeugs,&lt;/li&gt;
 &lt;li&gt;die Messstart-Simulation des Messwerkzeugs selbst,&lt;/li&gt;
@@ -1035,7 +1035,7 @@ Umschalt + linke Maustaste</translation>
     </message>
     <message>
         <source>The controller cannot track at the moment. The room cannot be adjusted.</source>
-        <translation>Der Controller kann zurzeit nicht messen. Der Raum kann nicht justiert werden.</translation>
+        <translation>Beim Controller ist zurzeit kein Tracking möglich. Der Raum kann nicht justiert werden.</translation>
     </message>
     <message>
         <source>The cameras have no room calibration, or the controller does not answer. The room cannot be adjusted.</source>

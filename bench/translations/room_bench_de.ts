@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>&lt;ol&gt;&lt;li&gt;Press Shift+F5: the dialog &quot;Room Adjustment&quot; opens.&lt;/li&gt;&lt;li&gt;Choose the tab &quot;Fine&quot; and press &quot;Start&quot; under &quot;Adjust based on reference points&quot;.&lt;/li&gt;&lt;li&gt;In the window &quot;Simulated Room&quot; press &quot;Point 1&quot;, then &quot;Press the tool button&quot;, and wait until the point stands in the dialog&apos;s table.&lt;/li&gt;&lt;li&gt;Do the same with the points 2 and 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 switches between the dialog and the simulated room.&lt;/p&gt;</source>
-        <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie Umschalt+F5: der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten ausrichten“.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den Punkten 2 und 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum.&lt;/p&gt;</translation>
+        <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie Umschalt+F5: der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den Punkten 2 und 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -274,7 +274,7 @@
     </message>
     <message>
         <source>&lt;p&gt;To measure points: choose &lt;b&gt;Tracking &amp;gt; Room adjustment&lt;/b&gt; (Shift+F5), the tab &lt;b&gt;Fine&lt;/b&gt;, and &lt;b&gt;Start&lt;/b&gt; under &quot;Adjust based on reference points&quot;. Then, for each point:&lt;/p&gt;</source>
-        <translation>&lt;p&gt;So werden Punkte gemessen: &lt;b&gt;Tracking &amp;gt; Raumjustierung&lt;/b&gt; (Umschalt+F5) wählen, den Reiter &lt;b&gt;Fein&lt;/b&gt;, und &lt;b&gt;Starten&lt;/b&gt; unter „An Referenzpunkten ausrichten“. Dann für jeden Punkt:&lt;/p&gt;</translation>
+        <translation>&lt;p&gt;So werden Punkte gemessen: &lt;b&gt;Tracking &amp;gt; Raumjustierung&lt;/b&gt; (Umschalt+F5) wählen, den Reiter &lt;b&gt;Fein&lt;/b&gt;, und &lt;b&gt;Starten&lt;/b&gt; unter „An Referenzpunkten justieren“. Dann für jeden Punkt:&lt;/p&gt;</translation>
     </message>
     <message>
         <source>1. Hold the tip of the tool at a point</source>
