@@ -19,10 +19,11 @@ QString tr(const char *text)
 
 constexpr double rowDistanceMm = 250.0;
 
-/// As many cameras: the standard ones, and above them further rows of the same.
+/// As many cameras: those of the room, and above them further rows of the same. A room without cameras gets
+/// the standard ones.
 void setCameraCount(SimRoom &room, int count)
 {
-    const std::vector<SimCamera> known = room.cameras;
+    const std::vector<SimCamera> known = room.cameras.empty() ? SimRoom::standard().cameras : room.cameras;
     room.cameras.clear();
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
         const std::size_t row = i / known.size();

@@ -6,6 +6,7 @@
 #include "TestRegistry.h"
 
 #include <QTcpServer>
+#include <QTemporaryFile>
 #include <QtTest>
 
 #include <array>
@@ -42,20 +43,29 @@ private slots:
 
     void shouldHaveAsManyCamerasAsAskedFor_data()
     {
+        QTest::addColumn<QByteArray>("room");
         QTest::addColumn<int>("count");
-        QTest::newRow("none") << 0;
-        QTest::newRow("one") << 1;
-        QTest::newRow("more than the standard ones") << 6;
+        QTest::newRow("none") << QByteArray("{}") << 0;
+        QTest::newRow("one") << QByteArray("{}") << 1;
+        QTest::newRow("more than the standard ones") << QByteArray("{}") << 6;
+        QTest::newRow("in a room without cameras") << QByteArray(R"({"cameras": []})") << 2;
+        QTest::newRow("none in a room without cameras") << QByteArray(R"({"cameras": []})") << 0;
     }
 
     void shouldHaveAsManyCamerasAsAskedFor()
     {
+        QFETCH(QByteArray, room);
         QFETCH(int, count);
+        QTemporaryFile file;
+        QVERIFY(file.open());
+        file.write(room);
+        file.close();
         BenchOptions options;
+        options.scenario = file.fileName();
         options.cameras = count;
         QString error;
         const auto session = BenchSession::open(options, &error);
-        QVERIFY(session != nullptr);
+        QVERIFY2(session != nullptr, qPrintable(error));
         QCOMPARE(cameraCount(*session), count);
     }
 
