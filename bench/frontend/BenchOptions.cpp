@@ -35,7 +35,8 @@ constexpr std::array<OptionText, 18> texts = {{
     {"control", "\"LINE\"", "Any control line, such as \"tool 1 tremor 2\"; can be given again."},
     {"demo", "DIR", "Do the main job with real keys and clicks, leave pictures in DIR, and end."},
     {"language", "CODE", "Language of the windows, such as de; English without it."},
-    {"log", "FILE", "Write the conversation with the controller there at the end."},
+    {"log", "FILE",
+     "Write the conversation with the controller there at the end, its last 20,000 calls at most."},
 }};
 
 QString tr(const char *text)

@@ -1,6 +1,7 @@
 #include "ConversationView.h"
 
 #include "CallLog.h"
+#include "TextFile.h"
 #include "ui_ConversationView.h"
 
 #include <QAction>
@@ -9,7 +10,6 @@
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
-#include <QSaveFile>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -141,9 +141,5 @@ void ConversationView::on_clearButton_clicked()
 
 bool ConversationView::saveTo(const QString &file) const
 {
-    QSaveFile target(file);
-    if (!target.open(QIODevice::WriteOnly | QIODevice::Text))
-        return false;
-    target.write(m_filter.asText().toUtf8());
-    return target.commit();
+    return !saveText(file, m_filter.asText().toUtf8());
 }

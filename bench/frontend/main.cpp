@@ -2,8 +2,8 @@
 #include "BenchOptions.h"
 #include "BenchSession.h"
 #include "BenchWindow.h"
-#include "ConversationView.h"
 #include "MainJob.h"
+#include "TextFile.h"
 #include "WindowActivation.h"
 
 #include <QApplication>
@@ -30,6 +30,13 @@ int runDemo(BenchWindow &window, BenchSession &session, const QString &folder)
     return QApplication::exec();
 }
 
+/// Gives the exit code, or that of a failure.
+int writeLog(const QString &file, const BenchIOManager &channel, int exitCode)
+{
+    const std::optional<QString> reason = saveText(file, channel.log().asText().toUtf8());
+    return reason ? fail(QStringLiteral("%1 could not be written: %2").arg(file, *reason)) : exitCode;
+}
+
 int run(const BenchOptions &options, const QString &plugin)
 {
     QString error;
@@ -49,9 +56,7 @@ int run(const BenchOptions &options, const QString &plugin)
     window.show();
     const int exitCode =
         options.demoFolder.isEmpty() ? QApplication::exec() : runDemo(window, *session, options.demoFolder);
-    if (!options.logFile.isEmpty() && !window.conversation()->saveTo(options.logFile))
-        return fail(QObject::tr("%1 could not be written.").arg(options.logFile));
-    return exitCode;
+    return options.logFile.isEmpty() ? exitCode : writeLog(options.logFile, session->channel(), exitCode);
 }
 
 /// Help and version need no display.

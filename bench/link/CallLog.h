@@ -17,7 +17,7 @@ struct CallRecord {
 
 /// The conversation with the controller, as a table with one column for each part of a CallRecord.
 ///
-/// It keeps the last 20,000 calls.
+/// It keeps the last calls, at most 20,000.
 class CallLog : public QAbstractTableModel
 {
     Q_OBJECT

@@ -2,12 +2,12 @@
 
 #include "BenchIOManager.h"
 #include "ControllerLink.h"
+#include "TextFile.h"
 #include "TipRecorder.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
 #include <QFile>
-#include <QSaveFile>
 #include <QTextStream>
 #include <QTimer>
 
@@ -148,11 +148,8 @@ bool ScriptRunner::pass(double seconds)
 
 bool ScriptRunner::saveLog(const QString &file)
 {
-    QSaveFile target(file);
-    const QByteArray text = m_channel.log().asText().toUtf8();
-    if (target.open(QIODevice::WriteOnly) && target.write(text) == text.size() && target.commit())
-        return true;
-    return fail(QStringLiteral("%1: %2").arg(file, target.errorString()));
+    const std::optional<QString> reason = saveText(file, m_channel.log().asText().toUtf8());
+    return !reason || fail(QStringLiteral("%1: %2").arg(file, *reason));
 }
 
 bool ScriptRunner::fail(const QString &error)

@@ -2,9 +2,7 @@
 
 #include "ControllerLink.h"
 #include "SimText.h"
-
-#include <QByteArray>
-#include <QSaveFile>
+#include "TextFile.h"
 
 namespace
 {
@@ -43,8 +41,7 @@ std::string saveWorkpiece(ControllerLink &link, const std::string &file)
             break;
         text += line;
     }
-    QSaveFile target(QString::fromStdString(file));
-    if (!target.open(QIODevice::WriteOnly) || target.write(text) != text.size() || !target.commit())
-        return failure("cannot write " + file + ": " + target.errorString().toStdString());
+    if (const std::optional<QString> reason = saveText(QString::fromStdString(file), text))
+        return failure("cannot write " + file + ": " + reason->toStdString());
     return "sim ok";
 }

@@ -170,7 +170,18 @@ private slots:
         QCOMPARE(run.exitCode, 0);
         QFile log(file);
         QVERIFY(log.open(QIODevice::ReadOnly));
-        QVERIFY(log.readAll().contains("setParameter\ttracking extra_translation -250.000 0.000 0.000\t0\t"));
+        const QByteArray text = log.readAll();
+        QVERIFY(text.contains("setParameter\ttracking extra_translation -250.000 0.000 0.000\t0\t"));
+        QVERIFY2(text.startsWith("1\t"), text.constData());
+    }
+
+    void shouldSayThatTheConversationCannotBeWritten()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("missing/log.txt"));
+        const ProgramRun run(demo(folder, {QStringLiteral("--log"), file}));
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.err.contains(file), qPrintable(run.err));
     }
 };
 
