@@ -16,7 +16,7 @@ struct OptionText {
     const char *description;
 };
 
-constexpr std::array<OptionText, 18> texts = {{
+constexpr std::array<OptionText, 19> texts = {{
     {"plugin", "FILE", "The module's shared library; by default it is looked for beside the bench."},
     {"controller", "HOST:PORT", "Use the controller at that address instead of one in this process."},
     {"scenario", "FILE",
@@ -33,6 +33,8 @@ constexpr std::array<OptionText, 18> texts = {{
     {"seed", "N", "Seed of everything random."},
     {"fault", "\"LINE\"", "A fault, such as \"fail 3 velmar2 get status\"; can be given again."},
     {"control", "\"LINE\"", "Any control line, such as \"tool 1 tremor 2\"; can be given again."},
+    {"script", "FILE",
+     "Run the lines of a script when the window is open; the first that fails ends the bench."},
     {"demo", "DIR", "Do the main job with real keys and clicks, leave pictures in DIR, and end."},
     {"language", "CODE", "Language of the windows, such as de; English without it."},
     {"log", "FILE",
@@ -87,6 +89,7 @@ public:
         m_options.plugin = value("plugin");
         m_options.controller = value("controller");
         m_options.scenario = value("scenario");
+        m_options.script = value("script");
         m_options.demoFolder = value("demo");
         m_options.language = value("language");
         m_options.logFile = value("log");

@@ -64,7 +64,7 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     connect(&m_channel.link(), &ControllerLink::connectionChanged, this, [this](bool, const QString &text) {
         m_connectionLabel->setText(m_channel.link().description());
         statusBar()->showMessage(text, reportShownMs);
-        m_room->showState();
+        showState();
     });
 }
 
@@ -187,6 +187,12 @@ void BenchWindow::readVersion()
     m_versions.interfaceMajor = version->at(0);
     m_versions.interfaceMinor = version->at(1);
     m_versions.interfacePatch = version->at(2);
+}
+
+void BenchWindow::showState()
+{
+    readVersion();
+    m_room->showState();
 }
 
 void BenchWindow::showEvent(QShowEvent *event)

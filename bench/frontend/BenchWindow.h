@@ -37,6 +37,9 @@ public:
     bool loadModule();
     void unloadModule();
 
+    /// Takes over what the controller is now, when it was changed past this window.
+    void showState();
+
     const ModuleLibrary &module() const { return m_module; }
     RoomPanel *roomPanel() const { return m_room; }
     ConversationView *conversation() const { return m_conversation; }

@@ -3,6 +3,7 @@
 #include "BenchSession.h"
 #include "BenchWindow.h"
 #include "MainJob.h"
+#include "ScriptRunner.h"
 #include "TextFile.h"
 #include "WindowActivation.h"
 
@@ -21,12 +22,28 @@ int fail(const QString &text)
     return wrongUse;
 }
 
-int runDemo(BenchWindow &window, BenchSession &session, const QString &folder)
+/// False when a line of the script failed; the program then ends.
+bool runScript(const QString &file, BenchSession &session, BenchWindow &window)
+{
+    ScriptRunner script(session.channel());
+    const bool isDone = script.runFile(file);
+    window.showState();
+    if (!isDone)
+        QApplication::exit(fail(script.error()));
+    return isDone;
+}
+
+/// Runs the event loop, and in it what the options ask for: the script, then the main job.
+int execute(const BenchOptions &options, BenchSession &session, BenchWindow &window)
 {
     QTextStream out(stdout);
-    MainJob job(window, session.channel(), folder, out);
+    MainJob job(window, session.channel(), options.demoFolder, out);
     QObject::connect(&job, &MainJob::finished, qApp, [](int exitCode) { QApplication::exit(exitCode); });
-    QTimer::singleShot(0, &job, &MainJob::start);
+    QTimer::singleShot(0, &job, [&] {
+        const bool isReady = options.script.isEmpty() || runScript(options.script, session, window);
+        if (isReady && !options.demoFolder.isEmpty())
+            job.start();
+    });
     return QApplication::exec();
 }
 
@@ -54,8 +71,7 @@ int run(const BenchOptions &options, const QString &plugin)
     if (!isLoaded && !options.demoFolder.isEmpty())
         return fail(window.module().error());
     window.show();
-    const int exitCode =
-        options.demoFolder.isEmpty() ? QApplication::exec() : runDemo(window, *session, options.demoFolder);
+    const int exitCode = execute(options, *session, window);
     return options.logFile.isEmpty() ? exitCode : writeLog(options.logFile, session->channel(), exitCode);
 }
 

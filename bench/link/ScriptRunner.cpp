@@ -19,11 +19,6 @@ namespace
 constexpr double frameRate = 60.0;
 constexpr double longestSeconds = 600.0;
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("ScriptRunner", text);
-}
-
 QString rest(const QString &line, const char *word)
 {
     const QString lead = QLatin1String(word) + QLatin1Char(' ');
@@ -63,7 +58,7 @@ bool ScriptRunner::run(const QString &line)
         return pass(seconds);
     if (line.startsWith(QLatin1String("log save ")))
         return saveLog(rest(line, "log save"));
-    return fail(tr("unknown line"));
+    return fail(QStringLiteral("unknown line"));
 }
 
 bool ScriptRunner::runFile(const QString &file)
@@ -98,7 +93,7 @@ bool ScriptRunner::expect(const QString &answer)
 {
     if (answer.toStdString() == m_lastAnswer)
         return true;
-    return fail(tr("the answer was: %1").arg(QString::fromStdString(m_lastAnswer)));
+    return fail(QStringLiteral("the answer was: %1").arg(QString::fromStdString(m_lastAnswer)));
 }
 
 bool ScriptRunner::expectNear(const QString &line)
@@ -109,19 +104,19 @@ bool ScriptRunner::expectNear(const QString &line)
         bool isNumber = false;
         numbers << word.toDouble(&isNumber);
         if (!isNumber)
-            return fail(tr("expected a number: %1").arg(word));
+            return fail(QStringLiteral("expected a number: %1").arg(word));
     }
     if (numbers.size() != 5)
-        return fail(tr("expected: N X Y Z TOL"));
+        return fail(QStringLiteral("expected: N X Y Z TOL"));
     constexpr int samples = 60;
     TipRecorder recorder(m_channel, static_cast<int>(numbers[0]));
     for (int turn = 0; turn < 3 && recorder.count() < samples; ++turn)
         pass((samples - recorder.count()) / frameRate);
     if (recorder.count() < samples)
-        return fail(tr("only %1 positions were reported").arg(recorder.count()));
+        return fail(QStringLiteral("only %1 positions were reported").arg(recorder.count()));
     const SimVector mean = recorder.mean();
     const double distance = length(mean - SimVector{numbers[1], numbers[2], numbers[3]});
-    return distance <= numbers[4] || fail(tr("the mean is (%1, %2, %3), %4 mm away")
+    return distance <= numbers[4] || fail(QStringLiteral("the mean is (%1, %2, %3), %4 mm away")
                                               .arg(mean.x, 0, 'f', 3)
                                               .arg(mean.y, 0, 'f', 3)
                                               .arg(mean.z, 0, 'f', 3)

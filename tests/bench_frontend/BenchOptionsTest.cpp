@@ -77,6 +77,17 @@ private slots:
         QCOMPARE(options->startLines, lines);
     }
 
+    void shouldTakeTheFilesThatAreNamed()
+    {
+        const auto options =
+            read({QStringLiteral("--script"), QStringLiteral("a.txt"), QStringLiteral("--log"),
+                  QStringLiteral("b.txt"), QStringLiteral("--demo"), QStringLiteral("c")});
+        QVERIFY(options.has_value());
+        QCOMPARE(options->script, QStringLiteral("a.txt"));
+        QCOMPARE(options->logFile, QStringLiteral("b.txt"));
+        QCOMPARE(options->demoFolder, QStringLiteral("c"));
+    }
+
     void shouldSayWhatIsWrong_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -112,7 +123,8 @@ private slots:
         QVERIFY(read({QStringLiteral("--help-all")})->isHelpWanted);
         QVERIFY(read({QStringLiteral("--version")})->isVersionWanted);
         const QString help = BenchOptions::help();
-        for (const char *name : {"--plugin", "--controller", "--scenario", "--observer", "--demo", "--seed"})
+        for (const char *name :
+             {"--plugin", "--controller", "--scenario", "--observer", "--demo", "--seed", "--script"})
             QVERIFY2(help.contains(QLatin1String(name)), name);
     }
 };

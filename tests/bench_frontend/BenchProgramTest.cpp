@@ -43,6 +43,13 @@ QStringList demo(const QTemporaryDir &folder, const QStringList &more = {})
            more;
 }
 
+/// The name of a script with these lines; empty when it cannot be written.
+QString scriptFile(const QTemporaryDir &folder, const QByteArray &lines)
+{
+    QFile file(folder.filePath(QStringLiteral("script.txt")));
+    return file.open(QIODevice::WriteOnly) && file.write(lines) == lines.size() ? file.fileName() : QString();
+}
+
 const QString startTracking = QStringLiteral("velmar2 tracking start");
 const QString stopTracking = QStringLiteral("velmar2 tracking stop");
 const QString rotation = QStringLiteral(
@@ -160,6 +167,65 @@ private slots:
         const QTemporaryDir folder;
         const ProgramRun run(demo(folder, {QStringLiteral("--controller"), controller.address()}));
         QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+    }
+
+    void shouldRunAScriptBeforeTheMainJob()
+    {
+        const QTemporaryDir folder;
+        const QString script = scriptFile(folder, "sim version 1 17 -1\n# a remark\n"
+                                                  "velmar2 get tracking available\n");
+        QVERIFY(!script.isEmpty());
+        const ProgramRun run(demo(folder, {QStringLiteral("--script"), script}));
+        QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+        QVERIFY(run.out.contains(QStringLiteral("control\tsim version 1 17 -1\t0\tsim ok")));
+    }
+
+    void shouldRunAScriptOnAControllerInAnotherProcess()
+    {
+        const ControllerProcess controller;
+        const QTemporaryDir folder;
+        const QString script =
+            scriptFile(folder, "sim locked yes\nsim get locked\nexpect sim get locked no\n");
+        const ProgramRun run({QStringLiteral("--plugin"), QStringLiteral(FAKE_MODULE),
+                              QStringLiteral("--controller"), controller.address(),
+                              QStringLiteral("--script"), script});
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.err.contains(QStringLiteral("the answer was: sim get locked yes")), qPrintable(run.err));
+    }
+
+    void shouldEndAtALineOfTheScriptThatFails_data()
+    {
+        QTest::addColumn<QByteArray>("lines");
+        QTest::addColumn<QString>("said");
+        QTest::newRow("refused") << QByteArray("# first\nsim seed x\nsim seed 1\n")
+                                 << QStringLiteral(":2: sim seed x: sim err \"expected: a whole number");
+        QTest::newRow("another answer")
+            << QByteArray("velmar2 get status active\nexpect velmar2 get status active mea\n")
+            << QStringLiteral(":2: expect velmar2 get status active mea: the answer was: velmar2 get status "
+                              "active none");
+        QTest::newRow("unknown") << QByteArray("\n\ndance\n") << QStringLiteral(":3: dance: unknown line");
+    }
+
+    void shouldEndAtALineOfTheScriptThatFails()
+    {
+        QFETCH(QByteArray, lines);
+        QFETCH(QString, said);
+        const QTemporaryDir folder;
+        const QString script = scriptFile(folder, lines);
+        QVERIFY(!script.isEmpty());
+        const ProgramRun run(demo(folder, {QStringLiteral("--script"), script}));
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.err.contains(script + said), qPrintable(run.err));
+        QVERIFY(!QDir(folder.filePath(QStringLiteral("pictures"))).exists());
+    }
+
+    void shouldNameAScriptThatCannotBeRead()
+    {
+        const QTemporaryDir folder;
+        const QString script = folder.filePath(QStringLiteral("missing.txt"));
+        const ProgramRun run(demo(folder, {QStringLiteral("--script"), script}));
+        QCOMPARE(run.exitCode, 2);
+        QVERIFY2(run.err.contains(script), qPrintable(run.err));
     }
 
     void shouldWriteTheConversation()

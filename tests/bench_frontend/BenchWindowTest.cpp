@@ -5,6 +5,7 @@
 #include "TestRegistry.h"
 
 #include <QAction>
+#include <QCheckBox>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -77,6 +78,18 @@ private slots:
         QCOMPARE(window.versions().interfaceMajor, 0);
         QCOMPARE(window.versions().interfaceMinor, 9);
         QCOMPARE(window.versions().interfacePatch, 3);
+    }
+
+    void shouldTakeOverWhatWasChangedPastIt()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        fake.link.ask("sim version 0 16 2");
+        fake.link.ask("sim locked yes");
+        window.showState();
+        QCOMPARE(window.versions().interfaceMinor, 16);
+        QCOMPARE(window.versions().interfacePatch, 2);
+        QVERIFY(window.roomPanel()->findChild<QCheckBox *>(QStringLiteral("lockedBox"))->isChecked());
     }
 
     void shouldShowAReportedError()
