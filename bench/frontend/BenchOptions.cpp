@@ -31,7 +31,7 @@ constexpr std::array<OptionText, 19> texts = {{
     {"extra-translation", "\"x y z\"", "Extra translation at the start, mm."},
     {"extra-scaling", "s", "Extra scaling at the start."},
     {"seed", "N", "Seed of everything random."},
-    {"fault", "\"LINE\"", "A fault, such as \"fail 3 velmar2 get status\"; can be given again."},
+    {"fault", "\"LINE\"", "A fault, such as \"fail 3 status active\"; can be given again."},
     {"control", "\"LINE\"", "Any control line, such as \"tool 1 tremor 2\"; can be given again."},
     {"script", "FILE",
      "Run the lines of a script when the window is open; the first that fails ends the bench."},

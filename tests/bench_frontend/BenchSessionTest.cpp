@@ -107,6 +107,22 @@ private slots:
         QVERIFY(session->channel().sendCommand(answer.data(), "velmar2 tracking start") != 0);
     }
 
+    void shouldLetTheCallOfTheHelpsExampleFail()
+    {
+        const QString help = BenchOptions::help().simplified();
+        const QString example =
+            help.section(QStringLiteral("such as \"fail "), 1).section(QLatin1Char('"'), 0, 0);
+        BenchOptions options;
+        options.startLines << QStringLiteral("sim fault fail ") + example;
+        QString error;
+        const auto session = BenchSession::open(options, &error);
+        QVERIFY2(session != nullptr, qPrintable(error));
+        std::array<char, 256> value = {};
+        QCOMPARE(session->channel().getParameter(value.data(), "status active"), 0);
+        QCOMPARE(session->channel().getParameter(value.data(), "status active"), 0);
+        QVERIFY(session->channel().getParameter(value.data(), "status active") != 0);
+    }
+
     void shouldNameAScenarioThatCannotBeRead()
     {
         BenchOptions options;

@@ -162,6 +162,19 @@ private slots:
         QVERIFY(fake.channel.getParameter(answer.data(), "status active") != 0);
     }
 
+    void shouldSuggestACallThatCanFail()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        auto *edit = child<QLineEdit>(panel, "callTextEdit");
+        edit->setText(edit->placeholderText());
+        click(panel, "callButton");
+        QCOMPARE(fake.channel.faults().pending().size(), std::size_t(1));
+        QVERIFY(fake.channel.setParameter("tracking extra_rotation 1 0 0 0 1 0 0 0 1") != 0);
+        QVERIFY(fake.channel.faults().pending().empty());
+    }
+
     void shouldBeReachableByKeysAlone()
     {
         FakeController fake;
