@@ -30,6 +30,11 @@ SimReply locked(SimMachine &machine, const SimArguments &)
     return SimReply::value(SimText::yesOrNo(!machine.state.changeable));
 }
 
+SimReply available(SimMachine &machine, const SimArguments &)
+{
+    return SimReply::value(SimText::yesOrNo(machine.state.available));
+}
+
 SimReply counts(SimMachine &machine, const SimArguments &)
 {
     const SimRoom &room = machine.room;
@@ -96,13 +101,9 @@ SimReply clock(SimMachine &machine, const SimArguments &)
 
 std::vector<SimRequestRow> questions()
 {
-    return {{"get version", version},
-            {"get time", time},
-            {"get clock", clock},
-            {"get locked", locked},
-            {"get counts", counts},
-            {"get point #", point},
-            {"get reported_point #", reportedPoint},
-            {"get tool #", tool},
-            {"get angletool", angleTool}};
+    return {{"get version", version},     {"get time", time},
+            {"get clock", clock},         {"get locked", locked},
+            {"get available", available}, {"get counts", counts},
+            {"get point #", point},       {"get reported_point #", reportedPoint},
+            {"get tool #", tool},         {"get angletool", angleTool}};
 }

@@ -10,10 +10,11 @@ namespace
 {
 
 const QLatin1String prefix("sim ");
+const QLatin1String yes("yes");
 
 QString yesNo(bool value)
 {
-    return value ? QStringLiteral("yes") : QStringLiteral("no");
+    return value ? yes : QLatin1String("no");
 }
 
 QString number(double value)
@@ -145,6 +146,13 @@ std::optional<QString> RoomControls::question(const QString &about) const
     return text.mid(asked.size() + 1);
 }
 
+/// Whether the last word of the answer is yes.
+std::optional<bool> RoomControls::truth(const QString &about) const
+{
+    const std::optional<QString> value = question(about);
+    return value ? std::optional<bool>(value->section(QLatin1Char(' '), -1) == yes) : std::nullopt;
+}
+
 std::optional<ToolReading> RoomControls::toolReading() const
 {
     const std::optional<QString> value = question(QStringLiteral("tool 1"));
@@ -152,9 +160,11 @@ std::optional<ToolReading> RoomControls::toolReading() const
         return std::nullopt;
     const QStringList words = value->split(QLatin1Char(' '));
     const auto tip = threeNumbers(words);
-    if (!tip || words.size() < 5)
+    bool isNumber = false;
+    const double tremorMm = words.value(5).toDouble(&isNumber);
+    if (!tip || !isNumber)
         return std::nullopt;
-    return ToolReading{*tip, words.at(3) == QLatin1String("yes"), words.at(4) == QLatin1String("yes")};
+    return ToolReading{*tip, words.at(3) == yes, words.at(4) == yes, tremorMm};
 }
 
 std::optional<std::array<int, 3>> RoomControls::interfaceVersion() const
@@ -171,8 +181,17 @@ std::optional<std::array<int, 3>> RoomControls::interfaceVersion() const
 
 std::optional<bool> RoomControls::isLocked() const
 {
-    const std::optional<QString> value = question(QStringLiteral("locked"));
-    return value ? std::optional<bool>(*value == QLatin1String("yes")) : std::nullopt;
+    return truth(QStringLiteral("locked"));
+}
+
+std::optional<bool> RoomControls::isAvailable() const
+{
+    return truth(QStringLiteral("available"));
+}
+
+std::optional<bool> RoomControls::isAngleToolVisible() const
+{
+    return truth(QStringLiteral("angletool"));
 }
 
 int RoomControls::pointCount() const

@@ -13,6 +13,7 @@ struct ToolReading {
     std::array<double, 3> tipMm = {};
     bool isTracked = false;
     bool isMeasuring = false;
+    double tremorMm = 0.0; ///< sigma per axis of the hand
 };
 
 /// A marked point of the workpiece.
@@ -63,6 +64,8 @@ public:
     std::optional<ToolReading> toolReading() const;
     std::optional<std::array<int, 3>> interfaceVersion() const;
     std::optional<bool> isLocked() const;
+    std::optional<bool> isAvailable() const;
+    std::optional<bool> isAngleToolVisible() const;
     int pointCount() const;
     std::optional<WorkpiecePoint> point(int number) const;
 
@@ -76,6 +79,7 @@ signals:
 private:
     QString control(const QString &line);
     std::optional<QString> question(const QString &about) const;
+    std::optional<bool> truth(const QString &about) const;
 
     BenchIOManager &m_channel;
 };

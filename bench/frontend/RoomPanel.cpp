@@ -40,6 +40,13 @@ QString nameOfButton(int point)
     return QStringLiteral("pointButton%1").arg(point);
 }
 
+/// Checks the box or not, as if nobody had touched it; a state that is not known leaves it as it is.
+void check(QCheckBox *box, std::optional<bool> state)
+{
+    const QSignalBlocker blocker(box);
+    box->setChecked(state.value_or(box->isChecked()));
+}
+
 } // namespace
 
 RoomPanel::RoomPanel(RoomControls &controls, QWidget *parent)
@@ -71,10 +78,15 @@ void RoomPanel::showState()
         const QSignalBlocker blocker(m_ui->versionBox);
         m_ui->versionBox->setEditText(versionText(*version));
     }
-    if (const auto locked = m_controls.isLocked()) {
-        const QSignalBlocker blocker(m_ui->lockedBox);
-        m_ui->lockedBox->setChecked(*locked);
+    if (const auto reading = m_controls.toolReading()) {
+        const QSignalBlocker blocker(m_ui->tremorBox);
+        m_ui->tremorBox->setValue(reading->tremorMm);
+        check(m_ui->trackedBox, reading->isTracked);
     }
+    check(m_ui->lockedBox, m_controls.isLocked());
+    check(m_ui->availableBox, m_controls.isAvailable());
+    check(m_ui->angleToolBox, m_controls.isAngleToolVisible());
+    showReading();
 }
 
 void RoomPanel::showPoints()

@@ -24,7 +24,8 @@ public:
     ~RoomPanel() override;
 
 public slots:
-    /// Takes over what the controller is now: its points, version and lock.
+    /// Takes over what the controller and its room are now: points, tool, angle tool, version, lock,
+    /// availability.
     void showState();
 
     /// Asks for the tool's reading and shows it.

@@ -55,8 +55,11 @@ private slots:
         QVERIFY(!fake.room().tools.at(0).tracked);
         controls.setTremor(0.25);
         QCOMPARE(fake.room().tools.at(0).tremorMm, 0.25);
+        QCOMPARE(controls.toolReading()->tremorMm, 0.25);
+        QCOMPARE(controls.isAngleToolVisible(), std::optional<bool>(true));
         controls.setAngleToolVisible(false);
         QVERIFY(!fake.room().angleTool.visible);
+        QCOMPARE(controls.isAngleToolVisible(), std::optional<bool>(false));
     }
 
     void shouldSetTheControllersState()
@@ -66,8 +69,10 @@ private slots:
         controls.setLocked(true);
         QVERIFY(!fake.state().changeable);
         QCOMPARE(controls.isLocked(), std::optional<bool>(true));
+        QCOMPARE(controls.isAvailable(), std::optional<bool>(true));
         controls.setAvailable(false);
         QVERIFY(!fake.state().available);
+        QCOMPARE(controls.isAvailable(), std::optional<bool>(false));
         controls.setInterfaceVersion(0, 16, 2);
         QCOMPARE(controls.interfaceVersion(), (std::optional<std::array<int, 3>>({0, 16, 2})));
     }

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QtTest>
@@ -104,6 +105,46 @@ private slots:
         QCOMPARE(fake.controller.machine().calibration.kinds.at("room").errorFraction.value_or(0.0), 0.5);
         click(panel, "repairButton");
         QCOMPARE(fake.controller.machine().calibration.kinds.at("room").stallSeconds, 0.0);
+    }
+
+    void shouldShowWhatTheControllerStartsWith()
+    {
+        FakeController fake;
+        fake.state().available = false;
+        fake.state().changeable = false;
+        fake.room().angleTool.visible = false;
+        fake.room().tools.at(0).tracked = false;
+        fake.room().tools.at(0).tremorMm = 2.0;
+        RoomControls controls(fake.channel);
+        const RoomPanel panel(controls);
+        QVERIFY(!child<QCheckBox>(panel, "availableBox")->isChecked());
+        QVERIFY(child<QCheckBox>(panel, "lockedBox")->isChecked());
+        QVERIFY(!child<QCheckBox>(panel, "angleToolBox")->isChecked());
+        QVERIFY(!child<QCheckBox>(panel, "trackedBox")->isChecked());
+        QCOMPARE(child<QDoubleSpinBox>(panel, "tremorBox")->value(), 2.0);
+        QCOMPARE(text(panel, "stateLabel"), QStringLiteral("out of sight"));
+        QCOMPARE(fake.channel.log().rowCount(), 0);
+    }
+
+    void shouldShowWhatALineChanged()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        const RoomPanel panel(controls);
+        auto *edit = child<QLineEdit>(panel, "lineEdit");
+        for (const char *line :
+             {"available no", "angletool visible no", "tool 1 tracked no", "tool 1 tremor 0.25"}) {
+            edit->setText(QString::fromLatin1(line));
+            click(panel, "sendButton");
+        }
+        QVERIFY(!child<QCheckBox>(panel, "availableBox")->isChecked());
+        QVERIFY(!child<QCheckBox>(panel, "angleToolBox")->isChecked());
+        QVERIFY(!child<QCheckBox>(panel, "trackedBox")->isChecked());
+        QCOMPARE(child<QDoubleSpinBox>(panel, "tremorBox")->value(), 0.25);
+        QCOMPARE(fake.channel.log().rowCount(), 4);
+        edit->setText(QStringLiteral("available yes"));
+        click(panel, "sendButton");
+        QVERIFY(child<QCheckBox>(panel, "availableBox")->isChecked());
     }
 
     void shouldSetTheVersionThatIsTyped()
