@@ -17,7 +17,8 @@ struct OptionText {
 };
 
 constexpr std::array<OptionText, 19> texts = {{
-    {"plugin", "FILE", "The module's shared library; by default it is looked for beside the bench."},
+    {"plugin", "FILE",
+     "The module's shared library; by default it is looked for beside the bench and where it is installed."},
     {"controller", "HOST:PORT", "Use the controller at that address instead of one in this process."},
     {"scenario", "FILE",
      "Start the controller of this process from a scenario file or a supplied scenario's name."},
