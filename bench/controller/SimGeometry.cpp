@@ -66,6 +66,16 @@ SimRotation SimRotation::fromDegrees(double rx, double ry, double rz)
     return aboutX * aboutY * aboutZ;
 }
 
+std::array<double, 3> SimRotation::degrees() const
+{
+    constexpr double gimbalCosine = 1e-6;
+    const double ry = std::atan2(rows[2], std::hypot(rows[5], rows[8])) / radiansPerDegree;
+    if (std::hypot(rows[5], rows[8]) < gimbalCosine)
+        return {std::atan2(rows[7], rows[4]) / radiansPerDegree, ry, 0.0};
+    return {std::atan2(-rows[5], rows[8]) / radiansPerDegree, ry,
+            std::atan2(-rows[1], rows[0]) / radiansPerDegree};
+}
+
 SimRotation SimRotation::fromRows(const SimVector &x, const SimVector &y, const SimVector &z)
 {
     return {{x.x, x.y, x.z, y.x, y.y, y.z, z.x, z.y, z.z}};

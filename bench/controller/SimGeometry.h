@@ -23,6 +23,10 @@ struct SimRotation {
     /// Rx(rx) * Ry(ry) * Rz(rz), right-handed, angles in degrees.
     static SimRotation fromDegrees(double rx, double ry, double rz);
 
+    /// The angles that fromDegrees() takes, each in [-180, 180], ry in [-90, 90]. At an ry of 90 or -90,
+    /// where only the sum or the difference of the others counts, rz is 0.
+    std::array<double, 3> degrees() const;
+
     /// The matrix with these three vectors as its rows.
     static SimRotation fromRows(const SimVector &x, const SimVector &y, const SimVector &z);
 

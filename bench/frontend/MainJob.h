@@ -11,8 +11,7 @@ class BenchWindow;
 class QTextStream;
 
 /// The main job, done as a user does it, with keys and clicks: opens the dialog with Shift+F5, goes to the
-/// tab
-/// "&Fine", sets rz to 10 degrees and x to 250 mm, presses "&Apply" and closes with OK.
+/// tab "&Fine", adds 10 degrees to rz and 250 mm to x, presses "&Apply" and closes with OK.
 ///
 /// It leaves pictures of the screen in a folder, writes the controller's extra transformation before and
 /// after and every call to a stream, and checks that the controller holds what was asked for.
@@ -28,19 +27,20 @@ public:
     MainJob(BenchWindow &window, BenchIOManager &channel, const QString &folder, QTextStream &out,
             QObject *parent = nullptr);
 
-    /// Begins; the event loop must run. The controller must start with the neutral transformation.
+    /// Begins; the event loop must run.
     void start();
 
-    /// What the controller must hold in the end.
-    static ControllerTrafo wanted();
+    /// What the controller must hold in the end: what it held before with the job's changes. Whatever the
+    /// boxes of the dialog set, they set with two decimals: all three angles, and x.
+    static ControllerTrafo wanted(const ControllerTrafo &before);
 
 signals:
     /// The process's exit code: 0 only when everything was done and the controller holds what was asked for.
     void finished(int exitCode);
 
 private:
-    void addSteps();
-    void addTyping(const QString &name, double value);
+    void addSteps(const ControllerTrafo &before);
+    void addTyping(const QString &name, const QString &text);
     void addClick(const QString &name);
     void addPicture(const QString &name);
     void conclude();
@@ -53,5 +53,6 @@ private:
     QString m_folder;
     QTextStream &m_out;
     EventSteps m_steps;
+    ControllerTrafo m_wanted;
     bool m_arePicturesSaved = true;
 };

@@ -152,6 +152,37 @@ private slots:
         QVERIFY(sentLines(run.out).contains(translation));
     }
 
+    void shouldDoTheMainJobFromAnyStart_data()
+    {
+        QTest::addColumn<QStringList>("start");
+        QTest::addColumn<QString>("translation");
+        QTest::newRow("turned about z")
+            << QStringList{QStringLiteral("--scenario"), QStringLiteral(SCENARIOS "/turned-room.json")}
+            << QStringLiteral("translation -129.500 -40.250 15.000");
+        // -17.2837, 41.1246 and 174.3172 degrees: more decimals than the boxes have, and past the half turn.
+        QTest::newRow("turned about all axes")
+            << QStringList{QStringLiteral("--extra-rotation"),
+                           QStringLiteral(
+                               "-0.74957896 -0.07459067 0.65769873 0.28899385 -0.93080347 0.22380225 "
+                               "0.59549470 0.35782835 0.71926694"),
+                           QStringLiteral("--extra-translation"),
+                           QStringLiteral("-1 -2 -3"),
+                           QStringLiteral("--extra-scaling"),
+                           QStringLiteral("1.01")}
+            << QStringLiteral("translation -251.000 -2.000 -3.000");
+    }
+
+    void shouldDoTheMainJobFromAnyStart()
+    {
+        QFETCH(QStringList, start);
+        QFETCH(QString, translation);
+        const QTemporaryDir folder;
+        const ProgramRun run(
+            QStringList{QStringLiteral("--demo"), folder.filePath(QStringLiteral("pictures"))} + start);
+        QVERIFY2(run.exitCode == 0, qPrintable(run.out + run.err));
+        QVERIFY2(run.out.contains(translation), qPrintable(run.out));
+    }
+
     void shouldFailTheMainJobWhenTheControllerDoesNotHoldIt()
     {
         const QTemporaryDir folder;

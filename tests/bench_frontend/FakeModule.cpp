@@ -21,6 +21,7 @@ void addEditor(QWidget *page, const QString &name)
     auto *box = new QDoubleSpinBox(page);
     box->setObjectName(name);
     box->setRange(-1000.0, 1000.0);
+    box->setLocale(QLocale::c());
     page->layout()->addWidget(box);
 }
 

@@ -16,6 +16,7 @@ namespace
 {
 
 constexpr int patienceMs = 60000;
+constexpr double degreesPerRadian = 57.29577951308232;
 
 /// Runs the main job on a module of the tests' own.
 struct JobRun {
@@ -61,7 +62,7 @@ private slots:
         QCOMPARE(run.exitCode(), 0);
         const auto trafo = ControllerTrafo::read(fake.link);
         QVERIFY(trafo.has_value());
-        QVERIFY(trafo->isNear(MainJob::wanted()));
+        QVERIFY(trafo->isNear(MainJob::wanted(ControllerTrafo())));
         QCOMPARE(trafo->rotation[1], -0.17364818);
         QCOMPARE(trafo->rotation[3], 0.17364818);
         QCOMPARE(trafo->translationMm[0], -250.0);
@@ -99,13 +100,40 @@ private slots:
         QVERIFY(run.text.contains(QStringLiteral("does not hold")));
     }
 
-    void shouldRefuseAControllerThatIsNotNeutral()
+    void shouldAddToWhatTheControllerHolds()
     {
         FakeController fake;
-        fake.link.ask("velmar2 set tracking extra_translation 1 0 0");
+        fake.link.ask("velmar2 set tracking extra_rotation 0 -1 0 1 0 0 0 0 1");
+        fake.link.ask("velmar2 set tracking extra_translation 120.5 0 0");
+        JobRun run(fake);
+        QVERIFY2(run.exitCode() == 0, qPrintable(run.text));
+        QCOMPARE(fake.state().extra.translation.x, -129.5);
+        QVERIFY(std::fabs(fake.state().extra.rotation.rows[0] - std::cos(100.0 / degreesPerRadian)) < 1e-7);
+        QVERIFY(std::fabs(fake.state().extra.rotation.rows[3] - std::sin(100.0 / degreesPerRadian)) < 1e-7);
+    }
+
+    void shouldFailWhenWhatTheControllerHeldIsLost()
+    {
+        FakeController fake;
+        fake.link.ask("velmar2 set tracking extra_translation 0 7 0"); // the module of the tests writes 0
         JobRun run(fake);
         QCOMPARE(run.exitCode(), 1);
-        QCOMPARE(fake.channel.log().rowCount(), 0);
+        QVERIFY(run.text.contains(QStringLiteral("does not hold")));
+    }
+
+    void shouldWantTheStartWithItsChanges()
+    {
+        ControllerTrafo before;
+        before.rotation = {0, 0, 1, 0, 1, 0, -1, 0, 0}; // 90 degrees about y
+        before.translationMm = {-10, 20, 30};
+        before.scaling = 1.25;
+        const ControllerTrafo wanted = MainJob::wanted(before);
+        QCOMPARE(wanted.translationMm, (std::array<double, 3>{-260, 20, 30}));
+        QCOMPARE(wanted.scaling, 1.25);
+        // Ry(90) * Rz(10), by hand.
+        ControllerTrafo expected = wanted;
+        expected.rotation = {0, 0, 1, 0.17364818, 0.98480775, 0, -0.98480775, 0.17364818, 0};
+        QVERIFY2(wanted.isNear(expected), qPrintable(wanted.asText()));
     }
 };
 
