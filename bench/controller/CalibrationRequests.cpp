@@ -14,7 +14,8 @@ const SimCalibrationKind *kindOf(const SimMachine &machine, const SimArguments &
 SimReply description(SimMachine &machine, const SimArguments &arguments)
 {
     const SimCalibrationKind *kind = kindOf(machine, arguments);
-    return kind == nullptr ? SimReply::noSuch("calibration") : SimReply::value(kind->description);
+    return kind == nullptr ? SimReply::noSuch("calibration")
+                           : SimReply::value('"' + kind->description + '"');
 }
 
 SimReply stepCount(SimMachine &machine, const SimArguments &arguments)

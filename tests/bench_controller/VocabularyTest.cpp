@@ -83,7 +83,8 @@ void VocabularyTest::shouldAnswerEveryRequestOfTheDefaultScene_data()
     value("velmar2 get roomcal duration", "30.0");
     accepted("velmar2 set roomcal duration 5.0");
     accepted("velmar2 set roomcal coordinate_type powerwall");
-    value("velmar2 get cal type_desc room", "room calibration");
+    value("velmar2 get cal type_desc room", "\"room calibration\"");
+    value("velmar2 get cal type_desc reflex_scan", "\"reflex scan\"");
     value("velmar2 get cal number_of_steps room", "1");
     value("velmar2 get cal number_of_steps reflex_scan", "1");
     value("velmar2 get cal step_pause room s01", "no");
