@@ -1,6 +1,5 @@
 #include "ControlLines.h"
 #include "SimMachine.h"
-#include "SimText.h"
 
 #include <algorithm>
 #include <cstddef>

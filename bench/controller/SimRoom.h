@@ -91,8 +91,8 @@ struct SimRoom {
     SimAngleTool angleTool;
     SimWorkpiece workpiece;
 
-    /// Four cameras in the corners, one tool, one device, one body, the angle tool, a workpiece of six
-    /// points.
+    /// Four cameras at the middles of the sides, one tool, one device, one body, the angle tool, a workpiece
+    /// of six points.
     static SimRoom standard();
 
     /// Moves what is moving on by that time.

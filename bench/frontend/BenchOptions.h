@@ -12,7 +12,7 @@ struct BenchOptions {
     QString scenario;   ///< a scenario file for the controller of this process
     QString script;     ///< not empty: a file of lines that are run when the window is open
     QString demoFolder; ///< not empty: do the main job by itself and leave the pictures there
-    QString language;   ///< of the module, such as "de"; empty: English
+    QString language;   ///< of the windows, such as "de"; empty: English
     QString logFile;    ///< not empty: the conversation is written there at the end
     bool isHelpWanted = false;
     bool isVersionWanted = false;

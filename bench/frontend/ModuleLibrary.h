@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QKeySequence>
 #include <QList>
 #include <QPluginLoader>
 #include <QString>
@@ -51,7 +50,7 @@ public:
     QString name() const;
     QString version() const;
 
-    /// The module's actions; empty when it is not loaded and in observer mode.
+    /// The module's actions; empty when it is not loaded or in observer mode.
     QList<QAction *> actions() const;
 
     /// To be asked after actions(), which is where the module decides it.

@@ -8,7 +8,6 @@
 #include <QObject>
 #include <QString>
 
-#include <cstdarg>
 #include <string>
 #include <utility>
 #include <vector>

@@ -26,8 +26,9 @@ class ControllerLink : public QObject
 public:
     using QObject::QObject;
 
-    /// Sends one line (a request or a control line, without a line break) and waits for its answer. Emits
-    /// nothing meanwhile.
+    /// Sends one line (a request or a control line, without a line break) and waits for its answer. A link to
+    /// a controller of this process emits the remarks on the line meanwhile, and the records of the time that
+    /// a line lets pass; a link to another process emits nothing.
     virtual LinkAnswer ask(const std::string &line) = 0;
 
     /// The kinds of records that are wanted from now on, instead of those wanted before.

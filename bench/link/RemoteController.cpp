@@ -1,7 +1,5 @@
 #include "RemoteController.h"
 
-#include "SimText.h"
-
 #include <utility>
 
 namespace

@@ -5,7 +5,6 @@
 #include "SimScript.h"
 #include "SimText.h"
 
-#include <QPointer>
 #include <QTcpSocket>
 #include <QTimer>
 
