@@ -14,8 +14,7 @@ const SimCalibrationKind *kindOf(const SimMachine &machine, const SimArguments &
 SimReply description(SimMachine &machine, const SimArguments &arguments)
 {
     const SimCalibrationKind *kind = kindOf(machine, arguments);
-    return kind == nullptr ? SimReply::noSuch("calibration")
-                           : SimReply::value('"' + kind->description + '"');
+    return kind == nullptr ? SimReply::noSuch("calibration") : SimReply::value('"' + kind->description + '"');
 }
 
 SimReply stepCount(SimMachine &machine, const SimArguments &arguments)
@@ -55,9 +54,9 @@ SimReply permission(const SimMachine &machine)
 {
     const SimState &state = machine.state;
     if (!state.available)
-        return SimReply::error(11, "tracking not available");
+        return SimReply::notAvailable();
     if (state.activity == SimActivity::Calibrating)
-        return SimReply::error(12, "calibration is running");
+        return SimReply::calibrating();
     if (state.activity == SimActivity::Measuring)
         return SimReply::error(21, "tracking is running");
     return state.changeable ? SimReply::ok() : SimReply::locked();

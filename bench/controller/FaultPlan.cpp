@@ -1,5 +1,6 @@
 #include "FaultPlan.h"
 
+#include "SimAnswer.h"
 #include "SimText.h"
 
 #include <algorithm>
@@ -13,13 +14,6 @@ constexpr int longestDelay = 600000;
 constexpr int longestAnswer = 100000;
 constexpr std::size_t mostFaults = 1000;
 constexpr std::string_view lead = "sim fault ";
-
-const std::string ok = "sim ok";
-
-std::string failure(const std::string &reason)
-{
-    return "sim err \"" + reason + "\"";
-}
 
 /// Cuts the first word off.
 std::string_view takeFirst(std::string_view &rest)
@@ -132,29 +126,29 @@ std::optional<std::string> FaultPlan::run(const std::string &line, double now)
 {
     if (line == "sim reconnect") {
         reconnect();
-        return ok;
+        return SimAnswer::controlOk;
     }
     if (!SimText::startsWith(line, lead) || line == "sim fault restart")
         return std::nullopt;
     std::string_view rest = std::string_view(line).substr(lead.size());
     if (rest == "clear") {
         clear();
-        return ok;
+        return SimAnswer::controlOk;
     }
     if (takeFirst(rest) == "disconnect") {
         const auto seconds = SimText::real(rest);
         if (!rest.empty() && (!seconds || *seconds < 0.0))
-            return failure("expected: seconds");
+            return SimAnswer::controlError("expected: seconds");
         disconnect(now, seconds);
-        return ok;
+        return SimAnswer::controlOk;
     }
     const std::optional<Fault> fault = parse(line);
     if (!fault)
-        return failure("unknown or incomplete fault");
+        return SimAnswer::controlError("unknown or incomplete fault");
     if (m_faults.size() >= mostFaults)
-        return failure("too many faults");
+        return SimAnswer::controlError("too many faults");
     m_faults.push_back(*fault);
-    return ok;
+    return SimAnswer::controlOk;
 }
 
 std::optional<FaultPlan::Fault> FaultPlan::parse(const std::string &line)

@@ -47,7 +47,7 @@ SimReply start(SimMachine &machine, const SimArguments &arguments)
     if (tool == nullptr)
         return SimReply::noSuch("tool");
     if (machine.state.activity != SimActivity::Measuring)
-        return SimReply::error(40, "not measuring");
+        return SimReply::notMeasuring();
     if (!tool->tracked)
         return SimReply::error(41, "tool not tracked");
     if (!tool->tipCalibrated)

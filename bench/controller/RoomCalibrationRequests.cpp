@@ -147,7 +147,7 @@ SimReply accept(SimMachine &machine, const SimArguments &)
 {
     SimState &state = machine.state;
     if (state.activity == SimActivity::Calibrating)
-        return SimReply::error(12, "calibration is running");
+        return SimReply::calibrating();
     if (!state.newCalibration)
         return SimReply::error(31, "no new calibration");
     if (!state.changeable)

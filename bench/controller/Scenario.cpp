@@ -2,6 +2,7 @@
 
 #include "FaultPlan.h"
 #include "ScenarioObject.h"
+#include "SimAnswer.h"
 #include "SimController.h"
 #include "SimScript.h"
 #include "SimText.h"
@@ -168,8 +169,9 @@ void runControls(ScenarioObject &object, SimMachine &machine)
     SimScript script(controller);
     for (std::size_t i = 0; i < lines.size(); ++i) {
         const std::string answer = script.run(lines[i]);
-        if (SimText::startsWith(answer, "sim err"))
-            object.fail(QStringLiteral("control[%1]").arg(i), QString::fromStdString(answer.substr(8)));
+        if (SimAnswer::isControlError(answer))
+            object.fail(QStringLiteral("control[%1]").arg(i),
+                        QString::fromStdString(SimAnswer::controlReason(answer)));
     }
     machine = controller.machine();
 }
@@ -178,7 +180,7 @@ std::vector<std::string> readFaults(ScenarioObject &object)
 {
     std::vector<std::string> lines = object.texts("faults");
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        if (FaultPlan().run(lines[i], 0.0) != std::optional<std::string>("sim ok"))
+        if (FaultPlan().run(lines[i], 0.0) != std::optional<std::string>(SimAnswer::controlOk))
             object.fail(QStringLiteral("faults[%1]").arg(i), QStringLiteral("not a fault line"));
     }
     return lines;

@@ -2,6 +2,7 @@
 
 #include "ControllerRequests.h"
 #include "FrameRecords.h"
+#include "SimAnswer.h"
 #include "SimText.h"
 
 #include <utility>
@@ -11,16 +12,11 @@ namespace
 
 const std::string prefix = "velmar2 ";
 
-std::string errorLine(int code, const std::string &text)
-{
-    return prefix + "err " + std::to_string(code) + " \"" + text + "\"";
-}
-
 std::string refusal(const std::string &line)
 {
     const bool parameter =
         SimText::startsWith(line, prefix + "get ") || SimText::startsWith(line, prefix + "set ");
-    return parameter ? errorLine(2, "unknown parameter") : errorLine(1, "unknown command");
+    return parameter ? SimAnswer::error(2, "unknown parameter") : SimAnswer::error(1, "unknown command");
 }
 
 std::string answerLine(const std::string &request, const SimReply &reply)
@@ -29,11 +25,11 @@ std::string answerLine(const std::string &request, const SimReply &reply)
     case SimReply::Kind::Value:
         return request + " " + reply.text;
     case SimReply::Kind::Error:
-        return errorLine(reply.code, reply.text);
+        return SimAnswer::error(reply);
     case SimReply::Kind::Ok:
         break;
     }
-    return prefix + "ok";
+    return SimAnswer::ok;
 }
 
 } // namespace
@@ -48,7 +44,7 @@ SimController::SimController(SimMachine machine)
 std::string SimController::answer(const std::string &line)
 {
     if (line.size() > longestRequest)
-        return errorLine(6, "line too long");
+        return SimAnswer::error(SimReply::lineTooLong());
     if (!SimText::startsWith(line, prefix))
         return refusal(line);
     const auto words = SimText::words(std::string_view(line).substr(prefix.size()));

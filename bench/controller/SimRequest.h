@@ -21,7 +21,12 @@ struct SimReply {
 
     static SimReply badValue() { return error(3, "bad value"); }
     static SimReply noSuch(const std::string &thing) { return error(4, "no such " + thing); }
+    static SimReply lineTooLong() { return error(6, "line too long"); }
+    static SimReply notAvailable() { return error(11, "tracking not available"); }
+    static SimReply calibrating() { return error(12, "calibration is running"); }
     static SimReply locked() { return error(13, "configuration is locked"); }
+    static SimReply fault(int code) { return error(code, "fault on request"); }
+    static SimReply notMeasuring() { return error(40, "not measuring"); }
 };
 
 /// The changing words of a request, in their order.

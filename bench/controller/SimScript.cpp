@@ -1,6 +1,7 @@
 #include "SimScript.h"
 
 #include "ControlLines.h"
+#include "SimAnswer.h"
 #include "SimController.h"
 #include "SimText.h"
 
@@ -8,11 +9,6 @@ namespace
 {
 
 const std::string prefix = "sim ";
-
-std::string failure(const std::string &reason)
-{
-    return prefix + "err \"" + reason + "\"";
-}
 
 } // namespace
 
@@ -26,18 +22,18 @@ SimScript::SimScript(SimController &controller)
 std::string SimScript::run(const std::string &line)
 {
     if (line.size() > SimController::longestRequest)
-        return failure("line too long");
+        return SimAnswer::controlError(SimReply::lineTooLong().text);
     if (!isControlLine(line))
-        return failure("not a control line");
+        return SimAnswer::controlError("not a control line");
     const auto words = SimText::quotedWords(std::string_view(line).substr(prefix.size()));
     if (!words)
-        return failure("a quote is not closed");
+        return SimAnswer::controlError("a quote is not closed");
     const std::optional<SimReply> reply = m_controls.answer(m_controller.machine(), *words);
     if (!reply)
-        return failure("unknown control line");
+        return SimAnswer::controlError("unknown control line");
     if (reply->kind == SimReply::Kind::Error)
-        return failure(reply->text);
-    return reply->kind == SimReply::Kind::Value ? line + " " + reply->text : prefix + "ok";
+        return SimAnswer::controlError(reply->text);
+    return reply->kind == SimReply::Kind::Value ? line + " " + reply->text : SimAnswer::controlOk;
 }
 
 bool SimScript::isControlLine(const std::string &line)

@@ -134,7 +134,7 @@ SimReply measure(SimMachine &machine, const SimArguments &arguments)
     if (tool == nullptr)
         return SimReply::noSuch("tool");
     if (machine.state.activity != SimActivity::Measuring)
-        return SimReply::error(40, "not measuring");
+        return SimReply::notMeasuring();
     tool->measurement.start();
     return SimReply::ok();
 }

@@ -25,9 +25,9 @@ SimReply start(SimMachine &machine, const SimArguments &)
 {
     SimState &state = machine.state;
     if (!state.available)
-        return SimReply::error(11, "tracking not available");
+        return SimReply::notAvailable();
     if (state.activity == SimActivity::Calibrating)
-        return SimReply::error(12, "calibration is running");
+        return SimReply::calibrating();
     state.activity = SimActivity::Measuring;
     state.errorCode = 0;
     state.errorText.clear();
@@ -37,7 +37,7 @@ SimReply start(SimMachine &machine, const SimArguments &)
 SimReply stop(SimMachine &machine, const SimArguments &)
 {
     if (machine.state.activity == SimActivity::Calibrating)
-        return SimReply::error(12, "calibration is running");
+        return SimReply::calibrating();
     if (machine.state.activity == SimActivity::Measuring) {
         machine.state.activity = SimActivity::None;
         machine.dropMeasurements();

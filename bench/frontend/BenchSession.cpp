@@ -5,17 +5,13 @@
 #include "RemoteController.h"
 #include "Scenario.h"
 #include "ScenarioFile.h"
+#include "SimAnswer.h"
 #include "SimController.h"
 
 #include <QCoreApplication>
 
 namespace
 {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("BenchSession", text);
-}
 
 constexpr double rowDistanceMm = 250.0;
 
@@ -30,11 +26,6 @@ void setCameraCount(SimRoom &room, int count)
         room.cameras.push_back(known[i % known.size()]);
         room.cameras.back().pose.position.z += rowDistanceMm * static_cast<double>(row);
     }
-}
-
-bool isRefusal(const QString &answer)
-{
-    return answer.startsWith(QLatin1String("sim err")) || answer.startsWith(QLatin1String("velmar2 err"));
 }
 
 } // namespace
@@ -83,12 +74,12 @@ bool BenchSession::makeRemote(const QString &address, QString *error)
 {
     const auto parts = RemoteController::parseAddress(address);
     if (!parts) {
-        *error = tr("--controller takes HOST:PORT, not %1.").arg(address);
+        *error = QStringLiteral("--controller takes HOST:PORT, not %1.").arg(address);
         return false;
     }
     auto remote = std::make_unique<RemoteController>(parts->first, parts->second);
     if (!remote->open()) {
-        *error = tr("The controller at %1 cannot be reached: %2").arg(address, remote->failure());
+        *error = QStringLiteral("The controller at %1 cannot be reached: %2").arg(address, remote->failure());
         return false;
     }
     m_link = std::move(remote);
@@ -102,10 +93,10 @@ bool BenchSession::sendStartLines(const BenchOptions &options, QString *error)
     for (const QString &line : options.startLines) {
         const std::string text = line.toStdString();
         const bool isControl = line.startsWith(QLatin1String("sim "));
-        const QString answer =
-            QString::fromStdString(isControl ? m_channel->control(text) : m_link->ask(text).text);
-        if (isRefusal(answer)) {
-            *error = tr("The controller does not do \"%1\": %2").arg(line, answer);
+        const std::string answer = isControl ? m_channel->control(text) : m_link->ask(text).text;
+        if (SimAnswer::isError(answer) || SimAnswer::isControlError(answer)) {
+            *error = QStringLiteral("The controller does not do \"%1\": %2")
+                         .arg(line, QString::fromStdString(answer));
             return false;
         }
     }

@@ -2,6 +2,7 @@
 
 #include "BenchIOManager.h"
 #include "ControllerLink.h"
+#include "SimAnswer.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -128,12 +129,13 @@ QString RoomControls::send(const QString &line)
 
 QString RoomControls::control(const QString &line)
 {
-    const QString answer = QString::fromStdString(m_channel.control(line.toStdString()));
-    if (answer.startsWith(QStringLiteral("sim err")))
-        emit refused(tr("The controller does not do \"%1\": %2").arg(line, answer.mid(8)));
+    const std::string answer = m_channel.control(line.toStdString());
+    if (SimAnswer::isControlError(answer))
+        emit refused(tr("The controller does not do \"%1\": %2")
+                         .arg(line, QString::fromStdString(SimAnswer::controlReason(answer))));
     else
         emit changed();
-    return answer;
+    return QString::fromStdString(answer);
 }
 
 std::optional<QString> RoomControls::question(const QString &about) const

@@ -4,6 +4,8 @@
 #include "FormattedText.h"
 #include "ParameterValue.h"
 #include "Requester.h"
+#include "SimAnswer.h"
+#include "SimRequest.h"
 #include "SimText.h"
 #include "WorkpieceFile.h"
 
@@ -23,7 +25,6 @@ constexpr int success = 0;
 constexpr int failure = 1;
 constexpr int silence = 2;
 
-const std::string ok = "velmar2 ok";
 const std::string getLead = "velmar2 get ";
 const std::string setLead = "velmar2 set ";
 
@@ -34,11 +35,6 @@ void fill(char *buffer, const std::string &text)
     const std::size_t length = std::min(text.size(), longestBufferText);
     std::memcpy(buffer, text.data(), length);
     buffer[length] = '\0';
-}
-
-std::string controlFailure(const std::string &reason)
-{
-    return "sim err \"" + reason + "\"";
 }
 
 /// Sets a value that was read only if it could be read.
@@ -130,7 +126,7 @@ int BenchIOManager::setParameter(const char *format, ...)
 {
     FORMATTED_TEXT(text, format);
     Outcome outcome = exchange(setLead + text, text);
-    if (outcome.result == success && outcome.text != ok && !outcome.isForced)
+    if (outcome.result == success && outcome.text != SimAnswer::ok && !outcome.isForced)
         outcome.result = failure;
     return finish("setParameter", text, outcome);
 }
@@ -177,14 +173,14 @@ std::string BenchIOManager::control(const std::string &line)
         answer = *handled;
     } else if (line == "sim record blank-kind on" || line == "sim record blank-kind off") {
         m_blankKind = SimText::truth(line.substr(line.rfind(' ') + 1)).value_or(false);
-        answer = "sim ok";
+        answer = SimAnswer::controlOk;
     } else if (SimText::startsWith(line, saving)) {
         answer = saveWorkpiece(m_link, line.substr(saving.size()));
     } else {
         const LinkAnswer got = m_link.ask(line);
-        answer = got.arrived ? got.text : controlFailure(got.text);
+        answer = got.arrived ? got.text : SimAnswer::controlError(got.text);
     }
-    write("control", line, SimText::startsWith(answer, "sim err") ? failure : success, answer);
+    write("control", line, SimAnswer::isControlError(answer) ? failure : success, answer);
     return answer;
 }
 
@@ -212,7 +208,7 @@ BenchIOManager::Outcome BenchIOManager::exchange(const std::string &line, const 
     else if (effect.executed)
         outcome = answerOf(m_link.ask(line));
     else
-        outcome.text = "velmar2 err 7 \"fault on request\"";
+        outcome.text = SimAnswer::error(SimReply::fault(effect.result.value_or(0)));
     if (effect.answer)
         outcome.text = *effect.answer;
     if (effect.result)
@@ -226,7 +222,7 @@ BenchIOManager::Outcome BenchIOManager::answerOf(const LinkAnswer &answer) const
 {
     if (!answer.arrived)
         return {silence, "no answer: " + answer.text, false};
-    const bool isGood = answer.text == ok || SimText::startsWith(answer.text, getLead);
+    const bool isGood = answer.text == SimAnswer::ok || SimText::startsWith(answer.text, getLead);
     return {isGood ? success : failure, answer.text, false};
 }
 

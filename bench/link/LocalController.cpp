@@ -1,5 +1,6 @@
 #include "LocalController.h"
 
+#include "SimAnswer.h"
 #include "SimController.h"
 #include "SimText.h"
 
@@ -43,7 +44,7 @@ LinkAnswer LocalController::ask(const std::string &line)
 {
     if (const std::optional<double> seconds = timeToPass(line)) {
         advance(*seconds);
-        return {true, "sim ok"};
+        return {true, SimAnswer::controlOk};
     }
     const std::string answer =
         SimScript::isControlLine(line) ? m_script.run(line) : m_controller.answer(line);

@@ -1,5 +1,7 @@
 #include "RemoteController.h"
 
+#include "SimAnswer.h"
+
 #include <utility>
 
 namespace
@@ -163,7 +165,7 @@ void RemoteController::connected()
     const LinkAnswer answer = exchange(subscriptionLine());
     if (!answer.arrived)
         return;
-    if (answer.text != "velmar2 ok") {
+    if (answer.text != SimAnswer::ok) {
         fail(QString::fromStdString(answer.text));
         return;
     }

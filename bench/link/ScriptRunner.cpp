@@ -2,6 +2,7 @@
 
 #include "BenchIOManager.h"
 #include "ControllerLink.h"
+#include "SimAnswer.h"
 #include "TextFile.h"
 #include "TipRecorder.h"
 
@@ -85,8 +86,7 @@ bool ScriptRunner::request(const QString &line)
 bool ScriptRunner::control(const QString &line)
 {
     m_lastAnswer = m_channel.control(line.toStdString());
-    const QString answer = QString::fromStdString(m_lastAnswer);
-    return !answer.startsWith(QLatin1String("sim err")) || fail(answer);
+    return !SimAnswer::isControlError(m_lastAnswer) || fail(QString::fromStdString(m_lastAnswer));
 }
 
 bool ScriptRunner::expect(const QString &answer)

@@ -1,6 +1,7 @@
 #include "WorkpieceFile.h"
 
 #include "ControllerLink.h"
+#include "SimAnswer.h"
 #include "SimText.h"
 #include "TextFile.h"
 
@@ -8,11 +9,6 @@ namespace
 {
 
 constexpr std::size_t firstCoordinate = 4;
-
-std::string failure(const std::string &reason)
-{
-    return "sim err \"" + reason + "\"";
-}
 
 /// The file's line for a point; empty when there is no such point.
 QByteArray pointLine(const std::string &question, const std::string &answer, int number)
@@ -35,13 +31,13 @@ std::string saveWorkpiece(ControllerLink &link, const std::string &file)
         const std::string question = "sim get point " + std::to_string(number);
         const LinkAnswer answer = link.ask(question);
         if (!answer.arrived)
-            return failure(answer.text);
+            return SimAnswer::controlError(answer.text);
         const QByteArray line = pointLine(question, answer.text, number);
         if (line.isEmpty())
             break;
         text += line;
     }
     if (const std::optional<QString> reason = saveText(QString::fromStdString(file), text))
-        return failure("cannot write " + file + ": " + reason->toStdString());
-    return "sim ok";
+        return SimAnswer::controlError("cannot write " + file + ": " + reason->toStdString());
+    return SimAnswer::controlOk;
 }

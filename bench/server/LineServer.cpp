@@ -2,6 +2,7 @@
 
 #include "LineConnection.h"
 #include "LocalController.h"
+#include "SimAnswer.h"
 #include "SimScript.h"
 #include "SimText.h"
 
@@ -15,13 +16,7 @@
 namespace
 {
 
-const std::string ok = "velmar2 ok";
 constexpr std::size_t mostKinds = 32;
-
-std::string errorLine(int code, const std::string &text)
-{
-    return "velmar2 err " + std::to_string(code) + " \"" + text + "\"";
-}
 
 /// What the host's call for a question or a setting says: the line without its lead.
 std::string callText(const std::string &line)
@@ -79,14 +74,14 @@ void LineServer::admit(LineConnection *connection)
         return;
     }
     if (connectionCount() > m_mostConnections) {
-        connection->send(errorLine(50, "too many connections"));
+        connection->send(SimAnswer::error(50, "too many connections"));
         connection->close();
         return;
     }
     connect(connection, &LineConnection::lineArrived, this,
             [this, connection](const std::string &line) { handle(connection, line); });
     connect(connection, &LineConnection::lineTooLong, this,
-            [connection] { connection->send(errorLine(6, "line too long")); });
+            [connection] { connection->send(SimAnswer::error(SimReply::lineTooLong())); });
 }
 
 void LineServer::remove(LineConnection *connection)
@@ -109,12 +104,12 @@ void LineServer::handle(LineConnection *connection, const std::string &line)
 void LineServer::request(LineConnection *connection, const std::string &line)
 {
     const FaultEffect effect = m_faults.next(line, callText(line));
-    std::string answer = errorLine(effect.result.value_or(0), "fault on request");
+    std::string answer = SimAnswer::error(SimReply::fault(effect.result.value_or(0)));
     const auto kinds = subscription(line);
     if (effect.executed && kinds)
         connection->kinds = *kinds;
     if (effect.executed && (!effect.result || *effect.result == 0))
-        answer = kinds ? ok : m_controller.ask(line).text;
+        answer = kinds ? SimAnswer::ok : m_controller.ask(line).text;
     else if (effect.executed)
         m_controller.ask(line);
     if (effect.answer)
@@ -133,7 +128,7 @@ void LineServer::request(LineConnection *connection, const std::string &line)
 std::string LineServer::control(const std::string &line)
 {
     if (!m_controlAllowed)
-        return "sim err \"control lines are switched off\"";
+        return SimAnswer::controlError("control lines are switched off");
     if (const auto handled = m_faults.run(line, now()))
         return *handled;
     return m_controller.ask(line).text;

@@ -2,6 +2,7 @@
 #include "LocalController.h"
 #include "Scenario.h"
 #include "ScenarioFile.h"
+#include "SimAnswer.h"
 #include "SimController.h"
 
 #include <QCommandLineParser>
@@ -56,7 +57,7 @@ QString prepare(const QCommandLineParser &parser, const Scenario &scenario, Loca
     const QStringList controls = parser.values(QStringLiteral("control"));
     for (const QString &line : controls) {
         const std::string answer = controller.ask(line.toStdString()).text;
-        if (answer != "sim ok")
+        if (answer != SimAnswer::controlOk)
             return line + QStringLiteral(": ") + QString::fromStdString(answer);
     }
     std::vector<std::string> faults = scenario.faults;
@@ -64,7 +65,7 @@ QString prepare(const QCommandLineParser &parser, const Scenario &scenario, Loca
     for (const QString &line : more)
         faults.push_back(line.toStdString());
     for (const std::string &line : faults) {
-        if (server.faults().run(line, 0.0) != std::optional<std::string>("sim ok"))
+        if (server.faults().run(line, 0.0) != std::optional<std::string>(SimAnswer::controlOk))
             return QStringLiteral("not a fault line: ") + QString::fromStdString(line);
     }
     return QString();
