@@ -42,23 +42,18 @@ constexpr std::array<OptionText, 19> texts = {{
      "Write the conversation with the controller there at the end, its last 20,000 calls at most."},
 }};
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("BenchOptions", text);
-}
-
 void setUp(QCommandLineParser &parser)
 {
-    parser.setApplicationDescription(
-        tr("A small front-end with a simulated tracking controller for the room adjustment module."));
+    parser.setApplicationDescription(QStringLiteral(
+        "A small front-end with a simulated tracking controller for the room adjustment module."));
     parser.addHelpOption();
     parser.addVersionOption();
     for (const OptionText &text : texts) {
         const QString name = QLatin1String(text.name);
         if (text.value == nullptr)
-            parser.addOption({name, tr(text.description)});
+            parser.addOption({name, QLatin1String(text.description)});
         else
-            parser.addOption({name, tr(text.description), QLatin1String(text.value)});
+            parser.addOption({name, QLatin1String(text.description), QLatin1String(text.value)});
     }
 }
 
@@ -114,7 +109,7 @@ private:
         bool isNumber = false;
         const int count = value("cameras").toInt(&isNumber);
         if (!isNumber || count < 0 || count > mostCameras)
-            m_error = tr("--cameras takes a number from 0 to %1.").arg(mostCameras);
+            m_error = QStringLiteral("--cameras takes a number from 0 to %1.").arg(mostCameras);
         m_options.cameras = count;
     }
 
@@ -124,7 +119,8 @@ private:
         if (isSet("interface-version")) {
             const QString words = versionWords(value("interface-version"));
             if (words.isEmpty())
-                m_error = tr("--interface-version takes two or three numbers with points, such as 1.24.");
+                m_error = QStringLiteral(
+                    "--interface-version takes two or three numbers with points, such as 1.24.");
             m_options.startLines << QStringLiteral("sim version ") + words;
         }
         addLine("extra-rotation", QStringLiteral("velmar2 set tracking extra_rotation %1"));
@@ -161,8 +157,8 @@ private:
     void checkTogether()
     {
         if (!m_options.controller.isEmpty() && (isSet("scenario") || isSet("cameras")))
-            m_error = tr("--scenario and --cameras are for the controller of this process; "
-                         "with --controller give them to velmar-controller.");
+            m_error = QStringLiteral("--scenario and --cameras are for the controller of this process; "
+                                     "with --controller give them to velmar-controller.");
     }
 
     const QCommandLineParser &m_parser;
@@ -181,7 +177,7 @@ std::optional<BenchOptions> BenchOptions::read(const QStringList &arguments, QSt
         return std::nullopt;
     }
     if (!parser.positionalArguments().isEmpty()) {
-        *error = tr("%1 is no option.").arg(parser.positionalArguments().constFirst());
+        *error = QStringLiteral("%1 is no option.").arg(parser.positionalArguments().constFirst());
         return std::nullopt;
     }
     BenchOptions explained;

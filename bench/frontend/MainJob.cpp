@@ -91,8 +91,9 @@ MainJob::MainJob(BenchWindow &window, BenchIOManager &channel, const QString &fo
     , m_steps(patience)
 {
     connect(&m_steps, &EventSteps::finished, this, &MainJob::conclude);
-    connect(&m_steps, &EventSteps::failed, this,
-            [this](const QString &name) { giveUp(tr("This step could not be done: %1").arg(name)); });
+    connect(&m_steps, &EventSteps::failed, this, [this](const QString &name) {
+        giveUp(QStringLiteral("This step could not be done: %1").arg(name));
+    });
 }
 
 ControllerTrafo MainJob::wanted(const ControllerTrafo &before)
@@ -107,15 +108,15 @@ ControllerTrafo MainJob::wanted(const ControllerTrafo &before)
 void MainJob::start()
 {
     if (!QDir().mkpath(m_folder)) {
-        giveUp(tr("The folder %1 cannot be made.").arg(m_folder));
+        giveUp(QStringLiteral("The folder %1 cannot be made.").arg(m_folder));
         return;
     }
     const auto before = ControllerTrafo::read(m_channel.link());
     if (!before) {
-        giveUp(tr("The controller does not say its extra transformation."));
+        giveUp(QStringLiteral("The controller does not say its extra transformation."));
         return;
     }
-    m_out << tr("The controller's extra transformation before:") << '\n'
+    m_out << QStringLiteral("The controller's extra transformation before:") << '\n'
           << before->asText() << '\n'
           << Qt::flush;
     m_wanted = wanted(*before);
@@ -126,10 +127,11 @@ void MainJob::start()
 void MainJob::addSteps(const ControllerTrafo &before)
 {
     addPicture(QStringLiteral("1-bench"));
-    m_steps.add({tr("press Shift+F5"), [this] { return WidgetEvents::isReady(&m_window); },
+    m_steps.add({QStringLiteral("press Shift+F5"), [this] { return WidgetEvents::isReady(&m_window); },
                  [this] { WidgetEvents::pressKey(&m_window, Qt::Key_F5, Qt::ShiftModifier); }});
     addPicture(QStringLiteral("2-dialog"));
-    m_steps.add({tr("choose the tab &Fine"), [] { return isDialogReady() && hasFineTab(); }, clickFineTab});
+    m_steps.add({QStringLiteral("choose the tab &Fine"), [] { return isDialogReady() && hasFineTab(); },
+                 clickFineTab});
     addPicture(QStringLiteral("3-fine"));
     addTyping(QStringLiteral("doubleSpinBox_rz"), typed(wantedDegrees(before)[2]));
     addTyping(QStringLiteral("doubleSpinBox_x"), typed(wantedX(before)));
@@ -137,14 +139,14 @@ void MainJob::addSteps(const ControllerTrafo &before)
     addClick(QStringLiteral("btn_apply"));
     addPicture(QStringLiteral("5-applied"));
     addClick(QStringLiteral("btn_ok"));
-    m_steps.add({tr("see the dialog closed"), [] { return dialog() == nullptr; }, [] {}});
-    m_steps.add({tr("take the last picture"), [this] { return WidgetEvents::isReady(&m_window); },
+    m_steps.add({QStringLiteral("see the dialog closed"), [] { return dialog() == nullptr; }, [] {}});
+    m_steps.add({QStringLiteral("take the last picture"), [this] { return WidgetEvents::isReady(&m_window); },
                  [this] { takePicture(QStringLiteral("6-closed")); }});
 }
 
 void MainJob::addTyping(const QString &name, const QString &text)
 {
-    m_steps.add({tr("type %1 into %2").arg(text, name),
+    m_steps.add({QStringLiteral("type %1 into %2").arg(text, name),
                  [name] {
                      const QWidget *editor = inDialog(name);
                      return editor != nullptr && editor->isEnabled() && isDialogReady();
@@ -154,7 +156,7 @@ void MainJob::addTyping(const QString &name, const QString &text)
 
 void MainJob::addClick(const QString &name)
 {
-    m_steps.add({tr("click %1").arg(name),
+    m_steps.add({QStringLiteral("click %1").arg(name),
                  [name] {
                      const QWidget *button = inDialog(name);
                      return button != nullptr && button->isEnabled() && isDialogReady();
@@ -164,7 +166,7 @@ void MainJob::addClick(const QString &name)
 
 void MainJob::addPicture(const QString &name)
 {
-    m_steps.add({tr("take the picture %1").arg(name),
+    m_steps.add({QStringLiteral("take the picture %1").arg(name),
                  [this] { return WidgetEvents::isReady(dialog() != nullptr ? dialog() : &m_window); },
                  [this, name] { takePicture(name); }});
 }
@@ -180,26 +182,29 @@ void MainJob::conclude()
     writeCalls();
     const auto after = ControllerTrafo::read(m_channel.link());
     if (!after) {
-        giveUp(tr("The controller does not say its extra transformation."));
+        giveUp(QStringLiteral("The controller does not say its extra transformation."));
         return;
     }
-    m_out << tr("The controller's extra transformation after:") << '\n' << after->asText() << '\n';
+    m_out << QStringLiteral("The controller's extra transformation after:") << '\n'
+          << after->asText() << '\n';
     if (!after->isNear(m_wanted)) {
-        giveUp(tr("The controller does not hold what was asked for:") + QLatin1Char('\n') +
+        giveUp(QStringLiteral("The controller does not hold what was asked for:") + QLatin1Char('\n') +
                m_wanted.asText());
         return;
     }
     if (!m_arePicturesSaved) {
-        giveUp(tr("Not every picture could be saved in %1.").arg(m_folder));
+        giveUp(QStringLiteral("Not every picture could be saved in %1.").arg(m_folder));
         return;
     }
-    m_out << tr("The controller holds what was asked for. Pictures: %1").arg(m_folder) << '\n' << Qt::flush;
+    m_out << QStringLiteral("The controller holds what was asked for. Pictures: %1").arg(m_folder) << '\n'
+          << Qt::flush;
     emit finished(0);
 }
 
 void MainJob::writeCalls()
 {
-    m_out << tr("Every call, in its order (number, seconds, operation, text, result, answer):") << '\n';
+    m_out << QStringLiteral("Every call, in its order (number, seconds, operation, text, result, answer):")
+          << '\n';
     for (const CallRecord &call : m_channel.log().calls())
         m_out << "  " << CallLog::asText(call) << '\n';
 }

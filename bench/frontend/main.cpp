@@ -62,7 +62,7 @@ int run(const BenchOptions &options, const QString &plugin)
         return fail(error);
     BenchLanguage language(BenchLanguage::folders(QApplication::applicationDirPath()));
     if (!options.language.isEmpty() && !language.choose(options.language))
-        return fail(QObject::tr("There is no translation \"%1\", only: %2.")
+        return fail(QStringLiteral("There is no translation \"%1\", only: %2.")
                         .arg(options.language, language.codes().join(QStringLiteral(", "))));
     BenchWindow window(session->channel(), plugin, options.observerMode);
     window.offerLanguage(language);

@@ -82,7 +82,6 @@ struct Catalogue {
     const char *name;
     QString file;
     QStringList folders;
-    QStringList printing; ///< contexts whose texts are printed only, and stay English
     int leastMessages;
 };
 
@@ -92,13 +91,8 @@ const QList<Catalogue> &catalogues()
         {"module",
          QStringLiteral(CATALOGUE),
          {"module", "dialog", "fine", "view", "coarse", "calibration", "matching", "room"},
-         {},
          200},
-        {"bench",
-         QStringLiteral(BENCH_CATALOGUE),
-         {"bench"},
-         {"BenchOptions", "BenchSession", "MainJob", "QObject", "Reader", "ScriptRunner"},
-         100},
+        {"bench", QStringLiteral(BENCH_CATALOGUE), {"bench"}, 100},
     };
     return list;
 }
@@ -115,12 +109,7 @@ QList<Message> textsIn(const Catalogue &catalogue)
                                               catalogue.folders + QStringList({"-ts", fresh}));
     if (!update.waitForFinished(60000) || update.exitCode() != 0)
         return {};
-    QList<Message> messages;
-    for (const Message &message : messagesOf(fresh)) {
-        if (!catalogue.printing.contains(message.context))
-            messages << message;
-    }
-    return messages;
+    return messagesOf(fresh);
 }
 
 } // namespace
