@@ -69,7 +69,7 @@
     </message>
     <message>
         <source>&lt;ol&gt;&lt;li&gt;Press Shift+F5: the dialog &quot;Room Adjustment&quot; opens.&lt;/li&gt;&lt;li&gt;Choose the tab &quot;Fine&quot; and press &quot;Start&quot; under &quot;Adjust based on reference points&quot;.&lt;/li&gt;&lt;li&gt;In the window &quot;Simulated Room&quot; press &quot;Point 1&quot;, then &quot;Press the tool button&quot;, and wait until the point stands in the dialog&apos;s table.&lt;/li&gt;&lt;li&gt;Do the same with the points 2 and 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 switches between the dialog and the simulated room.&lt;/p&gt;</source>
-        <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie Umschalt+F5: der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den Punkten 2 und 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum.&lt;/p&gt;</translation>
+        <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie Umschalt+F5: Der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den Punkten 2 und 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum.&lt;/p&gt;</translation>
     </message>
 </context>
 <context>
@@ -370,7 +370,7 @@
     </message>
     <message>
         <source>The dialog opens with its settings disabled</source>
-        <translation>Der Dialog öffnet sich mit gesperrten Einstellungen</translation>
+        <translation>Der Dialog öffnet sich mit abgeschalteten Einstellungen</translation>
     </message>
     <message>
         <source>Tracking is a&amp;vailable</source>
@@ -510,7 +510,7 @@
     </message>
     <message>
         <source>Empty: every call counts</source>
-        <translation>Leer: jeder Aufruf zählt</translation>
+        <translation>Leer: Jeder Aufruf zählt</translation>
     </message>
     <message>
         <source>&amp;Fail this call</source>
