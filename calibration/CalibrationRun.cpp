@@ -60,7 +60,7 @@ bool CalibrationRun::begin()
 
 bool CalibrationRun::takeTurn()
 {
-    if (m_isAsking || !isGoingOn())
+    if (m_isAsking || !keepsTurn())
         return false;
     m_isAsking = true;
     return true;
@@ -68,7 +68,7 @@ bool CalibrationRun::takeTurn()
 
 CalibrationPoll CalibrationRun::poll()
 {
-    if (!takeTurn())
+    if (!isGoingOn() || !takeTurn())
         return {};
     const CalibrationPoll result = hasTwoSteps() ? pollSteps() : pollActivity();
     giveTurn();
@@ -117,7 +117,7 @@ CalibrationPoll CalibrationRun::pollSteps()
 
 CalibrationPoll CalibrationRun::ended(CalibrationPoll::State state)
 {
-    m_phase = Phase::Ended;
+    m_phase = Phase::Over;
     CalibrationPoll result;
     result.state = state;
     return result;

@@ -63,13 +63,16 @@ public:
     bool canBeStopped() const;
     bool isInUse() const { return m_phase != Phase::Idle && m_phase != Phase::Ended; }
 
-    /// For what else is asked in the rhythm of the polls: false when it is nobody's turn. A turn that was
-    /// taken must be given back.
+    /// For what else is asked in the rhythm of the polls, the poll that saw the calibration's end included:
+    /// false when it is nobody's turn. A turn that was taken must be given back.
     [[nodiscard]] bool takeTurn();
+    /// Whether the one whose turn it is may go on asking.
+    bool keepsTurn() const { return m_phase == Phase::Running || m_phase == Phase::Over; }
     void giveTurn() { m_isAsking = false; }
 
 private:
-    enum class Phase { Idle, Preparing, Running, Paused, Ended };
+    /// Over is a calibration whose end the controller has told; Ended is one that nobody follows any more.
+    enum class Phase { Idle, Preparing, Running, Paused, Over, Ended };
 
     bool hasTwoSteps() const { return m_pausesBetweenSteps && m_steps == 2; }
     void askForPausesBetweenSteps();

@@ -82,7 +82,7 @@ void CameraGrid::refresh(const std::shared_ptr<CalibrationRun> &run)
         return;
     const QList<QPointer<CameraStatus>> boxes = m_boxes;
     for (const QPointer<CameraStatus> &box : boxes) {
-        if (box && run->isGoingOn())
+        if (box && run->keepsTurn())
             box->update_progressBar();
     }
     run->giveTurn();

@@ -1,7 +1,6 @@
-#include "CalibrationProgressDlg.h"
-#include "CalibrationBench.h"
 #include "CameraStatus.h"
 #include "ModalAnswer.h"
+#include "QuickProgress.h"
 
 #include "TestRegistry.h"
 
@@ -18,45 +17,6 @@ using namespace std::chrono_literals;
 
 namespace
 {
-
-const QString room = QStringLiteral("room");
-const QString progressTitle = QStringLiteral("Calibration Progress");
-const QString poll = QStringLiteral("read status active");
-
-/// Polls come every millisecond, warnings after thirty.
-class Progress : public CalibrationProgressDlg
-{
-public:
-    explicit Progress(CalibrationBench *bench, bool pauses = false, QWidget *parent = nullptr)
-        : CalibrationProgressDlg(&bench->host, parent, &bench->versions, pauses)
-    {
-        setPollInterval(1ms);
-        setStallInterval(30ms);
-        setCountdownTick(1ms);
-    }
-
-    QString text(const char *label) const { return findChild<QLabel *>(QLatin1String(label))->text(); }
-    bool shows(const char *name) const { return findChild<QWidget *>(QLatin1String(name))->isVisible(); }
-    bool hides(const char *name) const { return findChild<QWidget *>(QLatin1String(name))->isHidden(); }
-    int overall() const { return findChild<QProgressBar *>(QStringLiteral("progressBar_overall"))->value(); }
-    QPushButton *cancel() const { return findChild<QPushButton *>(QStringLiteral("pb_cancel")); }
-};
-
-/// Sets "cal" when the calibration starts, and another answer after some polls.
-void endAfter(CalibrationBench *bench, int polls, const QByteArray &answer)
-{
-    auto count = std::make_shared<int>(0);
-    auto started = std::make_shared<bool>(false);
-    bench->host.onCall([=](const QString &line) {
-        if (line.startsWith(QLatin1String("command velmar2 cal ")) &&
-            line.endsWith(QLatin1String(" start"))) {
-            bench->set("status active", "cal");
-            *started = true;
-        } else if (*started && line == poll && ++*count > polls) {
-            bench->set("status active", answer);
-        }
-    });
-}
 
 QStringList startOfRoom()
 {
@@ -82,7 +42,7 @@ private slots:
     void shouldLookAsAgreedWithCameras()
     {
         CalibrationBench bench(1, 11, 0);
-        const Progress dialog(&bench);
+        const QuickProgress dialog(&bench);
 
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Calibration Progress"));
         QVERIFY(!dialog.windowIcon().isNull());
@@ -138,7 +98,7 @@ private slots:
         QFETCH(bool, time);
         CalibrationBench bench(major, minor, patch);
         endAfter(&bench, 7, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
 
         QCOMPARE(dialog.start(room), 1);
 
@@ -156,7 +116,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 3, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
 
         QCOMPARE(dialog.start(room), 1);
 
@@ -177,11 +137,37 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 9, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         (void)dialog.start(room);
         QCOMPARE(bench.host.calls().count(poll), 1 + 10);
         QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 get status camera_progress c02")),
                  3);
+    }
+
+    void shouldRefreshTheCamerasOnTheTickThatSeesTheEndToo_data()
+    {
+        QTest::addColumn<QByteArray>("end");
+        QTest::newRow("success") << QByteArray("none");
+        QTest::newRow("error") << QByteArray("err");
+    }
+
+    void shouldRefreshTheCamerasOnTheTickThatSeesTheEndToo()
+    {
+        QFETCH(QByteArray, end);
+        CalibrationBench bench;
+        endAfter(&bench, 2, end);
+        QuickProgress dialog(&bench);
+        ModalAnswer modal;
+        modal.leaveAlone(progressTitle);
+        if (end == "err")
+            modal.thenPress(QMessageBox::Ok);
+
+        QCOMPARE(dialog.start(room), end == "none" ? 1 : 0);
+
+        const QStringList cameras = lines({"command velmar2 get status camera_progress c01",
+                                           "command velmar2 get status camera_progress c02"});
+        QCOMPARE(bench.host.calls().mid(bench.host.calls().size() - 2), cameras);
+        QCOMPARE(bench.host.calls().count(cameras.first()), 1);
     }
 
     void shouldPollFiveTimesASecond()
@@ -208,7 +194,7 @@ private slots:
         QFETCH(QByteArray, answer);
         CalibrationBench bench;
         bench.set("velmar2 cal room start", answer);
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         bool wasShown = false;
         bench.host.onCall([&](const QString &) { wasShown = wasShown || dialog.isVisible(); });
 
@@ -225,7 +211,7 @@ private slots:
         CalibrationBench bench;
         bench.set("cal step_pause room s01", "yes 3");
         endAfter(&bench, 1, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         dialog.setCountdownTick(1h);
         ModalAnswer modal;
         modal.leaveAlone(progressTitle);
@@ -247,7 +233,7 @@ private slots:
     {
         CalibrationBench bench;
         bench.set("cal step_pause room s01", "yes 3");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         dialog.setCountdownTick(1h);
         ModalAnswer modal;
         modal.leaveAlone(progressTitle);
@@ -274,7 +260,7 @@ private slots:
         QFETCH(int, way);
         CalibrationBench bench;
         endAfter(&bench, 1000000, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         QTimer::singleShot(30, &dialog, [&] {
             if (way == 0)
                 QTest::mouseClick(dialog.cancel(), Qt::LeftButton);
@@ -302,7 +288,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 20, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         QTimer::singleShot(5, &dialog, [&] { QTest::keyClick(&dialog, Qt::Key_Return); });
         QCOMPARE(dialog.start(room), 1);
     }
@@ -312,7 +298,7 @@ private slots:
         CalibrationBench bench;
         bench.set("velmar2 get status err", R"(velmar2 get status err 17 "Angle tool not found.")");
         endAfter(&bench, 1, "err");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         ModalAnswer modal;
         modal.leaveAlone(progressTitle);
         int callsAtBox = 0;
@@ -340,7 +326,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 1000000, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         QString warning;
         QString afterwards = QStringLiteral("never looked");
         bool infoWasHidden = false;
@@ -367,7 +353,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 100, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         QCOMPARE(dialog.start(QStringLiteral("reflex_scan")), 1);
         QCOMPARE(dialog.text("label_warning"), QString());
     }
@@ -378,7 +364,7 @@ private slots:
         bench.set("status progress", "1.0");
         bench.set("status step_progress", "1 1.0");
         endAfter(&bench, 100, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         bool isShown = false;
         QTimer::singleShot(0, &dialog, [&] {
             [&] { QTRY_COMPARE(dialog.text("label_info"), QStringLiteral("calculating...")); }();
@@ -396,7 +382,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 200, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         Qt::WindowFlags flags;
         QTimer::singleShot(10, &dialog, [&] {
             flags = dialog.windowFlags();
@@ -421,7 +407,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 1, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         QCOMPARE(dialog.start(room), 1);
         QVERIFY(dialog.windowFlags().testFlag(Qt::WindowCloseButtonHint));
         QVERIFY(!dialog.windowFlags().testFlag(Qt::CustomizeWindowHint));
@@ -432,7 +418,7 @@ private slots:
         CalibrationBench bench;
         bench.host.failText(QStringLiteral("camera number_of_cameras"));
         endAfter(&bench, 3, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
 
         QCOMPARE(dialog.start(room), 1);
 
@@ -456,7 +442,7 @@ private slots:
         CalibrationBench bench;
         bench.set("camera number_of_cameras", QByteArray::number(count));
         endAfter(&bench, 1, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
 
         QCOMPARE(dialog.start(room), 1);
 
@@ -480,7 +466,7 @@ private slots:
     {
         CalibrationBench bench;
         endAfter(&bench, 30, "none");
-        Progress dialog(&bench);
+        QuickProgress dialog(&bench);
         QTimer::singleShot(5, &dialog, [&] {
             QMetaObject::invokeMethod(&dialog, "onReceiveMostActiveChanges",
                                       Q_ARG(QString, QStringLiteral("1,10")));
@@ -510,148 +496,6 @@ private slots:
         QCOMPARE(slotNames, lines({"update_cal_status()", "reject()", "accept()", "show_warning()",
                                    "update_cam_status()", "onReceiveCameraTabChanges(QString)",
                                    "onReceiveMostActiveChanges(QString)"}));
-    }
-
-    void shouldNotPollBeforeTheStartOrAfterTheEnd()
-    {
-        CalibrationBench bench;
-        endAfter(&bench, 1, "none");
-        Progress dialog(&bench);
-        for (int i = 0; i < 3; ++i) {
-            dialog.update_cal_status();
-            dialog.update_cam_status();
-        }
-        QCOMPARE(bench.host.calls(), QStringList());
-        QCOMPARE(dialog.start(room), 1);
-        const int count = bench.host.count();
-        for (int i = 0; i < 3; ++i) {
-            dialog.update_cal_status();
-            dialog.update_cam_status();
-        }
-        QCOMPARE(bench.host.count(), count);
-    }
-
-    void shouldBearEventsInsideEveryCall()
-    {
-        CalibrationBench bench;
-        int depth = 0;
-        int deepest = 0;
-        int polls = 0;
-        bench.host.onCall([&](const QString &line) {
-            deepest = std::max(deepest, ++depth);
-            if (line == QLatin1String("command velmar2 cal room start"))
-                bench.set("status active", "cal");
-            if (line == poll && ++polls == 6)
-                bench.set("status active", "none");
-            QTest::qWait(5);
-            --depth;
-        });
-        Progress dialog(&bench);
-
-        QCOMPARE(dialog.start(room), 1);
-
-        QCOMPARE(deepest, 1);
-    }
-
-    void shouldNotTurnACancellationIntoASuccess()
-    {
-        CalibrationBench bench;
-        int polls = 0;
-        Progress dialog(&bench);
-        bench.host.onCall([&](const QString &line) {
-            if (line == poll && ++polls == 4) {
-                bench.set("status active", "none");
-                dialog.reject();
-            }
-            if (line == QLatin1String("command velmar2 cal room start"))
-                bench.set("status active", "cal");
-        });
-
-        QCOMPARE(dialog.start(room), 0);
-
-        QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 cal room stop")), 1);
-        QCOMPARE(bench.host.calls().last(), QStringLiteral("command velmar2 cal room stop"));
-    }
-
-    void shouldBearItsDestructionInsideEveryCall()
-    {
-        const int callsOfARun = 17;
-        for (int k = 1; k <= callsOfARun; ++k) {
-            CalibrationBench bench;
-            endAfter(&bench, 3, "none");
-            auto *parent = new QWidget;
-            auto *dialog = new Progress(&bench, false, parent);
-            QPointer<QWidget> guard(parent);
-            // one more layer than endAfter(): the host takes the parent away while it answers
-            bool started = false;
-            int polls = 0;
-            bench.host.onCall([&](const QString &line) {
-                if (line == QLatin1String("command velmar2 cal room start")) {
-                    bench.set("status active", "cal");
-                    started = true;
-                }
-                if (started && line == poll && ++polls > 3)
-                    bench.set("status active", "none");
-                if (bench.host.count() == k)
-                    delete guard.data();
-            });
-
-            QCOMPARE(dialog->start(room), 0);
-
-            QVERIFY2(guard.isNull(), qPrintable(QString::number(k)));
-        }
-    }
-
-    void shouldBearItsDestructionWhileItsErrorIsShown()
-    {
-        CalibrationBench bench;
-        endAfter(&bench, 1, "err");
-        const QPointer<QWidget> parent = new QWidget;
-        auto *dialog = new Progress(&bench, false, parent);
-        ModalAnswer modal;
-        modal.leaveAlone(progressTitle);
-        modal.then([&](QWidget *) { delete parent.data(); });
-
-        QCOMPARE(dialog->start(room), 0);
-
-        QVERIFY(parent.isNull());
-        QVERIFY(modal.isDone());
-    }
-
-    void shouldEndAtAnyFailure()
-    {
-        CalibrationBench reference;
-        endAfter(&reference, 6, "none");
-        Progress whole(&reference);
-        (void)whole.start(room);
-        const int calls = reference.host.count();
-        QVERIFY(calls > 20);
-        for (int k = 1; k <= calls; ++k) {
-            CalibrationBench bench;
-            bench.host.failCall(k);
-            endAfter(&bench, 6, "none");
-            Progress dialog(&bench);
-            const bool startFails = k == 8;
-
-            QCOMPARE(dialog.start(room), startFails ? 0 : 1);
-
-            QCOMPARE(bench.host.reports(),
-                     k == 4 ? lines({"Error: Unable to get the number of cameras"}) : QStringList());
-        }
-    }
-
-    void shouldEndWhenEveryCallFailsFromOneOn()
-    {
-        for (int k = 1; k <= 30; ++k) {
-            CalibrationBench bench;
-            bench.host.failFrom(k);
-            endAfter(&bench, 1000000, "none");
-            Progress dialog(&bench);
-            QTimer::singleShot(40, &dialog, &CalibrationProgressDlg::reject);
-            QCOMPARE(dialog.start(room), 0);
-            QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 cal room stop")),
-                     k <= 8 ? 0 : 1);
-        }
     }
 };
 
