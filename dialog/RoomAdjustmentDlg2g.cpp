@@ -389,18 +389,14 @@ void RoomAdjustmentDlg2g::on_tabWidget_currentChanged(int index)
 
 void RoomAdjustmentDlg2g::keyPressEvent(QKeyEvent *event)
 {
-    const bool adjustable = m_ui->tabWidget->isEnabled();
+    const bool isCoarse = m_ui->tabWidget->currentIndex() == CoarseTab;
     if (event->key() == Qt::Key_Escape) {
         cancel();
     } else if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::NoModifier) {
-        if (adjustable)
-            m_ui->tabWidget->setCurrentIndex(m_ui->tabWidget->currentIndex() == CoarseTab ? FineTab
-                                                                                          : CoarseTab);
+        m_ui->tabWidget->setCurrentIndex(isCoarse ? FineTab : CoarseTab);
     } else if (event->key() == Qt::Key_A && event->modifiers() == Qt::AltModifier) {
-        if (adjustable) {
-            m_ui->tabWidget->setCurrentIndex(FineTab);
-            m_fine->openAngleTool();
-        }
+        m_ui->tabWidget->setCurrentIndex(FineTab);
+        m_fine->openAngleTool();
     } else {
         QDialog::keyPressEvent(event);
     }

@@ -65,6 +65,7 @@ private slots:
     void shouldKeepSubscriptionsBalanced();
     void shouldHandRecordsToTheFinePanelOnly();
     void shouldSwitchTabsByF5AndNothingElse();
+    void shouldSwitchTabsByKeysWhenNothingCanBeAdjusted();
     void shouldNotPressAButtonByEnter();
     void shouldKeepTheApplyLetterButNotItsShortcut();
     void shouldReportAndCarryOnWhateverFails_data();
@@ -525,6 +526,26 @@ void RoomAdjustmentDlg2gTest::shouldSwitchTabsByF5AndNothingElse()
         QCOMPARE(tabs->currentIndex(), 1);
         QTest::keyClick(&f.dialog, Qt::Key_F5);
         QCOMPARE(tabs->currentIndex(), 0);
+        QCOMPARE(f.host.calls(), QStringList());
+    });
+}
+
+void RoomAdjustmentDlg2gTest::shouldSwitchTabsByKeysWhenNothingCanBeAdjusted()
+{
+    DialogFixture f;
+    f.host.setAnswer("config is_changeable", "no");
+    f.open([&] {
+        auto *tabs = f.child<QTabWidget>("tabWidget");
+        QVERIFY(!tabs->isEnabled());
+        f.host.clear();
+        QTest::keyClick(&f.dialog, Qt::Key_F5);
+        QCOMPARE(tabs->currentIndex(), 1);
+        QTest::keyClick(&f.dialog, Qt::Key_F5);
+        QCOMPARE(tabs->currentIndex(), 0);
+        QTest::keyClick(&f.dialog, Qt::Key_A, Qt::AltModifier);
+        QCOMPARE(tabs->currentIndex(), 1);
+        QCOMPARE(QApplication::activeModalWidget(), &f.dialog);
+        QVERIFY(!f.child<QPushButton>("btn_apply")->isEnabled());
         QCOMPARE(f.host.calls(), QStringList());
     });
 }
