@@ -75,6 +75,7 @@ void CoarseAdjustment::buildTable()
     m_ui->tableView->horizontalHeader()->setSectionsClickable(false);
     m_ui->tableView->setSelectionMode(QAbstractItemView::NoSelection);
     m_ui->tableView->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_ui->tableView->installEventFilter(this);
 }
 
 void CoarseAdjustment::setCameraModel(QStandardItemModel *model)
@@ -227,6 +228,14 @@ void CoarseAdjustment::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     fitColumns();
+}
+
+/// A panel that was resized while its page was hidden gives the table its size later.
+bool CoarseAdjustment::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_ui->tableView && event->type() == QEvent::Resize)
+        fitColumns();
+    return QWidget::eventFilter(watched, event);
 }
 
 void CoarseAdjustment::fitColumns()

@@ -70,6 +70,7 @@ private slots:
     void shouldHandItsAnglesToTheFinePanel();
     void shouldSendAnglesThatItCannotShowToTheFinePanel();
     void shouldShowTheCamerasOfTheDialog();
+    void shouldFitTheColumnsToATableThatGrewOrShrankUnseen();
 };
 
 void CoarseToControllerTest::shouldWriteTheRotationOfTheAssignmentAndShowItAgain_data()
@@ -168,6 +169,27 @@ void CoarseToControllerTest::shouldShowTheCamerasOfTheDialog()
         QCOMPARE(table->model()->index(1, 1).data().toString(), QString("2000.50"));
         for (int column = 0; column < 4; ++column)
             QCOMPARE(table->columnWidth(column), table->width() / 4 - 1);
+        f.click("btn_cancel");
+    });
+}
+
+void CoarseToControllerTest::shouldFitTheColumnsToATableThatGrewOrShrankUnseen()
+{
+    DialogFixture f;
+    f.open([&] {
+        const auto *table = f.child<QTableView>("tableView");
+        int lastWidth = table->width();
+        for (const int width : {1500, 1100}) {
+            f.selectTab(1);
+            f.dialog.resize(width, 800);
+            QCoreApplication::processEvents();
+            f.selectTab(0);
+            QCoreApplication::processEvents();
+            QVERIFY(table->width() != lastWidth);
+            lastWidth = table->width();
+            for (int column = 0; column < 4; ++column)
+                QCOMPARE(table->columnWidth(column), table->width() / 4 - 1);
+        }
         f.click("btn_cancel");
     });
 }
