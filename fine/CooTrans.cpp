@@ -343,6 +343,7 @@ void CooTrans::applyTrafo(const bsMatrix &matrix)
     m_view->translateRoom(position.x, position.y, position.z);
     m_view->saveCurrentRoom();
     m_view->room()->getTransformation(*m_raData, true);
+    m_edits.replaced(*m_raData);
     onEnableButtonApply();
 }
 
@@ -381,6 +382,17 @@ bool CooTrans::discardsUnsaved()
 
 void CooTrans::on_w_bodyMatchingButton_clicked()
 {
+    if (m_isMatching)
+        return; // a second frame would take the neutral state of the first for the controller's own
+    const QPointer<CooTrans> self(this);
+    m_isMatching = true;
+    matchPoints();
+    if (!self.isNull())
+        m_isMatching = false;
+}
+
+void CooTrans::matchPoints()
+{
     if (!nothingUnsaved() && !discardsUnsaved())
         return;
     const QPointer<CooTrans> self(this);
@@ -395,6 +407,8 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
     frame->restoreReference();
     if (self.isNull())
         return;
+    if (!m_edits.roomShows(*m_raData))
+        m_view->room()->loadRoom(*m_raData); // edits were applied since the last load: the next begin there
     loadControls();
     frame->restoreTransformation();
 }

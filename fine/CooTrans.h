@@ -112,6 +112,7 @@ private:
     void showPendingPosition(const RoomPreview &preview);
     void rotateRoom(const bsMatrix &rotation);
     bool discardsUnsaved();
+    void matchPoints();
 
     std::unique_ptr<Ui::CooTransClass> m_ui;
     ControllerAccess m_controller;
@@ -126,4 +127,5 @@ private:
     AbcMatchingDialog *m_matchingDialog = nullptr;
     AdjustToToolDlg *m_angleToolDialog = nullptr;
     bool m_armed = true;
+    bool m_isMatching = false;
 };

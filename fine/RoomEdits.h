@@ -41,6 +41,11 @@ public:
     /// A record was loaded into the room and shown; `boxes` are the boxes' values after their rounding.
     void loaded(const RoomTrafoData &record, const AdjustmentBoxes &boxes);
 
+    /// The room was replaced by one that looks like this record; the boxes do not show it yet.
+    void replaced(const RoomTrafoData &record) { m_loadedRecord = record; }
+    /// Whether the room looks like this record where nothing is edited.
+    bool roomShows(const RoomTrafoData &record) const { return m_loadedRecord == record; }
+
     /// The scaling box shows another factor than the record: it counts as edited.
     void scalingDiffers() { m_scalingDiffers = true; }
 

@@ -42,6 +42,8 @@ bsDoubleWidget::bsDoubleWidget(QWidget *parent)
 {
     buildSpinBox();
     buildWheel();
+    m_outerLayout->setObjectName(QStringLiteral("outerLayout"));
+    m_innerLayout->setObjectName(QStringLiteral("innerLayout"));
     m_label->setObjectName(QStringLiteral("label"));
     m_label->setBuddy(m_spinBox);
     m_innerLayout->addWidget(m_spinBox);

@@ -138,6 +138,8 @@ private slots:
     void shouldTakeAFittedHalfTurnAboutAnyAxis();
     void shouldAskBeforeMatchingWithUnsavedData();
     void shouldKeepTheMeasuringFrameAroundTheMatching();
+    void shouldNotBeginASecondMeasuringFrame();
+    void shouldPreviewFromAppliedEditsAfterTheMatching();
     void shouldReadEverythingAnewAfterTheAngleTool();
     void shouldShowARecordThatIsNoRotation();
     void shouldSayWhenTrackingIsNotAvailable();
@@ -633,6 +635,54 @@ void CooTransTest::shouldKeepTheMeasuringFrameAroundTheMatching()
     QCOMPARE(p.host.callsOf({"reserved"}),
              QStringList({"reserved 1", "reserved 2", "reserved 1", "reserved 2", "reserved 1", "reserved 2",
                           "reserved 1", "reserved 2"}));
+}
+
+void CooTransTest::shouldNotBeginASecondMeasuringFrame()
+{
+    Panel p;
+    p.host.setAnswer("tracking extra_translation", "10 0 0");
+    p.host.setAnswer("tracking reference", "body b03");
+    p.record.translation = {10, 0, 0};
+    p.widget.loadPage();
+    QStringList before;
+    QStringList after;
+    p.answer.then([&](QWidget *matching) {
+        before = p.host.calls();
+        QVERIFY(QMetaObject::invokeMethod(&p.widget, "on_w_bodyMatchingButton_clicked"));
+        after = p.host.calls();
+        matching->close();
+    });
+
+    p.click("w_bodyMatchingButton");
+
+    QVERIFY(!before.isEmpty());
+    QCOMPARE(after, before);
+    QVERIFY(p.host.calls().contains("write tracking reference body b03"));
+    QVERIFY(p.host.calls().contains("write tracking extra_translation 10.000 0.000 0.000"));
+    p.answer.then([](QWidget *matching) { matching->close(); });
+    p.click("w_bodyMatchingButton");
+    QVERIFY(p.answer.isDone());
+}
+
+void CooTransTest::shouldPreviewFromAppliedEditsAfterTheMatching()
+{
+    Panel p;
+    p.record.rotation = {0.98480775, -0.17364818, 0, 0.17364818, 0.98480775, 0, 0, 0, 1};
+    p.widget.loadPage();
+    p.type("doubleSpinBox_x", "1000");
+    p.type("doubleSpinBox_rz", "35");
+    p.widget.storeToRaData();
+    p.answer.then([](QWidget *matching) { matching->close(); });
+    p.click("w_bodyMatchingButton");
+    QVERIFY(p.answer.isDone());
+
+    p.type("doubleSpinBox_x", "2000");
+
+    QCOMPARE(p.room()->pendingMatrix().column(3).x, 1000.0);
+    const bsMatrix previewed = p.room()->transformation();
+    p.widget.storeToRaData();
+    p.widget.loadPage();
+    QVERIFY(difference(p.room()->transformation(), previewed) < 1e-6);
 }
 
 void CooTransTest::shouldReadEverythingAnewAfterTheAngleTool()
