@@ -33,7 +33,7 @@ void MatchingLists::takeReferenceCells()
 
 void MatchingLists::takeMeasured(int row, const MatchingPoint &point)
 {
-    if (row >= 0) {
+    if (row >= 0 && row < static_cast<int>(m_measured.size())) {
         m_measured[static_cast<std::size_t>(row)] = point;
         m_measuredTable.setPoint(row, point);
     } else {
@@ -45,7 +45,8 @@ void MatchingLists::takeMeasured(int row, const MatchingPoint &point)
 void MatchingLists::removeMeasured(int row)
 {
     m_measuredTable.removeRow(row);
-    m_measured.erase(m_measured.begin() + row);
+    if (row < static_cast<int>(m_measured.size()))
+        m_measured.erase(m_measured.begin() + row);
 }
 
 void MatchingLists::clearMeasured()

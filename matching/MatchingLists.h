@@ -27,7 +27,7 @@ public:
 
     /// Replaces the point of an existing row, or adds one for row -1.
     void takeMeasured(int row, const MatchingPoint &point);
-    /// The row must exist.
+    /// A row that was put into the table from outside has no point to go with it.
     void removeMeasured(int row);
     void clearMeasured();
 

@@ -129,14 +129,17 @@ void PointTable::mark(int row, const QString &reason)
     m_marked = row;
     for (int column = 0; column < coordinates; ++column) {
         QTableWidgetItem *item = m_table->item(row, column);
+        if (!item)
+            continue;
         QFont font = m_table->font();
         font.setBold(true);
         item->setFont(font);
         item->setBackground(markedBackground);
         item->setForeground(markedText);
         item->setToolTip(reason);
+        if (column == 0)
+            item->setIcon(m_table->style()->standardIcon(QStyle::SP_MessageBoxWarning));
     }
-    m_table->item(row, 0)->setIcon(m_table->style()->standardIcon(QStyle::SP_MessageBoxWarning));
 }
 
 void PointTable::clearMark()

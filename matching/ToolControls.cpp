@@ -33,12 +33,13 @@ void ToolControls::fill(const std::vector<int> &tools)
 {
     QComboBox *list = m_ui.comboBox_meatool;
     const QSignalBlocker blocker(list);
-    const int previous = list->currentIndex();
+    if (list->currentIndex() >= 0)
+        m_lastSelected = list->currentIndex();
     list->clear();
     for (const int tool : tools)
         list->addItem(tr("M%1").arg(tool), tool);
-    const bool kept = previous >= 0 && previous < list->count();
-    list->setCurrentIndex(kept ? previous : std::min(0, list->count() - 1));
+    const bool kept = m_lastSelected < list->count();
+    list->setCurrentIndex(kept ? m_lastSelected : std::min(0, list->count() - 1));
 }
 
 int ToolControls::selectedTool() const

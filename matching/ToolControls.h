@@ -22,7 +22,8 @@ public:
     /// The form must outlive this.
     explicit ToolControls(Ui::AbcMatchingDialogClass &ui);
 
-    /// Lists the tools by their numbers, silently; the selected position is kept where it still exists.
+    /// Lists the tools by their numbers, silently; the position that was selected last is kept where it
+    /// exists.
     void fill(const std::vector<int> &tools);
     /// The number of the selected tool; ToolSampler::noTool if there is none.
     [[nodiscard]] int selectedTool() const;
@@ -41,5 +42,6 @@ public:
 
 private:
     Ui::AbcMatchingDialogClass &m_ui;
+    int m_lastSelected = 0; ///< kept over openings without tools
     QPointer<QWidget> m_focusMeanwhile;
 };

@@ -62,6 +62,7 @@ private slots:
     void shouldRemoveAReferencePointOnlyAfterAYes();
     void shouldTellThatNothingIsSelected();
     void shouldRemoveAMeasuredPointOnlyAfterAYes();
+    void shouldRemoveAMeasuredRowWithoutAPoint();
     void shouldClearTheMeasuredPointsOnlyAfterAYes();
     void shouldNotLetMeasuredPointsBeEdited();
     void shouldCheckTheRowAgainAfterTheQuestion();
@@ -229,6 +230,24 @@ void MatchingListsTest::shouldRemoveAMeasuredPointOnlyAfterAYes()
         QCOMPARE(opened.rows(measuredTable), 1);
         QCOMPARE(opened.cell(measuredTable, 0, 0), QStringLiteral("2.00"));
         QVERIFY(!opened.isEnabled("w_replaceCheckBox"));
+    });
+}
+
+void MatchingListsTest::shouldRemoveAMeasuredRowWithoutAPoint()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.measure({1, 0, 0});
+        auto *table = opened.find<QTableWidget>(measuredTable);
+        table->insertRow(1);
+        for (int column = 0; column < 3; ++column)
+            table->setItem(1, column, new QTableWidgetItem(QStringLiteral("7.00")));
+        table->selectRow(1);
+        opened.answers().thenPress(QMessageBox::Yes);
+        opened.click("w_removeButton");
+        QCOMPARE(opened.answers().boxes(), QStringList{QStringLiteral("Warning|Remove row 2?")});
+        QCOMPARE(opened.rows(measuredTable), 1);
+        QCOMPARE(opened.cell(measuredTable, 0, 0), QStringLiteral("1.00"));
     });
 }
 

@@ -361,6 +361,10 @@ void MatchingOpeningTest::shouldKeepTheSelectedToolAtTheNextOpening()
     auto *list = opened.find<QComboBox>("comboBox_meatool");
     opened.run([&] { list->setCurrentIndex(1); });
     opened.run([&] { QCOMPARE(list->currentText(), QStringLiteral("M2")); });
+    opened.host().setAnswer(QStringLiteral("measurementtool available"), "no");
+    opened.run([] {});
+    opened.host().setAnswer(QStringLiteral("measurementtool available"), "yes");
+    opened.run([&] { QCOMPARE(list->currentText(), QStringLiteral("M2")); });
     opened.host().setAnswer(QStringLiteral("measurementtool tip_calibrated b01"), "no");
     opened.run([&] {
         QCOMPARE(list->count(), 1);

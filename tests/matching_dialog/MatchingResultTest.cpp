@@ -73,6 +73,7 @@ private slots:
     void shouldEnableApplyOnlyAfterASuccess();
     void shouldKeepListsReportAndResultOverAClosing();
     void shouldMarkTheWorstRows();
+    void shouldMarkARowThatIsNotFilledYet();
     void shouldNotMarkRowsWithoutReason();
     void shouldNoticeASymmetricObject();
     void shouldNoticePointsNearlyOnALine();
@@ -294,6 +295,27 @@ void MatchingResultTest::shouldMarkTheWorstRows()
         opened.measure(moved(ring[5]));
         QVERIFY(!isMarked(opened.find<QTableWidget>(referenceTable), 5));
         QVERIFY(!isMarked(opened.find<QTableWidget>(measuredTable), 5));
+    });
+}
+
+void MatchingResultTest::shouldMarkARowThatIsNotFilledYet()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        const MatchingPoints points{{0, 0, 0},     {400, 0, 0},   {0, 300, 0},  {0, 0, 200},
+                                    {400, 300, 0}, {400, 0, 200}, {100, 80, 60}};
+        for (const MatchingPoint &point : points)
+            opened.measure(point);
+        enter(opened, MatchingPoints(points.begin(), points.end() - 1));
+        auto *table = opened.find<QTableWidget>(referenceTable);
+        table->insertRow(6);
+        table->setItem(6, 0, new QTableWidgetItem(QStringLiteral("100")));
+        QVERIFY(opened.report().startsWith(QStringLiteral("Transformation evaluation report")));
+        QVERIFY(isMarked(table, 6));
+        table->setItem(6, 1, new QTableWidgetItem(QStringLiteral("80")));
+        table->setItem(6, 2, new QTableWidgetItem(QStringLiteral("60")));
+        QVERIFY(!isMarked(table, 6));
     });
 }
 
