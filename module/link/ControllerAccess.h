@@ -86,8 +86,8 @@ public:
     bool cameraHasRoom(int camera) const;
     /// Silent on failure.
     CameraRoom roomOfCamera(int camera) const;
-    /// The camera's position in mm; zeros when it cannot be read, has no room, or the answer holds fewer
-    /// numbers.
+    /// The camera's position in mm; zeros when it cannot be read or has no room, and for numbers that are
+    /// missing in the answer.
     std::array<double, 3> positionOfCamera(int camera) const;
 
     // --- Extra transformation, as the dialog edits it
