@@ -154,7 +154,7 @@ private slots:
                              opener->setFocus();
                              TabTour::press(window, Qt::Key_Space);
                              QVERIFY(activate(window)); // what the window manager does
-                             QCOMPARE(TabTour::focus(window), opener);
+                             QTRY_COMPARE(TabTour::focus(window), opener);
                              QCOMPARE(TabTour::faults(window).join(QLatin1Char('\n')), QString());
                          }));
     }
