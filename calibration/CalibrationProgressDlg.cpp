@@ -200,7 +200,7 @@ void CalibrationProgressDlg::showCalculating()
     m_isFinished = true;
     m_warningTimer.stop();
     m_ui->label_warning->hide();
-    m_ui->label_info->setText(tr("calculating..."));
+    m_ui->label_info->setText(calculating());
     m_ui->label_info->show();
 }
 
@@ -284,6 +284,11 @@ void CalibrationProgressDlg::show_warning()
     m_ui->label_warning->show();
 }
 
+QString CalibrationProgressDlg::calculating()
+{
+    return tr("calculating...");
+}
+
 QString CalibrationProgressDlg::warning()
 {
     return tr("<b><font color=red>Please move the wand in the view scope of ALL cameras!</font></b>");
@@ -299,7 +304,7 @@ void CalibrationProgressDlg::changeEvent(QEvent *event)
     m_ui->retranslateUi(this);
     showRemainingTime();
     if (calculates)
-        m_ui->label_info->setText(tr("calculating..."));
+        m_ui->label_info->setText(calculating());
     if (warns)
         m_ui->label_warning->setText(warning());
 }

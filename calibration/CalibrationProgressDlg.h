@@ -11,7 +11,6 @@
 
 class CalibrationRun;
 class CameraGrid;
-class CountdownDlg;
 class IOManager;
 struct BackendVersions;
 struct CalibrationPoll;
@@ -69,6 +68,7 @@ private:
     void watchForStall(bool hasMoved);
     void showCalculating();
     void showRemainingTime();
+    static QString calculating();
     static QString warning();
     void finishWithError();
     void pauseBetweenSteps();

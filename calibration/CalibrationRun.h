@@ -89,8 +89,8 @@ private:
     QByteArray m_kind;
     QByteArray m_description;
     int m_steps = 1;
-    int m_pauseOfFirstStep = 5;
-    int m_pauseOfSecondStep = 5;
+    int m_pauseOfFirstStep = CalibrationAnswers::defaultPauseSeconds;
+    int m_pauseOfSecondStep = CalibrationAnswers::defaultPauseSeconds;
     int m_lastPercent = 0;
     Phase m_phase = Phase::Idle;
     bool m_isAsking = false;

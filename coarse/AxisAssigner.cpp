@@ -1,5 +1,7 @@
 #include "AxisAssigner.h"
 
+#include "CoordinateType.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -19,9 +21,9 @@ struct DefaultAxes {
     int top;
 };
 
-constexpr int normalType = 0;
+constexpr int normalType = static_cast<int>(CoordinateType::Normal);
 constexpr int unusedType = 4;
-constexpr int noType = 5;
+constexpr int noType = static_cast<int>(CoordinateType::None);
 constexpr int axisCodes = 6;
 constexpr int quarterTurn = 90;
 

@@ -1,5 +1,6 @@
 #include "CoarseAdjustment.h"
 
+#include "CoordinateType.h"
 #include "RenderArea.h"
 #include "Resources.h"
 #include "RoomAngleExchange.h"
@@ -16,7 +17,7 @@ namespace
 constexpr int rowHeight = 28;
 constexpr int columns = 4;
 constexpr int axisCodes = 6;
-constexpr int noType = 5;
+constexpr int noType = static_cast<int>(CoordinateType::None);
 constexpr int darkLightness = 128;
 
 bool isUsable(int type)

@@ -7,7 +7,6 @@
 
 #include <memory>
 
-class QLabel;
 class QStandardItemModel;
 class RenderArea;
 class RoomAngleExchange;

@@ -1,6 +1,7 @@
 #include "RenderArea.h"
 
 #include "BackendVersions.h"
+#include "CoordinateType.h"
 #include "Resources.h"
 
 #include <QPaintEvent>
@@ -8,12 +9,6 @@
 
 namespace
 {
-
-constexpr int normalType = 0;
-constexpr int powerwallType = 1;
-constexpr int powerwallStandingType = 2;
-constexpr int midCameraType = 3;
-constexpr int noType = 5;
 
 QPen penOf(int axis)
 {
@@ -72,13 +67,13 @@ void RenderArea::setAxes(const DirectionAxes &axes)
 
 QString RenderArea::picturePath() const
 {
-    switch (m_type) {
-    case normalType:
-    case powerwallType:
+    switch (static_cast<CoordinateType>(m_type)) {
+    case CoordinateType::Normal:
+    case CoordinateType::Powerwall:
         return QStringLiteral(":/normal.png");
-    case powerwallStandingType:
+    case CoordinateType::PowerwallStanding:
         return QStringLiteral(":/powerwall_standing.png");
-    case midCameraType:
+    case CoordinateType::MidCamera:
         if (m_versions != nullptr && m_versions->backendName == QLatin1String("OKTAVO3"))
             return QStringLiteral(":/mid_camera_okt3.png");
         return QStringLiteral(":/mid_camera.png");
@@ -95,7 +90,7 @@ void RenderArea::paintEvent(QPaintEvent *event)
     const QRectF area(0, 0, m_size, m_size);
     const qreal density = m_picture.devicePixelRatio(); // the source is counted in the picture's own pixels
     painter.drawPixmap(area, m_picture, QRectF(area.topLeft(), area.size() * density));
-    if (m_type >= 0 && m_type != noType)
+    if (m_type >= 0 && m_type != static_cast<int>(CoordinateType::None))
         drawArrows(&painter);
 }
 

@@ -8,8 +8,6 @@
 #include <memory>
 #include <optional>
 
-class QThread;
-
 /// Evaluates a matching: at once where that is quick, otherwise on a thread of its own.
 ///
 /// The thread works on copies of the lists and touches nothing else. One evaluation runs at a time; a new one

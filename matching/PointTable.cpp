@@ -1,7 +1,5 @@
 #include "PointTable.h"
 
-#include <QApplication>
-#include <QBrush>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QSignalBlocker>

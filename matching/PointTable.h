@@ -28,8 +28,9 @@ public:
     void setPoints(const MatchingPoints &points);
     /// Adds a row and brings it into sight.
     void append(const MatchingPoint &point);
+    /// The row must exist.
     void setPoint(int row, const MatchingPoint &point);
-    /// Nothing is selected afterwards.
+    /// The row must exist. Nothing is selected afterwards.
     void removeRow(int row);
     void clear();
 
@@ -45,7 +46,7 @@ public:
     /// Scrolls the selected row into sight.
     void showSelectedRow();
 
-    /// Sets a row off, with a tool tip that says why.
+    /// Sets a row that exists off, with a tool tip that says why.
     void mark(int row, const QString &reason);
     void clearMark();
 

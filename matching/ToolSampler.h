@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ControllerAccess.h"
 #include "TipCollector.h"
 #include "VelmarParser.h"
 
@@ -26,8 +27,6 @@ public:
     };
 
     static constexpr int noTool = -1;
-    static constexpr double defaultDuration = 1.0;
-    static constexpr double defaultTolerance = 1.5;
 
     /// Forgets samples and tracking state; the tool and what was decoded stay.
     void restart();
@@ -66,7 +65,7 @@ private:
     std::array<char, bufferSize> m_buffer{};
     TipCollector m_measurement;
     int m_tool = noTool;
-    double m_duration = defaultDuration;
-    double m_tolerance = defaultTolerance;
+    double m_duration = ControllerAccess::defaultMeasurementSeconds;
+    double m_tolerance = ControllerAccess::defaultToleranceMm;
     bool m_tracked = false;
 };

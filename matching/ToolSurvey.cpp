@@ -1,12 +1,7 @@
 #include "ToolSurvey.h"
 
-#include <algorithm>
-
 namespace
 {
-
-/// A controller that claims more tools is not asked about the others.
-constexpr int mostTools = 1000;
 
 bool anyTipIsCalibrated(const ControllerAccess &controller, int toolCount)
 {
@@ -27,7 +22,7 @@ ToolSurvey surveyTools(ControllerAccess controller)
     survey.verdict = ToolSurvey::Verdict::NotAvailable;
     if (controller.measurementToolAvailable() != Reply::Yes)
         return survey;
-    survey.toolCount = std::clamp(controller.numberOfMeasurementTools(), 0, mostTools);
+    survey.toolCount = controller.numberOfMeasurementTools();
     const bool ready = anyTipIsCalibrated(controller, survey.toolCount);
     survey.verdict = ready ? ToolSurvey::Verdict::Ready : ToolSurvey::Verdict::NotCalibrated;
     for (int tool = 1; tool <= survey.toolCount; ++tool) {

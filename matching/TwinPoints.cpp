@@ -1,6 +1,5 @@
 #include "TwinPoints.h"
 
-#include <algorithm>
 #include <map>
 
 TwinPoints::TwinPoints(const MatchingPoints &points, int firstExchangeable)

@@ -3,7 +3,6 @@
 #include "bsMatrix.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <vector>
 

@@ -4,7 +4,6 @@ class AbcGLCanvas;
 class QColor;
 class QString;
 class abcRoom;
-class bsMatrix;
 struct bsVector;
 
 /// Draws a loaded room with OpenGL's fixed functions into the current context of a canvas.

@@ -1,25 +1,16 @@
 #include "CalibrationAnswers.h"
 
 #include "NumberReader.h"
+#include "Saturated.h"
 
 #include <QList>
 
 #include <algorithm>
-#include <cmath>
 #include <cstdlib>
 #include <limits>
 
 namespace
 {
-
-constexpr int defaultPauseSeconds = 5;
-
-int wholeSeconds(double seconds)
-{
-    constexpr double smallest = std::numeric_limits<int>::min();
-    constexpr double largest = std::numeric_limits<int>::max();
-    return std::isnan(seconds) ? 0 : int(std::clamp(seconds, smallest, largest));
-}
 
 int saturated(long number)
 {
@@ -38,7 +29,7 @@ QByteArray word(const QByteArray &answer, int n)
 
 int announcedPause(const QByteArray &value)
 {
-    return value.startsWith("yes") ? wholeSeconds(word(value, 1).toDouble()) : 0;
+    return value.startsWith("yes") ? saturated(word(value, 1).toDouble()) : 0;
 }
 
 std::optional<int> stepPause(const QByteArray &answer)

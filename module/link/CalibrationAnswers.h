@@ -20,6 +20,9 @@ struct StepProgress {
 namespace CalibrationAnswers
 {
 
+/// Of a step whose pause the controller does not tell.
+constexpr int defaultPauseSeconds = 5;
+
 /// The n-th word; empty when there are fewer.
 QByteArray word(const QByteArray &answer, int n);
 
@@ -28,7 +31,7 @@ QByteArray word(const QByteArray &answer, int n);
 int announcedPause(const QByteArray &value);
 
 /// The seconds of the answer "velmar2 get cal step_pause KIND sNN yes SECONDS": nothing unless word 6 is
-/// "yes", 5 when word 7 is not a whole number or is 0.
+/// "yes", the default when word 7 is not a whole number or is 0.
 std::optional<int> stepPause(const QByteArray &answer);
 
 /// "none", "err", "cal 1", "cal 2" or "pause 1", compared as a whole.

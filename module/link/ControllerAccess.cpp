@@ -16,9 +16,6 @@ constexpr int level = 1;
 
 constexpr std::array<const char *, 5> recordKinds = {"ts", "6dmt2", "6dmt", "6df2", "6df"};
 
-constexpr double defaultDurationSeconds = 1.0;
-constexpr double defaultToleranceMm = 1.5;
-
 /// Takes the first `count` numbers of a text that is split at single blanks; nothing when one does not
 /// convert.
 template <std::size_t count>
@@ -394,7 +391,7 @@ int ControllerAccess::numberOfMeasurementTools() const
         return channel.getParameterInt(value, "measurementtool number_of_tools");
     });
     reportUnless(count.has_value(), "Error : Unable to get number of measurement tools");
-    return count.value_or(0);
+    return ControllerCall::bounded(count.value_or(0));
 }
 
 bool ControllerAccess::tipIsCalibrated(int tool) const
@@ -416,7 +413,7 @@ double ControllerAccess::measurementDuration(int tool) const
                                              return channel.getParameterDouble(
                                                  value, "measurementtool measurement_duration b%02d", tool);
                                          })
-        .value_or(defaultDurationSeconds);
+        .value_or(defaultMeasurementSeconds);
 }
 
 double ControllerAccess::tipTolerance(int tool) const

@@ -2,6 +2,7 @@
 
 #include "CalibrationAnswers.h"
 #include "ControllerVersion.h"
+#include "CoordinateType.h"
 #include "RoomTrafoData.h"
 
 #include <QByteArray>
@@ -22,17 +23,6 @@ enum class Activity { Failed, None, Measuring, Calibrating, Error, Other };
 
 /// The room of a camera as the controller tells it.
 enum class CameraRoom { Failed, None, Present };
-
-/// The coordinate type of a room calibration; the numbers are the codes that the coarse adjustment works
-/// with.
-enum class CoordinateType {
-    Unknown = -1,
-    Normal = 0,
-    Powerwall = 1,
-    PowerwallStanding = 2,
-    MidCamera = 3,
-    None = 5
-};
 
 /// A coordinate type that the controller offers for the calibration with the angle tool.
 struct OfferedCoordinateType {
@@ -120,15 +110,17 @@ public:
     void checkMeasurementTool() const;
     /// Silent on failure.
     Reply measurementToolAvailable() const;
-    /// 0 on failure.
+    /// 0 on failure; at most 1000, more are not asked about.
     int numberOfMeasurementTools() const;
     /// False on failure, with a report.
     bool tipIsCalibrated(int tool) const;
     /// False on failure, without a report.
     bool tipIsCalibratedQuietly(int tool) const;
-    /// Seconds; 1.0 on failure, without a report.
+    static constexpr double defaultMeasurementSeconds = 1.0;
+    static constexpr double defaultToleranceMm = 1.5;
+    /// Seconds; the default on failure, without a report.
     double measurementDuration(int tool) const;
-    /// Millimetres; 1.5 on failure.
+    /// Millimetres; the default on failure.
     double tipTolerance(int tool) const;
     bool startTipMeasurement(int tool) const;
 

@@ -7,7 +7,6 @@
 #include <functional>
 #include <vector>
 
-class QMessageBox;
 class QWidget;
 
 /// Answers modal windows while a test sits in their event loops, so that nothing can hang a run.
