@@ -40,8 +40,17 @@ void readVersion(ScenarioObject &object, SimState &state)
     state.versionThird = static_cast<int>(version[2]);
 }
 
+void readReference(ScenarioObject &object, SimState &state)
+{
+    int body = 0;
+    object.count("reference", 0, mostBodies, &body);
+    if (body > 0)
+        state.reference = body - 1;
+}
+
 void readController(ScenarioObject &object, SimState &state)
 {
+    readReference(object, state);
     readVersion(object, state);
     bool locked = !state.changeable;
     object.truth("locked", &locked);
@@ -161,6 +170,16 @@ void readRoom(ScenarioObject &object, SimRoom &room)
     });
 }
 
+// The bodies are known only after the controller.
+void checkReference(ScenarioObject &object, SimMachine &machine)
+{
+    const auto count = static_cast<int>(machine.room.bodies.size());
+    if (machine.state.reference.value_or(-1) < count)
+        return;
+    object.fail(QStringLiteral("controller.reference"), QStringLiteral("no such body"));
+    machine.state.reference.reset();
+}
+
 // Runs the control lines of the scenario on the machine.
 void runControls(ScenarioObject &object, SimMachine &machine)
 {
@@ -199,6 +218,7 @@ Scenario readScenario(const QJsonObject &json, ScenarioError &error)
     object.object("controller",
                   [&scenario](ScenarioObject &inner) { readController(inner, scenario.machine.state); });
     readRoom(object, scenario.machine.room);
+    checkReference(object, scenario.machine);
     runControls(object, scenario.machine);
     scenario.faults = readFaults(object);
     object.refuseOtherKeys();

@@ -26,6 +26,7 @@ private slots:
     void shouldReadEveryScenarioOfTheBench();
     void shouldKeepTheDefaultSceneForWhatIsMissing();
     void shouldTakeWhatTheFileSays();
+    void shouldTakeABodyAsTheReference();
     void shouldNameFileKeyAndReason_data();
     void shouldNameFileKeyAndReason();
     void shouldNameAFileThatCannotBeOpened();
@@ -89,6 +90,19 @@ void ScenarioTest::shouldTakeWhatTheFileSays()
     QCOMPARE(scenario->faults.size(), std::size_t(1));
 }
 
+void ScenarioTest::shouldTakeABodyAsTheReference()
+{
+    const auto scenario =
+        Scenario::load(std::string(BENCH_SCENARIOS) + "/turned-room.json", nullptr); // says so of itself
+    QVERIFY(scenario.has_value());
+    SimController controller(scenario->machine);
+    QCOMPARE(controller.answer("velmar2 get tracking reference"),
+             std::string("velmar2 get tracking reference body b01"));
+    SimController without(Scenario::parse(R"({"controller": {"reference": 0}})", "room", nullptr)->machine);
+    QCOMPARE(without.answer("velmar2 get tracking reference"),
+             std::string("velmar2 get tracking reference none"));
+}
+
 void ScenarioTest::shouldNameFileKeyAndReason_data()
 {
     QTest::addColumn<QByteArray>("json");
@@ -119,6 +133,8 @@ void ScenarioTest::shouldNameFileKeyAndReason_data()
     row("two words", R"({"cameras": [{"model": "big eye"}]})", "cameras[0].model: expected one word");
     row("line break", "{\"title\": \"a\\nb\"}", "title: expected a text of at most 100 plain characters");
     row("clock", R"({"clock": "fast"})", "clock: expected real, stepped or query");
+    row("reference", R"({"controller": {"reference": 2}, "control": ["sim get tool 1"]})",
+        "controller.reference: no such body");
     row("control line", R"({"control": ["sim seed 1", "sim tool 9 measure"]})",
         "control[1]: \"no such tool\"");
     row("fault line", R"({"faults": ["sim fault"]})", "faults[0]: not a fault line");
