@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 namespace
 {
 
-constexpr std::chrono::nanoseconds immediateTime = 200ms;
+constexpr std::chrono::nanoseconds immediateTime = 100ms;
 
 /// Processor time, so that a busy machine does not change what is done at once.
 std::chrono::nanoseconds usedTime()

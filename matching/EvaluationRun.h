@@ -21,7 +21,7 @@ public:
     /// Ends a running evaluation without a result.
     ~EvaluationRun() override;
 
-    /// Returns the evaluation when it takes less than a fifth of a second of processor time. Otherwise it
+    /// Returns the evaluation when it takes less than a tenth of a second of processor time. Otherwise it
     /// goes on and finished() tells the result.
     [[nodiscard]] std::optional<MatchingEvaluation>
     start(const MatchingPoints &references, const MatchingPoints &measured, MatchingEvaluation::Order order);

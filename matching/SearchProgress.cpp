@@ -12,8 +12,8 @@ using namespace std::chrono_literals;
 namespace
 {
 
-/// Shorter searches need no display. The search is already a fifth of a second old when it is told here.
-constexpr auto delay = 100ms;
+/// Shorter searches need no display. The search is already a tenth of a second old when it is told here.
+constexpr auto delay = 200ms;
 
 } // namespace
 
