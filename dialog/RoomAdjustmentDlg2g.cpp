@@ -318,6 +318,8 @@ void RoomAdjustmentDlg2g::writeEdits()
         m_cameras.fill(m_controller);
     if (self.isNull())
         return;
+    if (m_ui->btn_apply->hasFocus())
+        m_ui->btn_ok->setFocus(); // a disabled button passes the focus on, here to "Cancel"
     m_ui->btn_apply->setEnabled(false);
     if (!m_closingByOk)
         startTracking();
