@@ -2,6 +2,7 @@
 
 #include "HouseholderSolver.h"
 
+#include <algorithm>
 #include <cmath>
 #include <type_traits>
 
@@ -137,8 +138,7 @@ bool PairRefinement::solveStep(double *step, const double *transform, int rotati
     double solution[largestColumns];
     if (!solver.solve(solution, m_residuals))
         return false;
-    for (int index = 0; index < 7; ++index)
-        step[index] = 0.0;
+    std::fill_n(step, 7, 0.0);
     for (int axis = 0; axis < rotations; ++axis)
         step[axis] = solution[axis];
     if (scale)

@@ -1,5 +1,6 @@
 #include "ReferencePointReader.h"
 
+#include "Ascii.h"
 #include "NumberReader.h"
 
 #include <cstring>
@@ -18,16 +19,6 @@ bool startsWith(const char *line, const char *prefix)
     return std::strncmp(line, prefix, std::strlen(prefix)) == 0;
 }
 
-bool isDigit(char letter)
-{
-    return letter >= '0' && letter <= '9';
-}
-
-bool isBlank(char letter)
-{
-    return letter == ' ' || (letter >= '\t' && letter <= '\r');
-}
-
 /// Moves `text` behind `expected`, or leaves it and says no.
 bool skip(const char *&text, const char *expected)
 {
@@ -41,13 +32,13 @@ bool skip(const char *&text, const char *expected)
 bool skipNumber(const char *&text)
 {
     const char *digits = text;
-    while (isBlank(*digits))
+    while (Ascii::isBlank(*digits))
         ++digits;
     if (*digits == '+' || *digits == '-')
         ++digits;
-    if (!isDigit(*digits))
+    if (!Ascii::isDigit(*digits))
         return false;
-    while (isDigit(*digits))
+    while (Ascii::isDigit(*digits))
         ++digits;
     text = digits;
     return true;

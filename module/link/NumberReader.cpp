@@ -1,5 +1,7 @@
 #include "NumberReader.h"
 
+#include "Ascii.h"
+
 #include <algorithm>
 #include <charconv>
 #include <clocale>
@@ -16,20 +18,11 @@ locale_t cLocale()
     return locale;
 }
 
-bool isDigit(char letter)
-{
-    return letter >= '0' && letter <= '9';
-}
-
-bool isBlank(char letter)
-{
-    return letter == ' ' || (letter >= '\t' && letter <= '\r');
-}
-
 /// The end of the letters that a plain decimal number can hold.
 const char *endOfDecimal(const char *text)
 {
-    while (isDigit(*text) || *text == '.' || *text == 'e' || *text == 'E' || *text == '-' || *text == '+')
+    while (Ascii::isDigit(*text) || *text == '.' || *text == 'e' || *text == 'E' || *text == '-' ||
+           *text == '+')
         ++text;
     return text;
 }
@@ -38,10 +31,10 @@ const char *endOfDecimal(const char *text)
 /// else (no digit first, a plus sign, hexadecimal, infinity, NaN, out of range): that is left to strtod.
 const char *readPlainReal(const char *text, double *value)
 {
-    while (isBlank(*text))
+    while (Ascii::isBlank(*text))
         ++text;
     const char *digits = *text == '-' ? text + 1 : text;
-    if (!isDigit(*digits) || digits[1] == 'x' || digits[1] == 'X')
+    if (!Ascii::isDigit(*digits) || digits[1] == 'x' || digits[1] == 'X')
         return nullptr;
     const std::from_chars_result result = std::from_chars(text, endOfDecimal(digits), *value);
     return result.ec == std::errc() ? result.ptr : nullptr;

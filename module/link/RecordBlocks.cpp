@@ -4,6 +4,8 @@
 #include "NumberReader.h"
 #include "RecordList.h"
 
+#include <algorithm>
+
 namespace
 {
 
@@ -29,7 +31,7 @@ bool readCount(char **cursor, int *count)
     int value = 0;
     if (!readNumber(cursor, NumberReader::integer, &value) || value > RecordList<MarkerRecord>::cap)
         return false;
-    *count = value < 0 ? 0 : value;
+    *count = std::max(value, 0);
     return true;
 }
 
@@ -44,12 +46,13 @@ bool readPlace(char **cursor, BodyRecord &record)
            moveBehind(cursor, readBlock(*cursor, "ddddddddd", nullptr, record.rotation.data()));
 }
 
-bool readHead(char **cursor, const char *format, IdRule rule, int index, MarkerRecord &record, Head &head)
+bool readHead(char **cursor, const char *format, std::optional<int> wantedId, MarkerRecord &record,
+              Head &head)
 {
     if (!moveBehind(cursor, readBlock(*cursor, format, head.ints, head.reals)))
         return false;
     const int id = head.ints[0];
-    if (!idIsValid(id) || (rule == IdRule::InOrder && id != index))
+    if (!idIsValid(id) || id != wantedId.value_or(id))
         return false;
     record.id = id;
     record.quality = head.reals[0];

@@ -2,12 +2,15 @@
 
 #include "MeasurementRecords.h"
 
+#include <optional>
+
 /// The blocks that the records of several kinds have in common. Each reader moves the cursor behind what it
 /// read; a failed block leaves it where it was.
 namespace RecordBlocks
 {
 
-enum class IdRule { InOrder, Any };
+/// The id of a record whose place in the line does not decide it.
+constexpr std::nullopt_t anyId = std::nullopt;
 
 /// The first block of a record: id and quality, with at most two further integers and one further real.
 struct Head {
@@ -22,10 +25,10 @@ struct Head {
 /// count is 0.
 [[nodiscard]] bool readCount(char **cursor, int *count);
 
-/// Reads the first block and stores id and quality. An id outside 0 to the cap of a list, or out of order
-/// where the rule wants `index`, fails and stores nothing.
-[[nodiscard]] bool readHead(char **cursor, const char *format, IdRule rule, int index, MarkerRecord &record,
-                            Head &head);
+/// Reads the first block and stores id and quality. An id outside 0 to the cap of a list, or another than the
+/// wanted one, fails and stores nothing.
+[[nodiscard]] bool readHead(char **cursor, const char *format, std::optional<int> wantedId,
+                            MarkerRecord &record, Head &head);
 
 [[nodiscard]] bool readLocation(char **cursor, MarkerRecord &record);
 

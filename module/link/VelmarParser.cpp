@@ -4,6 +4,7 @@
 #include "NumberReader.h"
 #include "RecordBlocks.h"
 
+#include <algorithm>
 #include <cstring>
 
 using namespace RecordBlocks;
@@ -38,7 +39,7 @@ void setBits(int bits, int places, RecordButtons &buttons)
 
 int heldCount(int count)
 {
-    return count < 0 ? 0 : (count > recordButtonPlaces ? recordButtonPlaces : count);
+    return std::clamp(count, 0, recordButtonPlaces);
 }
 
 } // namespace
@@ -136,7 +137,7 @@ bool VelmarParser::readBody(char **cursor)
 {
     BodyRecord found;
     Head head;
-    if (!readHead(cursor, "id", IdRule::Any, 0, found, head))
+    if (!readHead(cursor, "id", anyId, found, head))
         return false;
     if (found.id >= m_bodies.count())
         m_bodies.resize(found.id + 1LL);
@@ -150,7 +151,7 @@ bool VelmarParser::readHandhelds(char **cursor)
 {
     const auto readRecord = [cursor](int index, HandheldRecord &device) {
         Head head;
-        if (!readHead(cursor, "idi", IdRule::InOrder, index, device, head))
+        if (!readHead(cursor, "idi", index, device, head))
             return false;
         device.buttonCount = recordButtonPlaces;
         setBits(head.ints[1], recordButtonPlaces, device.buttons);
@@ -165,7 +166,7 @@ bool VelmarParser::readHandhelds2(char **cursor)
 {
     const auto readRecord = [cursor](int index, HandheldRecord &device) {
         Head head;
-        if (!readHead(cursor, "idii", IdRule::InOrder, index, device, head))
+        if (!readHead(cursor, "idii", index, device, head))
             return false;
         device.buttonCount = heldCount(head.ints[1]);
         device.joystickCount = heldCount(head.ints[2]);
@@ -182,7 +183,7 @@ bool VelmarParser::readTools(char **cursor)
     constexpr int flagsOfTheFirstFormat = 4;
     const auto readRecord = [cursor](int index, MeasurementToolRecord &tool) {
         Head head;
-        if (!readHead(cursor, "idi", IdRule::InOrder, index, tool, head))
+        if (!readHead(cursor, "idi", index, tool, head))
             return false;
         tool.flagCount = flagsOfTheFirstFormat;
         setBits(head.ints[1], flagsOfTheFirstFormat, tool.flags);
@@ -198,7 +199,7 @@ bool VelmarParser::readTools2(char **cursor)
     m_announcedTools = 0;
     const auto readRecord = [cursor](int index, MeasurementToolRecord &tool) {
         Head head;
-        if (!readHead(cursor, "idid", IdRule::InOrder, index, tool, head))
+        if (!readHead(cursor, "idid", index, tool, head))
             return false;
         tool.flagCount = heldCount(head.ints[1]);
         tool.tipRadius = head.reals[1];
@@ -213,17 +214,17 @@ bool VelmarParser::readTools2(char **cursor)
 
 bool VelmarParser::readToolReferences(char **cursor)
 {
-    return readCountedRecords(cursor, m_toolReferences, nullptr, [cursor](int index, BodyRecord &record) {
+    return readCountedRecords(cursor, m_toolReferences, nullptr, [cursor](int /*index*/, BodyRecord &record) {
         Head head;
-        return readHead(cursor, "id", IdRule::Any, index, record, head) && readPlace(cursor, record);
+        return readHead(cursor, "id", anyId, record, head) && readPlace(cursor, record);
     });
 }
 
 bool VelmarParser::readGloves(char **cursor)
 {
-    return readCountedRecords(cursor, m_gloves, nullptr, [cursor](int index, GloveRecord &glove) {
+    return readCountedRecords(cursor, m_gloves, nullptr, [cursor](int /*index*/, GloveRecord &glove) {
         Head head;
-        if (!readHead(cursor, "idii", IdRule::Any, index, glove, head))
+        if (!readHead(cursor, "idii", anyId, glove, head))
             return false;
         glove.side = head.ints[1];
         glove.fingerCount = head.ints[2];
@@ -234,25 +235,25 @@ bool VelmarParser::readGloves(char **cursor)
 
 bool VelmarParser::readJoints(char **cursor)
 {
-    return readCountedRecords(cursor, m_joints, nullptr, [cursor](int index, JointRecord &joint) {
+    return readCountedRecords(cursor, m_joints, nullptr, [cursor](int /*index*/, JointRecord &joint) {
         Head head;
-        return readHead(cursor, "id", IdRule::Any, index, joint, head) && readPlace(cursor, joint) &&
+        return readHead(cursor, "id", anyId, joint, head) && readPlace(cursor, joint) &&
                moveBehind(cursor, readBlock(*cursor, "dddddd", nullptr, joint.values.data()));
     });
 }
 
 bool VelmarParser::readInertials(char **cursor)
 {
-    return readCountedRecords(cursor, m_inertials, nullptr, [cursor](int index, BodyRecord &record) {
+    return readCountedRecords(cursor, m_inertials, nullptr, [cursor](int /*index*/, BodyRecord &record) {
         Head head;
-        return readHead(cursor, "id", IdRule::Any, index, record, head) && readPlace(cursor, record);
+        return readHead(cursor, "id", anyId, record, head) && readPlace(cursor, record);
     });
 }
 
 bool VelmarParser::readMarkers(char **cursor)
 {
-    return readCountedRecords(cursor, m_markers, nullptr, [cursor](int index, MarkerRecord &marker) {
+    return readCountedRecords(cursor, m_markers, nullptr, [cursor](int /*index*/, MarkerRecord &marker) {
         Head head;
-        return readHead(cursor, "id", IdRule::Any, index, marker, head) && readLocation(cursor, marker);
+        return readHead(cursor, "id", anyId, marker, head) && readLocation(cursor, marker);
     });
 }

@@ -66,6 +66,7 @@ void ReferencePointReaderTest::shouldReadTheNumberedFormat_data()
         << QByteArray("1 1,5 2,5 3,5\n2 4 5 6\n") << MatchingPoints{{4, 5, 6}};
     QTest::newRow("too few columns") << QByteArray("1 1.5 2.5\n2 4 5 6\n") << MatchingPoints{{4, 5, 6}};
     QTest::newRow("numbers are not looked at") << QByteArray("12 1.5 2.5 3.5\n-7 4 5 6\n") << two;
+    QTest::newRow("number missing") << QByteArray("1 1.5 2.5 3.5\n.5 7 8 9\n2 4 5 6\n") << two;
     QTest::newRow("huge number") << QByteArray("1 1.5 2.5 3.5\n99999999999999999999 4 5 6\n") << two;
     QTest::newRow("starts behind two") << QByteArray("2 4 5 6\n1 1.5 2.5 3.5\n2 4 5 6\n") << two;
     QTest::newRow("a word that starts with 1")
@@ -103,6 +104,7 @@ void ReferencePointReaderTest::shouldReadTheBracketedFormat_data()
         << QByteArray("(1)\n(1) 1.5 2.5 3.5\n2 9 9 9\nend\n(2) 4 5 6\n") << two;
     QTest::newRow("last line one byte too long, its break missing")
         << QByteArray("(1) 1.5 2.5 3.5\n") + QByteArray("(2) 4 5 6").leftJustified(1024, ' ') << one;
+    QTest::newRow("number missing") << QByteArray("(1) 1.5 2.5 3.5\n() 7 8 9\n(2) 4 5 6\n") << two;
     QTest::newRow("only the start") << QByteArray("(1)\n") << MatchingPoints{};
 }
 
