@@ -61,6 +61,7 @@ public:
 
     bool isGoingOn() const { return m_phase == Phase::Running; }
     bool canBeStopped() const;
+    /// From prepare() until end() or stop().
     bool isInUse() const { return m_phase != Phase::Idle && m_phase != Phase::Ended; }
 
     /// For what else is asked in the rhythm of the polls, the poll that saw the calibration's end included:

@@ -183,15 +183,19 @@ std::string followCalibration(const ControllerAccess &access, bool pausesBetween
         const CalibrationPoll poll = run.poll();
         const bool isRunning = poll.state == CalibrationPoll::State::Running;
         require(isRunning || (!poll.overallPercent && !poll.remainingSeconds && !poll.firstStepIsComplete));
-        require(run.isInUse() ==
-                (poll.state != CalibrationPoll::State::Done && poll.state != CalibrationPoll::State::Failed));
+        const bool isOver =
+            poll.state == CalibrationPoll::State::Done || poll.state == CalibrationPoll::State::Failed;
+        require(run.isInUse() && !(isOver && run.isGoingOn()));
         transcript.note(poll.state).note(poll.overallPercent.value_or(-1));
         transcript.note(poll.remainingSeconds.value_or(-1)).note(poll.firstStepIsComplete);
-        if (!run.isInUse())
+        if (isOver)
             break;
         run.resume();
     }
-    return transcript.note(run.fetchError()).text();
+    transcript.note(run.fetchError());
+    run.end();
+    require(!run.isInUse());
+    return transcript.text();
 }
 
 std::string followPlainCalibration(const ControllerAccess &access, AnswerHost &)

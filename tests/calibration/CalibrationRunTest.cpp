@@ -394,6 +394,33 @@ private slots:
         QTEST(m_host->count(), "calls");
     }
 
+    void shouldLeaveOthersTheirTurnWhenItsEndWasTold_data()
+    {
+        QTest::addColumn<QByteArray>("activity");
+        QTest::newRow("success") << QByteArray("none");
+        QTest::newRow("error") << QByteArray("err");
+    }
+
+    void shouldLeaveOthersTheirTurnWhenItsEndWasTold()
+    {
+        QFETCH(QByteArray, activity);
+        CalibrationRun run = startedRun("room", false);
+        set("status active", activity);
+        (void)run.poll();
+        QVERIFY(!run.isGoingOn());
+        QVERIFY(!run.canBeStopped());
+        QVERIFY(run.isInUse());
+        m_host->clear();
+        QVERIFY(run.poll().state == State::Unchanged);
+        QCOMPARE(m_host->calls(), QStringList());
+        QVERIFY(run.takeTurn());
+        QVERIFY(run.keepsTurn());
+        run.giveTurn();
+        run.end();
+        QVERIFY(!run.isInUse());
+        QVERIFY(!run.takeTurn());
+    }
+
     void shouldNotAskTwiceAtATime()
     {
         CalibrationRun run = startedRun("room", false);
