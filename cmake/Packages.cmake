@@ -85,7 +85,7 @@ A plug-in that adds the adjustment of the controller's room coordinate system
 to the desktop front-end of an optical tracking system.
 
 The room is turned, moved and scaled by numbers with a live view, by assigning
-camera axes to room directions, by matching measured points to known ones, or
+axes to the directions of the room, by matching measured points to known ones, or
 by a calibration with an angle tool.
 
 The headers of the interfaces between host and module come with it, and the

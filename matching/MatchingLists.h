@@ -25,7 +25,7 @@ public:
     /// Takes all reference points from their cells.
     void takeReferenceCells();
 
-    /// Replaces the point of an existing row, or adds one for row -1.
+    /// Replaces the point of a row, or adds one where the row has none, as row -1.
     void takeMeasured(int row, const MatchingPoint &point);
     /// A row that was put into the table from outside has no point to go with it.
     void removeMeasured(int row);

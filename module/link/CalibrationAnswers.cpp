@@ -5,19 +5,7 @@
 
 #include <QList>
 
-#include <algorithm>
 #include <cstdlib>
-#include <limits>
-
-namespace
-{
-
-int saturated(long number)
-{
-    return int(std::clamp<long>(number, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
-
-} // namespace
 
 namespace CalibrationAnswers
 {

@@ -11,3 +11,10 @@ inline int saturated(double number)
     constexpr double largest = std::numeric_limits<int>::max();
     return std::isnan(number) ? 0 : static_cast<int>(std::clamp(number, smallest, largest));
 }
+
+/// The number, kept within the int range.
+inline int saturated(long number)
+{
+    return static_cast<int>(
+        std::clamp<long>(number, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}

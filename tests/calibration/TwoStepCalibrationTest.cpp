@@ -1,6 +1,5 @@
-#include "CalibrationBench.h"
-#include "CalibrationProgressDlg.h"
 #include "ModalAnswer.h"
+#include "QuickProgress.h"
 
 #include "TestRegistry.h"
 
@@ -14,16 +13,13 @@ using namespace std::chrono_literals;
 namespace
 {
 
-const QString room = QStringLiteral("room");
-const QString progressTitle = QStringLiteral("Calibration Progress");
-
-class Progress : public CalibrationProgressDlg
+/// With pauses between the steps; a countdown does not run out.
+class Progress : public QuickProgress
 {
 public:
     explicit Progress(CalibrationBench *bench)
-        : CalibrationProgressDlg(&bench->host, nullptr, &bench->versions, true)
+        : QuickProgress(bench, true)
     {
-        setPollInterval(1ms);
         setCountdownTick(1h);
     }
 };
@@ -70,14 +66,14 @@ private slots:
 
         QVERIFY(modal.isDone());
         QCOMPARE(seconds, (QList<int>{8, 8}));
-        const QStringList poll = lines({"read status step_active", "read status progress",
-                                        "read status step_progress", "read cal step_duration room s01"});
+        const QStringList round = lines({"read status step_active", "read status progress",
+                                         "read status step_progress", "read cal step_duration room s01"});
         QCOMPARE(bench.host.calls(),
                  lines({"read cal type_desc room", "read cal number_of_steps room",
                         "read cal step_pause room s01", "command velmar2 get cal step_pause room s01",
                         "command velmar2 get cal step_pause room s02", "read status active",
                         "command velmar2 cal room start"}) +
-                     poll + lines({"read status step_active"}) + poll + lines({"read status step_active"}));
+                     round + lines({"read status step_active"}) + round + lines({"read status step_active"}));
         QCOMPARE(dialog.information(), QStringLiteral("room calibration is a 2 step calibration."));
     }
 

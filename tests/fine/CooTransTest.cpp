@@ -70,6 +70,13 @@ struct Panel {
         QTest::keyClick(box(name), Qt::Key_Return);
     }
     void click(const char *name) { QTest::mouseClick(child<QPushButton>(name), Qt::LeftButton); }
+    void loadAMovedRoomBesideABody()
+    {
+        host.setAnswer("tracking extra_translation", "10 0 0");
+        host.setAnswer("tracking reference", "body b03");
+        record.translation = {10, 0, 0};
+        widget.loadPage();
+    }
     AbcGLCanvas *view() { return widget.findChild<AbcGLCanvas *>(); }
     abcRoom *room() { return view()->room(); }
 
@@ -610,10 +617,7 @@ void CooTransTest::shouldAskBeforeMatchingWithUnsavedData()
 void CooTransTest::shouldKeepTheMeasuringFrameAroundTheMatching()
 {
     Panel p;
-    p.host.setAnswer("tracking extra_translation", "10 0 0");
-    p.host.setAnswer("tracking reference", "body b03");
-    p.record.translation = {10, 0, 0};
-    p.widget.loadPage();
+    p.loadAMovedRoomBesideABody();
     p.host.clear();
     int before = 0;
     p.answer.then([&](QWidget *matching) {
@@ -640,10 +644,7 @@ void CooTransTest::shouldKeepTheMeasuringFrameAroundTheMatching()
 void CooTransTest::shouldNotBeginASecondMeasuringFrame()
 {
     Panel p;
-    p.host.setAnswer("tracking extra_translation", "10 0 0");
-    p.host.setAnswer("tracking reference", "body b03");
-    p.record.translation = {10, 0, 0};
-    p.widget.loadPage();
+    p.loadAMovedRoomBesideABody();
     QStringList before;
     QStringList after;
     p.answer.then([&](QWidget *matching) {

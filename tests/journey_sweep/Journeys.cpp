@@ -76,8 +76,9 @@ Keepsakes::Look contentOf(const QString &file)
 
 void typeAndKeep(Traveller &traveller, const char *box, double value, Keepsakes &kept)
 {
-    if (traveller.type(box, QString::number(value)))
-        kept.keep(QString::fromLatin1(box), valueOf(traveller, box));
+    const QString text = QString::number(value);
+    if (traveller.type(box, text))
+        kept.keep(QString::fromLatin1(box), text, valueOf(traveller, box));
 }
 
 void pickAndKeep(Traveller &traveller, const char *list, int index, Keepsakes &kept)

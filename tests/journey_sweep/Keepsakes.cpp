@@ -3,7 +3,12 @@
 void Keepsakes::keep(const QString &name, const Look &look)
 {
     if (const std::optional<QString> seen = look())
-        m_keepsakes.push_back({name, *seen, look});
+        keep(name, *seen, look);
+}
+
+void Keepsakes::keep(const QString &name, const QString &entered, const Look &look)
+{
+    m_keepsakes.push_back({name, entered, look});
 }
 
 void Keepsakes::check()

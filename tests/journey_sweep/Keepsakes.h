@@ -15,6 +15,8 @@ public:
 
     /// Remembers what is seen, unless the place is not there.
     void keep(const QString &name, const Look &look);
+    /// Remembers what was entered, whatever is seen.
+    void keep(const QString &name, const QString &entered, const Look &look);
 
     /// Looks for everything again.
     void check();
