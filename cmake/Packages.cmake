@@ -85,8 +85,8 @@ A plug-in that adds the adjustment of the controller's room coordinate system
 to the desktop front-end of an optical tracking system.
 
 The room is turned, moved and scaled by numbers with a live view, by assigning
-axes to the directions of the room, by matching measured points to known ones, or
-by a calibration with an angle tool.
+axes to the directions of the room, by matching measured points to known ones,
+or by a calibration with an angle tool.
 
 The headers of the interfaces between host and module come with it, and the
 guides for users and for those who build a host.")
@@ -104,5 +104,13 @@ tracking controller in the same process or over TCP.
 
 Prepared scenarios, faults and a live list of every question and answer make
 it possible to learn, show and test the module without any hardware.")
+
+# Package managers show a description as it stands, on terminals of 80 columns and behind one blank.
+string(REPEAT "[^\n]" 80 too_long)
+foreach(component MODULE BENCH)
+  if(CPACK_COMPONENT_${component}_DESCRIPTION MATCHES "${too_long}")
+    message(FATAL_ERROR "The description of the package ${component} has a line that is too long: ${CMAKE_MATCH_0}")
+  endif()
+endforeach()
 
 include(CPack)
