@@ -1,25 +1,13 @@
-#include "CooTrans.h"
-#include "AbcGLCanvas.h"
-#include "BackendVersions.h"
-#include "ModalAnswer.h"
-#include "RecordingHost.h"
+#include "FinePanel.h"
 #include "TestRegistry.h"
-#include "TrackingControl.h"
 #include "abcRoom.h"
-#include "bsMatrix.h"
 #include "xyzWidget.h"
 
 #include <Eigen/Geometry>
 
-#include <QCheckBox>
-#include <QDoubleSpinBox>
 #include <QGroupBox>
-#include <QLabel>
 #include <QMenu>
-#include <QMessageBox>
 #include <QMetaMethod>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QtTest>
 
 #include <cmath>
@@ -28,87 +16,6 @@ namespace
 {
 
 constexpr double pi = 3.14159265358979323846;
-
-class NotedTracking final : public TrackingControl
-{
-public:
-    explicit NotedTracking(RecordingHost &host)
-        : m_host(host)
-    {
-    }
-    void stopTracking() override { m_host.reserved1(); }
-    void startTracking() override { m_host.reserved2(); }
-
-private:
-    RecordingHost &m_host;
-};
-
-struct Panel {
-    Panel()
-        : versions{0, 0, 0, 1, 24, -1, QString()}
-        , tracking(host)
-        , widget(&host, &versions, &tracking, &record, nullptr)
-        , enable(&widget, &CooTrans::do_btn_apply_enable)
-    {
-        widget.resize(1000, 640);
-        widget.show();
-    }
-
-    template <typename Widget>
-    Widget *child(const char *name)
-    {
-        Widget *found = widget.findChild<Widget *>(QString::fromLatin1(name));
-        Q_ASSERT(found != nullptr);
-        return found;
-    }
-    QDoubleSpinBox *box(const char *name) { return child<QDoubleSpinBox>(name); }
-    void type(const char *name, const QString &text)
-    {
-        box(name)->setFocus();
-        box(name)->selectAll();
-        QTest::keyClicks(box(name), text);
-        QTest::keyClick(box(name), Qt::Key_Return);
-    }
-    void click(const char *name) { QTest::mouseClick(child<QPushButton>(name), Qt::LeftButton); }
-    void loadAMovedRoomBesideABody()
-    {
-        host.setAnswer("tracking extra_translation", "10 0 0");
-        host.setAnswer("tracking reference", "body b03");
-        record.translation = {10, 0, 0};
-        widget.loadPage();
-    }
-    AbcGLCanvas *view() { return widget.findChild<AbcGLCanvas *>(); }
-    abcRoom *room() { return view()->room(); }
-
-    RecordingHost host;
-    BackendVersions versions;
-    NotedTracking tracking;
-    RoomTrafoData record;
-    ModalAnswer answer;
-    CooTrans widget;
-    QSignalSpy enable;
-};
-
-Eigen::Matrix4d eigen(const bsMatrix &matrix)
-{
-    return Eigen::Map<const Eigen::Matrix4d>(matrix.data());
-}
-
-double difference(const bsMatrix &a, const bsMatrix &b)
-{
-    return (eigen(a) - eigen(b)).cwiseAbs().maxCoeff();
-}
-
-bsMatrix rigid(const Eigen::Matrix3d &rotation, const Eigen::Vector3d &translation)
-{
-    bsMatrix matrix;
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
-            matrix.at(row, column) = rotation(row, column);
-        matrix.at(row, 3) = translation(row);
-    }
-    return matrix;
-}
 
 } // namespace
 
@@ -125,14 +32,6 @@ private slots:
     void shouldHideWhatTheMenuOffersInstead();
     void shouldOfferThePlanesInTheMenuOfTheView();
     void shouldMakeNoCallWhenItIsBuilt();
-    void shouldShowTheRecordWhenItLoads();
-    void shouldAskForToolAndScalingWhenItLoads();
-    void shouldBeSilentWhenItLoads();
-    void shouldWidenTheScalingOutsideFivePercent_data();
-    void shouldWidenTheScalingOutsideFivePercent();
-    void shouldDecideTheScalingByTheRecordWhenItCannotBeRead();
-    void shouldNeitherShowNorKeepAScalingThatIsNoNumber_data();
-    void shouldNeitherShowNorKeepAScalingThatIsNoNumber();
     void shouldMoveThePendingRoomByTheTypedOffset();
     void shouldPreviewWhatStoringAndLoadingWouldShow();
     void shouldTakeThePreviewBackWithTheEdit();
@@ -141,15 +40,6 @@ private slots:
     void shouldSetAnglesLikeAUser();
     void shouldSetStepsAndDistanceByTheViewDistance();
     void shouldConnectTheViewEditors();
-    void shouldTakeAFittedTransformationUnrounded();
-    void shouldTakeAFittedHalfTurnAboutAnyAxis();
-    void shouldAskBeforeMatchingWithUnsavedData();
-    void shouldKeepTheMeasuringFrameAroundTheMatching();
-    void shouldNotBeginASecondMeasuringFrame();
-    void shouldPreviewFromAppliedEditsAfterTheMatching();
-    void shouldReadEverythingAnewAfterTheAngleTool();
-    void shouldShowARecordThatIsNoRotation();
-    void shouldSayWhenTrackingIsNotAvailable();
 };
 
 void CooTransTest::shouldOfferItsSignalsAndSlotsByName()
@@ -199,13 +89,13 @@ void CooTransTest::shouldCarryTheRequiredTexts()
 {
     QFETCH(QString, name);
     QFETCH(QString, text);
-    Panel p;
+    FinePanel p;
     QCOMPARE(p.widget.findChild<QWidget *>(name)->property("text").toString(), text);
 }
 
 void CooTransTest::shouldCarryTheRequiredToolTips()
 {
-    Panel p;
+    FinePanel p;
     for (const char *name : {"doubleSpinBox_x", "doubleSpinBox_y", "doubleSpinBox_z"})
         QCOMPARE(p.box(name)->toolTip(), QString("Vector for zero point offset"));
     for (const char *name : {"doubleSpinBox_rx", "doubleSpinBox_ry", "doubleSpinBox_rz"})
@@ -233,7 +123,7 @@ void CooTransTest::shouldCarryTheRequiredToolTips()
 
 void CooTransTest::shouldLimitItsBoxesAsRequired()
 {
-    Panel p;
+    FinePanel p;
     for (const char *name : {"doubleSpinBox_x", "doubleSpinBox_y", "doubleSpinBox_z"}) {
         QCOMPARE(p.box(name)->minimum(), -999999.99);
         QCOMPARE(p.box(name)->maximum(), 999999.99);
@@ -255,7 +145,7 @@ void CooTransTest::shouldLimitItsBoxesAsRequired()
 
 void CooTransTest::shouldHideWhatTheMenuOffersInstead()
 {
-    Panel p;
+    FinePanel p;
     for (const char *name : {"w_bodyUndoButton", "w_bodyRedoButton", "w_showXYGridCheckBox",
                              "w_showYZGridCheckBox", "w_showXZGridCheckBox", "w_longAxesCheckBox"})
         QVERIFY2(p.child<QWidget>(name)->isHidden(), name);
@@ -272,7 +162,7 @@ void CooTransTest::shouldHideWhatTheMenuOffersInstead()
 
 void CooTransTest::shouldOfferThePlanesInTheMenuOfTheView()
 {
-    Panel p;
+    FinePanel p;
     const QMenu *menu = p.widget.findChild<QMenu *>();
     QStringList texts;
     for (const QAction *action : menu->actions())
@@ -293,121 +183,13 @@ void CooTransTest::shouldOfferThePlanesInTheMenuOfTheView()
 
 void CooTransTest::shouldMakeNoCallWhenItIsBuilt()
 {
-    Panel p;
+    FinePanel p;
     QCOMPARE(p.host.calls(), QStringList());
-}
-
-void CooTransTest::shouldShowTheRecordWhenItLoads()
-{
-    Panel p;
-    p.record.rotation = {0, -1, 0, 1, 0, 0, 0, 0, 1};
-    p.record.translation = {-1.5, 2.25, 0.0};
-    p.host.setAnswer("tracking extra_scaling", "1.0123");
-
-    p.widget.loadPage();
-
-    QCOMPARE(p.box("doubleSpinBox_x")->value(), 1.5);
-    QCOMPARE(p.box("doubleSpinBox_y")->value(), -2.25);
-    QCOMPARE(p.box("doubleSpinBox_z")->text(), QString("0.00"));
-    QCOMPARE(p.box("doubleSpinBox_rz")->value(), 90.0);
-    QCOMPARE(p.box("doubleSpinBox_scalingFactor")->value(), 1.0123);
-    QVERIFY(p.room()->isLoaded());
-    // base = [R, -R t]: -R * (-1.5, 2.25, 0) = (2.25, 1.5, 0)
-    QCOMPARE(p.room()->base().column(3).x, 2.25);
-    QCOMPARE(p.room()->base().column(3).y, 1.5);
-}
-
-void CooTransTest::shouldAskForToolAndScalingWhenItLoads()
-{
-    Panel p;
-    p.host.failText("measurementtool");
-    p.widget.loadPage();
-    QCOMPARE(p.host.calls(), QStringList({"read measurementtool available",
-                                          "report Error: Unable to get info measurement tool available",
-                                          "read tracking extra_scaling"}));
-}
-
-void CooTransTest::shouldBeSilentWhenItLoads()
-{
-    Panel p;
-    p.record.translation = {5, 6, 7};
-    p.host.setAnswer("tracking extra_scaling", "1.2");
-    p.widget.loadPage();
-    p.widget.resetAll();
-    QCOMPARE(p.enable.count(), 0);
-}
-
-void CooTransTest::shouldWidenTheScalingOutsideFivePercent_data()
-{
-    QTest::addColumn<QByteArray>("controller");
-    QTest::addColumn<double>("minimum");
-    QTest::addColumn<double>("maximum");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<QString>("caption");
-    const QString narrow = "Scaling (+/- 5%)";
-    const QString wide = "Scaling";
-    QTest::newRow("1.03") << QByteArray("1.03") << 0.95 << 1.05 << 1.03 << narrow;
-    QTest::newRow("1.05") << QByteArray("1.05") << 0.95 << 1.05 << 1.05 << narrow;
-    QTest::newRow("0.95") << QByteArray("0.95") << 0.95 << 1.05 << 0.95 << narrow;
-    QTest::newRow("1.2") << QByteArray("1.2") << 0.1 << 2.0 << 1.2 << wide;
-    QTest::newRow("0.949") << QByteArray("0.949") << 0.1 << 2.0 << 0.949 << wide;
-}
-
-void CooTransTest::shouldWidenTheScalingOutsideFivePercent()
-{
-    QFETCH(QByteArray, controller);
-    QFETCH(double, minimum);
-    QFETCH(double, maximum);
-    QFETCH(double, value);
-    QFETCH(QString, caption);
-    Panel p;
-    p.host.setAnswer("tracking extra_scaling", controller);
-    p.record.scaling = controller.toDouble();
-
-    for (int opening = 0; opening < 2; ++opening) {
-        p.widget.loadPage();
-        const QDoubleSpinBox *box = p.box("doubleSpinBox_scalingFactor");
-        QCOMPARE(box->minimum(), minimum);
-        QCOMPARE(box->maximum(), maximum);
-        QCOMPARE(box->value(), value);
-        QCOMPARE(box->toolTip(), caption);
-        QCOMPARE(p.child<QGroupBox>("groupBox_scaling")->title(), caption);
-    }
-}
-
-void CooTransTest::shouldDecideTheScalingByTheRecordWhenItCannotBeRead()
-{
-    Panel p;
-    p.host.failText("tracking extra_scaling");
-    p.record.scaling = 1.2;
-    p.widget.loadPage();
-    QCOMPARE(p.box("doubleSpinBox_scalingFactor")->value(), 1.2);
-    QCOMPARE(p.child<QGroupBox>("groupBox_scaling")->title(), QString("Scaling"));
-}
-
-void CooTransTest::shouldNeitherShowNorKeepAScalingThatIsNoNumber_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::newRow("not a number") << QByteArray("nan");
-    QTest::newRow("infinite") << QByteArray("inf");
-}
-
-void CooTransTest::shouldNeitherShowNorKeepAScalingThatIsNoNumber()
-{
-    QFETCH(QByteArray, answer);
-    Panel p;
-    p.record.scaling = 1.02;
-    p.host.setAnswer("tracking extra_scaling", answer);
-    p.widget.loadPage();
-    QCOMPARE(p.box("doubleSpinBox_scalingFactor")->value(), 1.0);
-    QCOMPARE(p.child<QGroupBox>("groupBox_scaling")->title(), QString("Scaling (+/- 5%)"));
-    p.widget.storeToRaData();
-    QCOMPARE(p.record.scaling, 1.02);
 }
 
 void CooTransTest::shouldMoveThePendingRoomByTheTypedOffset()
 {
-    Panel p;
+    FinePanel p;
     p.record.translation = {-3.0, 0.0, 0.0};
     p.widget.loadPage();
 
@@ -420,7 +202,7 @@ void CooTransTest::shouldMoveThePendingRoomByTheTypedOffset()
 
 void CooTransTest::shouldPreviewWhatStoringAndLoadingWouldShow()
 {
-    Panel p;
+    FinePanel p;
     p.record.rotation = {0.98480775, -0.17364818, 0, 0.17364818, 0.98480775, 0, 0, 0, 1};
     p.record.translation = {100.123, -20.5, 33.0};
     p.widget.loadPage();
@@ -438,7 +220,7 @@ void CooTransTest::shouldPreviewWhatStoringAndLoadingWouldShow()
 
 void CooTransTest::shouldTakeThePreviewBackWithTheEdit()
 {
-    Panel p;
+    FinePanel p;
     p.record.translation = {-1.234, 0.0, 0.0};
     p.widget.loadPage();
     p.type("doubleSpinBox_rz", "30");
@@ -454,7 +236,7 @@ void CooTransTest::shouldTakeThePreviewBackWithTheEdit()
 
 void CooTransTest::shouldResetAndEnableApply()
 {
-    Panel p;
+    FinePanel p;
     p.record.rotation = {0, -1, 0, 1, 0, 0, 0, 0, 1};
     p.record.translation = {-1, -2, -3};
     p.record.scaling = 1.03;
@@ -479,7 +261,7 @@ void CooTransTest::shouldResetAndEnableApply()
 
 void CooTransTest::shouldDoNothingInTheViewForTheScaling()
 {
-    Panel p;
+    FinePanel p;
     p.widget.loadPage();
     p.type("doubleSpinBox_scalingFactor", "1.02");
     QVERIFY(difference(p.room()->transformation(), bsMatrix()) == 0.0);
@@ -490,7 +272,7 @@ void CooTransTest::shouldDoNothingInTheViewForTheScaling()
 
 void CooTransTest::shouldSetAnglesLikeAUser()
 {
-    Panel p;
+    FinePanel p;
     p.widget.loadPage();
     p.widget.setAngles(90.0, 0.0, -90.0);
     double rx = 0;
@@ -510,7 +292,7 @@ void CooTransTest::shouldSetAnglesLikeAUser()
 
 void CooTransTest::shouldSetStepsAndDistanceByTheViewDistance()
 {
-    Panel p;
+    FinePanel p;
     p.record.translation = {-100000.0, 0.0, 0.0};
     p.widget.loadPage();
     const double distance = p.view()->getBestZValue();
@@ -524,7 +306,7 @@ void CooTransTest::shouldSetStepsAndDistanceByTheViewDistance()
 
 void CooTransTest::shouldConnectTheViewEditors()
 {
-    Panel p;
+    FinePanel p;
     p.widget.loadPage();
     auto *position = p.child<xyzWidget>("w_viewPositionXYZ");
     auto *orientation = p.child<xyzWidget>("w_viewOrientationXYZ");
@@ -543,192 +325,6 @@ void CooTransTest::shouldConnectTheViewEditors()
     p.click("w_resetViewButton");
     QCOMPARE(p.view()->viewPose().orientation().y, 0.0);
     QCOMPARE(p.view()->viewPose().position().x, 0.0);
-}
-
-void CooTransTest::shouldTakeAFittedTransformationUnrounded()
-{
-    Panel p;
-    p.record.scaling = 1.02;
-    p.widget.loadPage();
-    const Eigen::Matrix3d rotation =
-        Eigen::AngleAxisd(0.7654321, Eigen::Vector3d(0.1, -0.7, 0.4).normalized()).toRotationMatrix();
-    const Eigen::Vector3d translation(12.3456789, -987.654321, 0.001234);
-
-    p.widget.applyTrafo(rigid(rotation, translation));
-
-    // The record holds the inverse of the matrix, its rotation read column by column.
-    const Eigen::Vector3d inverse = -rotation.transpose() * translation;
-    for (int i = 0; i < 3; ++i)
-        QVERIFY(std::abs(p.record.translation[std::size_t(i)] - inverse(i)) < 1e-9);
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
-            QVERIFY(std::abs(p.record.rotation[std::size_t(3 * row + column)] - rotation(row, column)) <
-                    1e-12);
-    }
-    QCOMPARE(p.record.scaling, 1.02);
-    QVERIFY(p.enable.count() > 0);
-}
-
-void CooTransTest::shouldTakeAFittedHalfTurnAboutAnyAxis()
-{
-    Panel p;
-    std::srand(4711);
-    for (int i = 0; i < 500; ++i) {
-        const Eigen::Vector3d axis = Eigen::Vector3d::Random().normalized();
-        const Eigen::Matrix3d rotation = Eigen::AngleAxisd(pi, axis).toRotationMatrix();
-        p.widget.applyTrafo(rigid(rotation, Eigen::Vector3d::Zero()));
-        for (int row = 0; row < 3; ++row) {
-            for (int column = 0; column < 3; ++column)
-                QVERIFY(std::abs(p.record.rotation[std::size_t(3 * row + column)] - rotation(row, column)) <
-                        1e-6);
-        }
-    }
-}
-
-void CooTransTest::shouldAskBeforeMatchingWithUnsavedData()
-{
-    Panel p;
-    p.widget.loadPage();
-    p.type("doubleSpinBox_x", "5");
-    p.host.clear();
-    p.answer.then([&](QWidget *window) {
-        auto *box = qobject_cast<QMessageBox *>(window);
-        QVERIFY(box != nullptr);
-        QCOMPARE(box->windowTitle(), QString("Room Adjustment"));
-        QCOMPARE(
-            box->text(),
-            QString("You have unsaved data. Save changes?\n\n(If yes press 'Apply' and re-open matching)"));
-        QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
-        QCOMPARE(box->defaultButton(), box->button(QMessageBox::No));
-        QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
-    });
-    p.click("w_bodyMatchingButton");
-    QCOMPARE(p.host.calls(), QStringList());
-    QCOMPARE(p.box("doubleSpinBox_x")->value(), 5.0);
-
-    p.answer.thenPress(QMessageBox::No).then([](QWidget *matching) { matching->close(); });
-    p.click("w_bodyMatchingButton");
-    QVERIFY(p.answer.isDone());
-    QCOMPARE(p.box("doubleSpinBox_x")->value(), 0.0);
-    QVERIFY(difference(p.room()->transformation(), bsMatrix()) == 0.0);
-    QCOMPARE(p.answer.unexpected(), QStringList());
-}
-
-void CooTransTest::shouldKeepTheMeasuringFrameAroundTheMatching()
-{
-    Panel p;
-    p.loadAMovedRoomBesideABody();
-    p.host.clear();
-    int before = 0;
-    p.answer.then([&](QWidget *matching) {
-        before = p.host.callsOf({"write"}).size();
-        QCOMPARE(p.host.callsOf({"write"}).last(), QString("write tracking reference none"));
-        matching->close();
-    });
-
-    p.click("w_bodyMatchingButton");
-
-    QCOMPARE(before, 4);
-    QCOMPARE(
-        p.host.callsOf({"write"}).mid(before),
-        QStringList({"write tracking reference body b03",
-                     "write tracking extra_rotation 1.00000000 0.00000000 0.00000000 0.00000000 1.00000000 "
-                     "0.00000000 0.00000000 0.00000000 1.00000000",
-                     "write tracking extra_translation 10.000 0.000 0.000",
-                     "write tracking extra_scaling 1.00000"}));
-    QCOMPARE(p.host.callsOf({"reserved"}),
-             QStringList({"reserved 1", "reserved 2", "reserved 1", "reserved 2", "reserved 1", "reserved 2",
-                          "reserved 1", "reserved 2"}));
-}
-
-void CooTransTest::shouldNotBeginASecondMeasuringFrame()
-{
-    Panel p;
-    p.loadAMovedRoomBesideABody();
-    QStringList before;
-    QStringList after;
-    p.answer.then([&](QWidget *matching) {
-        before = p.host.calls();
-        QVERIFY(QMetaObject::invokeMethod(&p.widget, "on_w_bodyMatchingButton_clicked"));
-        after = p.host.calls();
-        matching->close();
-    });
-
-    p.click("w_bodyMatchingButton");
-
-    QVERIFY(!before.isEmpty());
-    QCOMPARE(after, before);
-    QVERIFY(p.host.calls().contains("write tracking reference body b03"));
-    QVERIFY(p.host.calls().contains("write tracking extra_translation 10.000 0.000 0.000"));
-    p.answer.then([](QWidget *matching) { matching->close(); });
-    p.click("w_bodyMatchingButton");
-    QVERIFY(p.answer.isDone());
-}
-
-void CooTransTest::shouldPreviewFromAppliedEditsAfterTheMatching()
-{
-    Panel p;
-    p.record.rotation = {0.98480775, -0.17364818, 0, 0.17364818, 0.98480775, 0, 0, 0, 1};
-    p.widget.loadPage();
-    p.type("doubleSpinBox_x", "1000");
-    p.type("doubleSpinBox_rz", "35");
-    p.widget.storeToRaData();
-    p.answer.then([](QWidget *matching) { matching->close(); });
-    p.click("w_bodyMatchingButton");
-    QVERIFY(p.answer.isDone());
-
-    p.type("doubleSpinBox_x", "2000");
-
-    QCOMPARE(p.room()->pendingMatrix().column(3).x, 1000.0);
-    const bsMatrix previewed = p.room()->transformation();
-    p.widget.storeToRaData();
-    p.widget.loadPage();
-    QVERIFY(difference(p.room()->transformation(), previewed) < 1e-6);
-}
-
-void CooTransTest::shouldReadEverythingAnewAfterTheAngleTool()
-{
-    Panel p;
-    p.widget.loadPage();
-    const QSignalSpy readAnew(&p.widget, &CooTrans::do_update_raDataAndControls);
-    bool wasOpen = false;
-    p.answer.then([&](QWidget *angleTool) {
-        wasOpen = angleTool->inherits("AdjustToToolDlg") && readAnew.isEmpty();
-        angleTool->close();
-    });
-    p.widget.openAngleTool();
-    QVERIFY(wasOpen);
-    QCOMPARE(readAnew.count(), 1);
-}
-
-void CooTransTest::shouldShowARecordThatIsNoRotation()
-{
-    Panel p;
-    for (const double value : {std::nan(""), HUGE_VAL, -HUGE_VAL, 1e300, 7.0, 0.0}) {
-        p.record.rotation.fill(value);
-        p.record.translation.fill(value);
-        p.record.scaling = value;
-        p.widget.loadPage();
-        p.type("doubleSpinBox_rx", "5");
-        p.type("doubleSpinBox_x", "5");
-        QTest::qWait(1);
-        for (int i = 0; i < 16; ++i)
-            QVERIFY(std::isfinite(p.room()->pendingMatrix().data()[i]));
-    }
-    p.record = RoomTrafoData();
-    p.widget.loadPage();
-    QVERIFY(difference(p.room()->transformation(), bsMatrix()) == 0.0);
-}
-
-void CooTransTest::shouldSayWhenTrackingIsNotAvailable()
-{
-    Panel p;
-    auto *label = p.child<QLabel>("label_notAvailable");
-    QVERIFY(label->isHidden());
-    p.widget.showTrackingAvailable(false);
-    QVERIFY(label->isVisible());
-    p.widget.showTrackingAvailable(true);
-    QVERIFY(label->isHidden());
 }
 
 ROOM_TEST_CLASS(CooTransTest)
