@@ -1,64 +1,16 @@
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
 
-#include <QCheckBox>
 #include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QMetaMethod>
 #include <QProgressBar>
-#include <QPushButton>
-#include <QTableWidget>
-#include <QTextEdit>
-#include <QTranslator>
 #include <QtTest>
-
-namespace
-{
-
-QStringList ownMethods(QMetaMethod::MethodType type)
-{
-    const QMetaObject &meta = AbcMatchingDialog::staticMetaObject;
-    QStringList names;
-    for (int index = meta.methodOffset(); index < meta.methodCount(); ++index) {
-        if (meta.method(index).methodType() == type)
-            names << QString::fromLatin1(meta.method(index).methodSignature());
-    }
-    return names;
-}
-
-const char *const controls[] = {
-    "tableWidget_referencePoints", "w_orderCheckBox", "w_loadButton",     "pushButton_save",
-    "pushButton_addRefPoint",      "w_measureButton", "comboBox_meatool", "pushButton_removeRefPoint",
-    "tableWidget_measuredPoints",  "w_removeButton",  "pushButton_help",  "pushButton_clearMeaPoints",
-    "w_replaceCheckBox",           "w_applyButton",   "progressBar",      "w_trafoText",
-};
-
-/// Translates every text into itself with a star in front.
-class StarTranslator : public QTranslator
-{
-public:
-    [[nodiscard]] bool isEmpty() const override { return false; }
-    [[nodiscard]] QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return QLatin1Char('*') + QString::fromUtf8(text);
-    }
-};
-
-} // namespace
 
 class MatchingOpeningTest : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void shouldDeclareItsSignalsInOrder();
-    void shouldDeclareItsSlotsInOrder();
-    void shouldBuildTheForm();
-    void shouldNotCallTheControllerWhenBuilt();
-    void shouldNotLetEnterPressAButton();
-    void shouldGiveEveryControlATip();
-    void shouldLetTabLeaveTheTables();
     void shouldPassTheVersionGate_data();
     void shouldPassTheVersionGate();
     void shouldDisableEverythingWithoutATool_data();
@@ -83,120 +35,7 @@ private slots:
     void shouldStopTheTimerHoweverItEnds_data();
     void shouldStopTheTimerHoweverItEnds();
     void shouldShowTheHelp();
-    void shouldFollowTheLanguage();
 };
-
-void MatchingOpeningTest::shouldDeclareItsSignalsInOrder()
-{
-    const QStringList expected{
-        QStringLiteral("startTipMea()"),
-        QStringLiteral("updateRequest()"),
-        QStringLiteral("applyTrafoRequest(bsMatrix)"),
-        QStringLiteral("do_updateProgressbar(double)"),
-        QStringLiteral("do_addMeasuredPoint()"),
-        QStringLiteral("do_setTrafoText(QString)"),
-    };
-    QCOMPARE(ownMethods(QMetaMethod::Signal), expected);
-}
-
-void MatchingOpeningTest::shouldDeclareItsSlotsInOrder()
-{
-    const QStringList expected{
-        QStringLiteral("update_and_exec()"),
-        QStringLiteral("on_pushButton_clearMeaPoints_clicked()"),
-        QStringLiteral("on_pushButton_help_clicked()"),
-        QStringLiteral("on_tableWidget_referencePoints_clicked(QModelIndex)"),
-        QStringLiteral("on_tableWidget_referencePoints_itemChanged(QTableWidgetItem*)"),
-        QStringLiteral("on_tableWidget_measuredPoints_itemSelectionChanged()"),
-        QStringLiteral("on_comboBox_meatool_currentIndexChanged(int)"),
-        QStringLiteral("on_pushButton_removeRefPoint_clicked()"),
-        QStringLiteral("on_pushButton_addRefPoint_clicked()"),
-        QStringLiteral("on_pushButton_save_clicked()"),
-        QStringLiteral("on_w_orderCheckBox_toggled(bool)"),
-        QStringLiteral("on_w_applyButton_clicked()"),
-        QStringLiteral("on_w_removeButton_clicked()"),
-        QStringLiteral("on_w_measureButton_clicked()"),
-        QStringLiteral("on_w_loadButton_clicked()"),
-        QStringLiteral("on_w_closeButton_clicked()"),
-        QStringLiteral("load()"),
-        QStringLiteral("remove()"),
-        QStringLiteral("apply()"),
-        QStringLiteral("onRPSelected(QModelIndex)"),
-        QStringLiteral("onOrderToggled(bool)"),
-        QStringLiteral("updateProgressbar(double)"),
-        QStringLiteral("showTrackingStatus()"),
-        QStringLiteral("addMeasuredPoint()"),
-        QStringLiteral("setTrafoText(QString)"),
-    };
-    QCOMPARE(ownMethods(QMetaMethod::Slot), expected);
-}
-
-void MatchingOpeningTest::shouldBuildTheForm()
-{
-    OpenedDialog opened;
-    QCOMPARE(opened.dialog().objectName(), QStringLiteral("AbcMatchingDialogClass"));
-    QCOMPARE(opened.dialog().windowTitle(), QStringLiteral("Room Adjustment Based On Reference Points"));
-    const std::pair<const char *, const char *> texts[] = {
-        {"w_orderCheckBox", "&preserve order of points"},
-        {"w_loadButton", "&Load"},
-        {"pushButton_save", "&Save"},
-        {"pushButton_addRefPoint", "&Add"},
-        {"pushButton_removeRefPoint", "Remove"},
-        {"w_measureButton", "&Measure"},
-        {"w_replaceCheckBox", "&replace selected"},
-        {"w_removeButton", "Remove"},
-        {"pushButton_clearMeaPoints", "&Clear"},
-        {"pushButton_help", "&Help"},
-        {"w_applyButton", "Apply"},
-        {"w_closeButton", "Cancel"},
-    };
-    for (const auto &[name, text] : texts)
-        QCOMPARE(opened.find<QAbstractButton>(name)->text(), QLatin1String(text));
-    QCOMPARE(opened.find<QLabel>("label_meatool")->text(), QStringLiteral("Measurement &Tool:"));
-    QCOMPARE(opened.find<QLabel>("label_meatool")->buddy(), opened.find<QWidget>("comboBox_meatool"));
-    QVERIFY(opened.find<QTextEdit>("w_trafoText")->isReadOnly());
-    for (const char *name : {"tableWidget_referencePoints", "tableWidget_measuredPoints"}) {
-        const auto *table = opened.find<QTableWidget>(name);
-        QCOMPARE(table->columnCount(), 3);
-        QCOMPARE(table->horizontalHeaderItem(0)->text(), QStringLiteral("x[mm]"));
-        QCOMPARE(table->horizontalHeaderItem(1)->text(), QStringLiteral("y[mm]"));
-        QCOMPARE(table->horizontalHeaderItem(2)->text(), QStringLiteral("z[mm]"));
-    }
-    QVERIFY(!opened.isEnabled("w_applyButton"));
-}
-
-void MatchingOpeningTest::shouldNotCallTheControllerWhenBuilt()
-{
-    OpenedDialog opened;
-    opened.destroy();
-    QVERIFY(opened.host().calls().isEmpty());
-}
-
-void MatchingOpeningTest::shouldNotLetEnterPressAButton()
-{
-    OpenedDialog opened;
-    for (const QPushButton *button : opened.dialog().findChildren<QPushButton *>())
-        QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
-}
-
-void MatchingOpeningTest::shouldGiveEveryControlATip()
-{
-    OpenedDialog opened;
-    for (const char *name : controls) {
-        const auto *control = opened.find<QWidget>(name);
-        QVERIFY2(!control->toolTip().isEmpty(), name);
-        const auto *button = qobject_cast<const QAbstractButton *>(control);
-        QVERIFY2(button || !control->accessibleName().isEmpty(), name);
-    }
-}
-
-void MatchingOpeningTest::shouldLetTabLeaveTheTables()
-{
-    OpenedDialog opened;
-    QVERIFY(!opened.find<QTableWidget>("tableWidget_referencePoints")->tabKeyNavigation());
-    QVERIFY(!opened.find<QTableWidget>("tableWidget_measuredPoints")->tabKeyNavigation());
-    QVERIFY(opened.find<QTextEdit>("w_trafoText")->tabChangesFocus());
-}
 
 void MatchingOpeningTest::shouldPassTheVersionGate_data()
 {
@@ -248,7 +87,7 @@ void MatchingOpeningTest::shouldDisableEverythingWithoutATool()
         opened.host().setAnswer(QStringLiteral("measurementtool available"), answer);
     opened.run([&] {
         QVERIFY(opened.dialog().isEnabled());
-        for (const char *name : controls)
+        for (const char *name : matchingControls)
             QVERIFY2(!opened.isEnabled(name), name);
         opened.click("w_closeButton");
         QVERIFY(!opened.dialog().isVisible());
@@ -525,25 +364,6 @@ void MatchingOpeningTest::shouldShowTheHelp()
         opened.click("pushButton_help");
     });
     QCOMPARE(title, QStringLiteral("Room Adjustment Based On Reference Points Help"));
-}
-
-void MatchingOpeningTest::shouldFollowTheLanguage()
-{
-    OpenedDialog opened;
-    opened.host().setAnswer(QStringLiteral("measurementtool tip_calibrated b01"), "no");
-    opened.run([&] {
-        const QString notice = opened.find<QLabel>("label_error")->text();
-        StarTranslator stars;
-        QVERIFY(QCoreApplication::installTranslator(&stars));
-        QTRY_COMPARE(opened.find<QPushButton>("w_loadButton")->text(), QStringLiteral("*&Load"));
-        QCOMPARE(opened.find<QTableWidget>("tableWidget_measuredPoints")->horizontalHeaderItem(2)->text(),
-                 QStringLiteral("*z[mm]"));
-        QCOMPARE(opened.find<QLabel>("label_error")->text(), QStringLiteral("*") + notice);
-        opened.click("pushButton_addRefPoint");
-        QVERIFY(opened.report().startsWith(QStringLiteral("*Cannot evaluate")));
-        QCoreApplication::removeTranslator(&stars);
-        QTRY_VERIFY(opened.report().startsWith(QStringLiteral("Cannot evaluate")));
-    });
 }
 
 ROOM_TEST_CLASS(MatchingOpeningTest)

@@ -11,6 +11,14 @@
 #include <functional>
 #include <memory>
 
+/// What a user can press, choose, type into or read in the matching dialog.
+inline constexpr const char *matchingControls[] = {
+    "tableWidget_referencePoints", "w_orderCheckBox", "w_loadButton",     "pushButton_save",
+    "pushButton_addRefPoint",      "w_measureButton", "comboBox_meatool", "pushButton_removeRefPoint",
+    "tableWidget_measuredPoints",  "w_removeButton",  "pushButton_help",  "pushButton_clearMeaPoints",
+    "w_replaceCheckBox",           "w_applyButton",   "progressBar",      "w_trafoText",
+};
+
 /// A matching dialog on a scripted host, and what a user and a controller do to it while it is open.
 class OpenedDialog
 {
