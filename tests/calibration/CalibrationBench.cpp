@@ -1,10 +1,10 @@
 #include "CalibrationBench.h"
 
+#include "InterfaceVersion.h"
+
 CalibrationBench::CalibrationBench(int major, int minor, int patch)
+    : versions(interfaceVersion(major, minor, patch))
 {
-    versions.interfaceMajor = major;
-    versions.interfaceMinor = minor;
-    versions.interfacePatch = patch;
     set("camera number_of_cameras", "2");
     set("velmar2 get camera camera c01", "velmar2 get camera camera c01 bench_cam 00028");
     set("velmar2 get camera camera c02", "velmar2 get camera camera c02 bench_cam 00029");

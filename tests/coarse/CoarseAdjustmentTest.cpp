@@ -1,6 +1,6 @@
 #include "CoarseAdjustment.h"
 
-#include "BackendVersions.h"
+#include "InterfaceVersion.h"
 #include "PickByKeys.h"
 #include "RecordingHost.h"
 #include "RenderArea.h"
@@ -51,19 +51,10 @@ struct Room final : RoomAngleExchange {
     QList<Angles> changes;
 };
 
-BackendVersions versionOf(int major, int minor, int patch)
-{
-    BackendVersions versions;
-    versions.interfaceMajor = major;
-    versions.interfaceMinor = minor;
-    versions.interfacePatch = patch;
-    return versions;
-}
-
 /// A panel that is shown for a room calibration of the given type.
 struct Bench {
     explicit Bench(const char *type = "normal", Angles angles = {},
-                   const BackendVersions &version = versionOf(1, 24, 0))
+                   const BackendVersions &version = interfaceVersion(1, 24, 0))
         : versions(version)
     {
         host.setAnswer(QStringLiteral("roomcal coordinate_type"), type);
@@ -205,7 +196,7 @@ private slots:
         QFETCH(int, patch);
         QFETCH(QByteArray, answer);
         QFETCH(QStringList, calls);
-        const Bench bench(answer.constData(), {}, versionOf(1, minor, patch));
+        const Bench bench(answer.constData(), {}, interfaceVersion(1, minor, patch));
         QCOMPARE(bench.host.calls(), calls);
     }
 

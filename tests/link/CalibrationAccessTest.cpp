@@ -1,5 +1,5 @@
-#include "BackendVersions.h"
 #include "ControllerAccess.h"
+#include "InterfaceVersion.h"
 #include "RecordingHost.h"
 
 #include "TestRegistry.h"
@@ -12,15 +12,6 @@ namespace
 {
 
 using Operation = std::function<void(const ControllerAccess &)>;
-
-BackendVersions interfaceVersion(int major, int minor, int patch = 0)
-{
-    BackendVersions versions;
-    versions.interfaceMajor = major;
-    versions.interfaceMinor = minor;
-    versions.interfacePatch = patch;
-    return versions;
-}
 
 } // namespace
 
@@ -143,7 +134,7 @@ private slots:
         QFETCH(QString, call);
         QFETCH(QString, format);
         QFETCH(QString, report);
-        const BackendVersions versions = interfaceVersion(1, 23);
+        const BackendVersions versions = interfaceVersion(1, 23, 0);
         RecordingHost host;
         const ControllerAccess access(&host, &versions);
 
@@ -159,7 +150,7 @@ private slots:
 
     void shouldFallBackWhenNothingCanBeRead()
     {
-        const BackendVersions versions = interfaceVersion(1, 23);
+        const BackendVersions versions = interfaceVersion(1, 23, 0);
         RecordingHost host;
         host.failFrom(1);
         const ControllerAccess access(&host, &versions);
@@ -256,7 +247,7 @@ private slots:
 
     void shouldAskForTheHeightFromOneTwentyThreeOn()
     {
-        const BackendVersions old = interfaceVersion(1, 22);
+        const BackendVersions old = interfaceVersion(1, 22, 0);
         RecordingHost host;
 
         QVERIFY(!ControllerAccess(&host, &old).angleToolHeight());
@@ -265,7 +256,7 @@ private slots:
 
     void shouldAskForTheDurationFromZeroTwelveOn()
     {
-        const BackendVersions old = interfaceVersion(0, 11);
+        const BackendVersions old = interfaceVersion(0, 11, 0);
         const BackendVersions young = interfaceVersion(0, 12, -1);
         RecordingHost host;
         host.setAnswer(QStringLiteral("roomcal duration"), "12.5");

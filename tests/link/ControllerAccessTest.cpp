@@ -1,11 +1,10 @@
 #include "ControllerAccess.h"
-#include "BackendVersions.h"
+#include "InterfaceVersion.h"
 #include "RecordingHost.h"
 #include "TestRegistry.h"
 
 #include <QtTest>
 
-#include <cmath>
 #include <functional>
 #include <limits>
 
@@ -14,16 +13,7 @@ namespace
 
 using Operation = std::function<void(const ControllerAccess &)>;
 
-BackendVersions versions(int major, int minor, int patch)
-{
-    BackendVersions result;
-    result.interfaceMajor = major;
-    result.interfaceMinor = minor;
-    result.interfacePatch = patch;
-    return result;
-}
-
-const BackendVersions current = versions(1, 23, -1);
+const BackendVersions current = interfaceVersion(1, 23);
 
 RoomTrafoData turnedRoom()
 {
@@ -50,28 +40,10 @@ private slots:
     void shouldReportAFailureInTheRequiredWords();
     void shouldPassFormatsAndValuesUnformatted();
     void shouldNeverPrintANegativeZero();
-    void shouldCompareWholeAnswersOnly_data();
-    void shouldCompareWholeAnswersOnly();
     void shouldTakeAnyNonZeroResultAsFailure_data();
     void shouldTakeAnyNonZeroResultAsFailure();
     void shouldFailEverywhereWithoutAChannel();
-    void shouldReadTheRotationOnlyWhenAllNineNumbersConvert_data();
-    void shouldReadTheRotationOnlyWhenAllNineNumbersConvert();
-    void shouldTakeMissingCameraCoordinatesAsZero_data();
-    void shouldTakeMissingCameraCoordinatesAsZero();
-    void shouldSurviveAnswersOfAThousandCharacters();
     void shouldNotAskOldControllersForTheExtraTransformation();
-    void shouldNeverUseTheValueOfAFailedRead();
-    void shouldStopReadingTheExtraTransformationAtTheFirstFailure_data();
-    void shouldStopReadingTheExtraTransformationAtTheFirstFailure();
-    void shouldTellWhatTheControllerIsDoing_data();
-    void shouldTellWhatTheControllerIsDoing();
-    void shouldTellWhetherACameraHasARoom_data();
-    void shouldTellWhetherACameraHasARoom();
-    void shouldMapEveryCoordinateType_data();
-    void shouldMapEveryCoordinateType();
-    void shouldAskForTheCurrentTypeWhenTheLastIsNone();
-    void shouldNotAskFurtherWhenTheLastTypeCannotBeRead();
     void shouldFollowTheVersionRule_data();
     void shouldFollowTheVersionRule();
     void shouldKnowTheThresholdOfEveryFeature_data();
@@ -272,28 +244,6 @@ void ControllerAccessTest::shouldNeverPrintANegativeZero()
                                         "write tracking extra_scaling 1.00000"}));
 }
 
-void ControllerAccessTest::shouldCompareWholeAnswersOnly_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("no") << QByteArray("no") << int(Reply::No);
-    QTest::newRow("yes") << QByteArray("yes") << int(Reply::Yes);
-    QTest::newRow("no and a blank") << QByteArray("no ") << int(Reply::Other);
-    QTest::newRow("NO") << QByteArray("NO") << int(Reply::Other);
-    QTest::newRow("nothing") << QByteArray("") << int(Reply::Other);
-    QTest::newRow("none") << QByteArray("none") << int(Reply::Other);
-}
-
-void ControllerAccessTest::shouldCompareWholeAnswersOnly()
-{
-    QFETCH(QByteArray, answer);
-    QFETCH(int, expected);
-    RecordingHost host;
-    host.setAnswer("tracking available", answer);
-
-    QCOMPARE(int(ControllerAccess(&host, &current).trackingAvailable()), expected);
-}
-
 void ControllerAccessTest::shouldTakeAnyNonZeroResultAsFailure_data()
 {
     QTest::addColumn<int>("code");
@@ -335,210 +285,16 @@ void ControllerAccessTest::shouldFailEverywhereWithoutAChannel()
     controller.unsubscribe(nullptr);
 }
 
-void ControllerAccessTest::shouldReadTheRotationOnlyWhenAllNineNumbersConvert_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<bool>("taken");
-    QTest::newRow("nine numbers") << QByteArray("0.5 0 0 0 1 0 0 0 1") << true;
-    QTest::newRow("further numbers are left alone") << QByteArray("0.5 0 0 0 1 0 0 0 1 7") << true;
-    QTest::newRow("eight numbers") << QByteArray("0.5 0 0 0 1 0 0 0") << false;
-    QTest::newRow("two blanks") << QByteArray("0.5  0 0 0 1 0 0 0 1") << false;
-    QTest::newRow("a word") << QByteArray("0.5 0 0 0 one 0 0 0 1") << false;
-    QTest::newRow("a comma") << QByteArray("0,5 0 0 0 1 0 0 0 1") << false;
-    QTest::newRow("nothing") << QByteArray("") << false;
-}
-
-void ControllerAccessTest::shouldReadTheRotationOnlyWhenAllNineNumbersConvert()
-{
-    QFETCH(QByteArray, answer);
-    QFETCH(bool, taken);
-    RecordingHost host;
-    host.setAnswer("tracking extra_rotation", answer);
-    host.setAnswer("tracking extra_translation", "1.5 2.5 -3.5");
-
-    const RoomTrafoData data = ControllerAccess(&host, &current).roomAdjustment();
-
-    QCOMPARE(data.rotation[0], taken ? 0.5 : 1.0);
-    QCOMPARE(data.translation, (std::array<double, 3>{1.5, 2.5, -3.5}));
-}
-
-void ControllerAccessTest::shouldTakeMissingCameraCoordinatesAsZero_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<double>("x");
-    QTest::addColumn<double>("y");
-    QTest::addColumn<double>("z");
-    QTest::newRow("all") << QByteArray("1.5 2.5 3.5 1 0 0 0 1 0 0 0 1") << 1.5 << 2.5 << 3.5;
-    QTest::newRow("two") << QByteArray("1.5 2.5") << 1.5 << 2.5 << 0.0;
-    QTest::newRow("none") << QByteArray("none") << 0.0 << 0.0 << 0.0;
-    QTest::newRow("nothing") << QByteArray("") << 0.0 << 0.0 << 0.0;
-}
-
-void ControllerAccessTest::shouldTakeMissingCameraCoordinatesAsZero()
-{
-    QFETCH(QByteArray, answer);
-    QFETCH(double, x);
-    QFETCH(double, y);
-    QFETCH(double, z);
-    RecordingHost host;
-    host.setAnswer("tracking room c01", answer);
-
-    QCOMPARE(ControllerAccess(&host, &current).positionOfCamera(1), (std::array<double, 3>{x, y, z}));
-}
-
-void ControllerAccessTest::shouldSurviveAnswersOfAThousandCharacters()
-{
-    RecordingHost host;
-    const QByteArray endless(1000, 'n');
-    for (const char *text : {"tracking available", "tracking extra_rotation", "tracking reference",
-                             "roomcal coordinate_type", "tracking room c01"})
-        host.setAnswer(text, endless);
-    const ControllerAccess controller(&host, &current);
-
-    QCOMPARE(controller.trackingAvailable(), Reply::Other);
-    QCOMPARE(controller.roomAdjustment(), RoomTrafoData());
-    QCOMPARE(controller.referenceTarget(), endless);
-    QCOMPARE(controller.coordinateType(), CoordinateType::Unknown);
-    QCOMPARE(controller.roomOfCamera(1), CameraRoom::Present);
-}
-
 void ControllerAccessTest::shouldNotAskOldControllersForTheExtraTransformation()
 {
     RecordingHost host;
-    const BackendVersions old = versions(0, 15, 9);
+    const BackendVersions old = interfaceVersion(0, 15, 9);
     const ControllerAccess controller(&host, &old);
 
     QCOMPARE(controller.roomAdjustment(), RoomTrafoData());
     controller.writeRoomAdjustment(turnedRoom());
 
     QCOMPARE(host.calls(), QStringList());
-}
-
-void ControllerAccessTest::shouldNeverUseTheValueOfAFailedRead()
-{
-    RecordingHost host;
-    host.failFrom(1);
-    const ControllerAccess controller(&host, &current);
-
-    QVERIFY(!controller.numberOfCameras());
-    QVERIFY(!controller.extraScaling());
-    QCOMPARE(controller.numberOfMeasurementTools(), 0);
-    QCOMPARE(controller.measurementDuration(1), 1.0);
-    QCOMPARE(controller.tipTolerance(1), 1.5);
-    QCOMPARE(controller.referenceTarget(), QByteArray());
-    QCOMPARE(controller.positionOfCamera(1), (std::array<double, 3>{0.0, 0.0, 0.0}));
-    QVERIFY(!controller.tipIsCalibrated(1));
-    QVERIFY(!controller.tipIsCalibratedQuietly(1));
-}
-
-void ControllerAccessTest::shouldStopReadingTheExtraTransformationAtTheFirstFailure_data()
-{
-    QTest::addColumn<int>("failing");
-    QTest::addColumn<QString>("report");
-    QTest::newRow("translation") << 1 << "Error: Unable to get info extra translation";
-    QTest::newRow("rotation") << 2 << "Error: Unable to get info extra rotation";
-    QTest::newRow("scaling") << 3 << "Error: Unable to get info extra scaling";
-}
-
-void ControllerAccessTest::shouldStopReadingTheExtraTransformationAtTheFirstFailure()
-{
-    QFETCH(int, failing);
-    QFETCH(QString, report);
-    RecordingHost host;
-    host.failCall(failing);
-
-    QVERIFY(!ControllerAccess(&host, &current).extraTransformation());
-
-    QCOMPARE(host.count(), failing);
-    QCOMPARE(host.reports(), QStringList{report});
-}
-
-void ControllerAccessTest::shouldTellWhatTheControllerIsDoing_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("measuring") << QByteArray("mea") << int(Activity::Measuring);
-    QTest::newRow("calibrating") << QByteArray("cal") << int(Activity::Calibrating);
-    QTest::newRow("error") << QByteArray("err") << int(Activity::Error);
-    QTest::newRow("none") << QByteArray("none") << int(Activity::None);
-    QTest::newRow("only the beginning of a word") << QByteArray("me") << int(Activity::Other);
-    QTest::newRow("more than the word") << QByteArray("mea ") << int(Activity::Other);
-    QTest::newRow("nothing") << QByteArray("") << int(Activity::Other);
-}
-
-void ControllerAccessTest::shouldTellWhatTheControllerIsDoing()
-{
-    QFETCH(QByteArray, answer);
-    RecordingHost host;
-    host.setAnswer("status active", answer);
-
-    QTEST(int(ControllerAccess(&host, &current).activity()), "expected");
-}
-
-void ControllerAccessTest::shouldTellWhetherACameraHasARoom_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<int>("expected");
-    QTest::newRow("position and rotation")
-        << QByteArray("1.5 2.5 3.5 1 0 0 0 1 0 0 0 1") << int(CameraRoom::Present);
-    QTest::newRow("none") << QByteArray("none") << int(CameraRoom::None);
-    QTest::newRow("more than none") << QByteArray("none 1") << int(CameraRoom::Present);
-    QTest::newRow("nothing") << QByteArray("") << int(CameraRoom::Present);
-}
-
-void ControllerAccessTest::shouldTellWhetherACameraHasARoom()
-{
-    QFETCH(QByteArray, answer);
-    RecordingHost host;
-    host.setAnswer("tracking room c01", answer);
-
-    QTEST(int(ControllerAccess(&host, &current).roomOfCamera(1)), "expected");
-}
-
-void ControllerAccessTest::shouldMapEveryCoordinateType_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::addColumn<int>("code");
-    QTest::newRow("normal") << QByteArray("normal") << 0;
-    QTest::newRow("powerwall") << QByteArray("powerwall") << 1;
-    QTest::newRow("powerwall_standing") << QByteArray("powerwall_standing") << 2;
-    QTest::newRow("mid_camera") << QByteArray("mid_camera") << 3;
-    QTest::newRow("none") << QByteArray("none") << 5;
-    QTest::newRow("first_camera") << QByteArray("first_camera") << -1;
-    QTest::newRow("nothing") << QByteArray("") << -1;
-}
-
-void ControllerAccessTest::shouldMapEveryCoordinateType()
-{
-    QFETCH(QByteArray, answer);
-    QFETCH(int, code);
-    RecordingHost host;
-    host.setAnswer("roomcal coordinate_type", answer);
-    const BackendVersions old = versions(1, 8, 0);
-
-    QCOMPARE(int(ControllerAccess(&host, &old).coordinateType()), code);
-    QCOMPARE(host.calls(), QStringList({"read roomcal coordinate_type"}));
-}
-
-void ControllerAccessTest::shouldAskForTheCurrentTypeWhenTheLastIsNone()
-{
-    RecordingHost host;
-    host.setAnswer("roomcal last_coordinate_type", "none");
-    host.setAnswer("roomcal coordinate_type", "powerwall");
-
-    QCOMPARE(ControllerAccess(&host, &current).coordinateType(), CoordinateType::Powerwall);
-    QCOMPARE(host.calls(),
-             QStringList({"read roomcal last_coordinate_type", "read roomcal coordinate_type"}));
-}
-
-void ControllerAccessTest::shouldNotAskFurtherWhenTheLastTypeCannotBeRead()
-{
-    RecordingHost host;
-    host.failCall(1);
-
-    QCOMPARE(ControllerAccess(&host, &current).coordinateType(), CoordinateType::Unknown);
-    QCOMPARE(host.calls(), QStringList({"read roomcal last_coordinate_type",
-                                        "report Error: Cannot require room calibration coordinate type."}));
 }
 
 void ControllerAccessTest::shouldFollowTheVersionRule_data()
@@ -564,7 +320,7 @@ void ControllerAccessTest::shouldFollowTheVersionRule()
     QFETCH(int, minor);
     QFETCH(int, patch);
     QFETCH(bool, passes);
-    const BackendVersions version = versions(major, minor, patch);
+    const BackendVersions version = interfaceVersion(major, minor, patch);
 
     QCOMPARE(ControllerVersion::isAtLeast(&version, 1, 18), passes);
     QVERIFY(!ControllerVersion::isAtLeast(nullptr, 0, 0));
@@ -593,8 +349,8 @@ void ControllerAccessTest::shouldKnowTheThresholdOfEveryFeature()
     QFETCH(int, major);
     QFETCH(int, minor);
     const auto wanted = static_cast<ControllerFeature>(feature);
-    const BackendVersions exact = versions(major, minor, -1);
-    const BackendVersions before = versions(major, minor - 1, 9);
+    const BackendVersions exact = interfaceVersion(major, minor, -1);
+    const BackendVersions before = interfaceVersion(major, minor - 1, 9);
 
     QVERIFY(ControllerVersion::supports(&exact, wanted));
     QVERIFY(!ControllerVersion::supports(&before, wanted));
