@@ -4,8 +4,8 @@
 #include "BackendVersions.h"
 #include "CooTrans.h"
 #include "ModalAnswer.h"
+#include "NotedTracking.h"
 #include "RecordingHost.h"
-#include "TrackingControl.h"
 #include "bsMatrix.h"
 
 #include <Eigen/Core>
@@ -13,21 +13,6 @@
 #include <QDoubleSpinBox>
 #include <QPushButton>
 #include <QSignalSpy>
-
-/// Notes among the host's calls when the panel stops and starts tracking.
-class NotedTracking final : public TrackingControl
-{
-public:
-    explicit NotedTracking(RecordingHost &host)
-        : m_host(host)
-    {
-    }
-    void stopTracking() override { m_host.reserved1(); }
-    void startTracking() override { m_host.reserved2(); }
-
-private:
-    RecordingHost &m_host;
-};
 
 /// The fine panel in a window of its own on a scripted host, with everything that it is lent.
 class FinePanel

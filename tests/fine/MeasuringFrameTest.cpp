@@ -1,29 +1,13 @@
 #include "MeasuringFrame.h"
-#include "BackendVersions.h"
 #include "ControllerAccess.h"
-#include "RecordingHost.h"
+#include "InterfaceVersion.h"
+#include "NotedTracking.h"
 #include "TestRegistry.h"
-#include "TrackingControl.h"
 
 #include <QtTest>
 
 namespace
 {
-
-/// Notes when tracking is stopped and started, among the calls of the host.
-class NotedTracking final : public TrackingControl
-{
-public:
-    explicit NotedTracking(RecordingHost &host)
-        : m_host(host)
-    {
-    }
-    void stopTracking() override { m_host.reserved1(); }
-    void startTracking() override { m_host.reserved2(); }
-
-private:
-    RecordingHost &m_host;
-};
 
 const QString stop = QStringLiteral("reserved 1");
 const QString start = QStringLiteral("reserved 2");
@@ -36,14 +20,8 @@ const QStringList writeNeutral = {"write tracking extra_rotation 1.00000000 0.00
                                   "write tracking extra_scaling 1.00000"};
 
 struct Fixture {
-    Fixture()
-    {
-        versions.interfaceMajor = 1;
-        versions.interfaceMinor = 23;
-        versions.interfacePatch = -1;
-    }
     RecordingHost host;
-    BackendVersions versions;
+    BackendVersions versions = interfaceVersion(1, 23);
     NotedTracking tracking{host};
     ControllerAccess controller{&host, &versions};
     MeasuringFrame frame{controller, &tracking};
