@@ -1,6 +1,6 @@
 #include "RenderArea.h"
 
-#include "BackendVersions.h"
+#include "BackendName.h"
 #include "CoordinateType.h"
 #include "Resources.h"
 
@@ -74,7 +74,7 @@ QString RenderArea::picturePath() const
     case CoordinateType::PowerwallStanding:
         return QStringLiteral(":/powerwall_standing.png");
     case CoordinateType::MidCamera:
-        if (m_versions != nullptr && m_versions->backendName == QLatin1String("OKTAVO3"))
+        if (isBackendNamed(m_versions, QLatin1String("OKTAVO3")))
             return QStringLiteral(":/mid_camera_okt3.png");
         return QStringLiteral(":/mid_camera.png");
     default:

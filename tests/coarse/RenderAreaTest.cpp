@@ -9,6 +9,11 @@
 #include <QPainter>
 #include <QtTest>
 
+#include <array>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
 namespace
 {
 
@@ -177,6 +182,42 @@ private slots:
         area.setCoordinateType(type);
         const QRect betweenTheArrows(160, 160, 120, 120);
         QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(resource.constData()).copy(betweenTheArrows));
+    }
+
+    void shouldDoWithARecordThatHasNoName_data()
+    {
+        QTest::addColumn<quint64>("behindTheNumbers");
+        QTest::newRow("nothing") << quint64(0);
+        QTest::newRow("a number") << quint64(7);
+        QTest::newRow("numbers") << quint64(0x0000000700000007);
+        QTest::newRow("no address") << ~quint64(0);
+    }
+
+    void shouldDoWithARecordThatHasNoName()
+    {
+        QFETCH(quint64, behindTheNumbers);
+        struct {
+            std::array<int, 6> numbers;
+            quint64 next;
+        } record{{0, 0, 0, 1, 24, -1}, behindTheNumbers};
+        RenderArea area(side, nullptr, reinterpret_cast<const BackendVersions *>(&record));
+        area.setCoordinateType(3);
+        const QRect betweenTheArrows(160, 160, 120, 120);
+        QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(":/mid_camera.png").copy(betweenTheArrows));
+    }
+
+    void shouldDoWithARecordAtTheEndOfTheMemory()
+    {
+        const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+        void *pages = mmap(nullptr, 2 * page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        QVERIFY(pages != MAP_FAILED);
+        auto *behind = static_cast<char *>(pages) + page;
+        QCOMPARE(mprotect(behind, page, PROT_NONE), 0);
+        RenderArea area(side, nullptr, reinterpret_cast<const BackendVersions *>(behind - 6 * sizeof(int)));
+        area.setCoordinateType(3);
+        const QRect betweenTheArrows(160, 160, 120, 120);
+        QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(":/mid_camera.png").copy(betweenTheArrows));
+        munmap(pages, 2 * page);
     }
 
     void shouldDrawNoMoreThanItsSize()
