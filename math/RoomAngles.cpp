@@ -1,6 +1,7 @@
 #include "RoomAngles.h"
 
 #include "AngleUnits.h"
+#include "RoomTrafoData.h"
 #include "bsMatrix.h"
 
 #include <algorithm>
@@ -38,6 +39,19 @@ double withPositiveHalfTurn(double degrees)
 double finiteOrZero(double value)
 {
     return std::isfinite(value) ? value : 0.0;
+}
+
+/// Clears R00, R01, R12 and R22, from which eta and phi are read, when all of them would be told as 0; theta
+/// is then a quarter turn.
+void snapGimbalLock(std::array<double, 9> &rows)
+{
+    constexpr std::array<std::size_t, 4> multiplesOfCosine{0, 1, 5, 8};
+    const auto isToldAsZero = [&rows](std::size_t i) { return std::abs(rows[i]) < rotationHalfDecimal; };
+    if (!std::all_of(multiplesOfCosine.begin(), multiplesOfCosine.end(), isToldAsZero))
+        return;
+    for (const std::size_t i : multiplesOfCosine)
+        rows[i] = 0.0;
+    rows[2] = snapped(rows[2]);
 }
 
 } // namespace
@@ -106,6 +120,7 @@ RoomAngles displayedAngles(const std::array<double, 9> &rows)
 {
     std::array<double, 9> copy = rows;
     snapAxisAligned(copy);
+    snapGimbalLock(copy);
     const RoomAngles angles = anglesFromRotation(copy);
     return {finiteOrZero(angles.eta), finiteOrZero(angles.theta), finiteOrZero(angles.phi)};
 }

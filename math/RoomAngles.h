@@ -36,6 +36,10 @@ void snapAxisAligned(bsMatrix &matrix);
 RoomAngles anglesFromRotation(const std::array<double, 9> &rows);
 
 /// The angles to show to the user: those of a snapped copy, with 0 for each that is not finite.
+///
+/// A fitted rotation is exact nowhere. What the controller would be told as 0, with its eight decimals,
+/// counts as 0 for the test of the gimbal lock, so what is shown before writing is what is read again
+/// afterwards.
 RoomAngles displayedAngles(const std::array<double, 9> &rows);
 
 /// The upper 3x3 row by row, as the controller reads and writes it.

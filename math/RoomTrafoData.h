@@ -11,6 +11,11 @@ struct RoomTrafoData {
     double scaling = 1.0;
 };
 
+/// Half of the last decimal with which the controller is told a rotation (eight decimals) and a translation
+/// (three): what is smaller is told as 0.
+constexpr double rotationHalfDecimal = 0.5e-8;
+constexpr double translationHalfDecimal = 0.5e-3;
+
 static_assert(sizeof(RoomTrafoData) == 13 * sizeof(double));
 
 /// Exact comparison of all 13 numbers.

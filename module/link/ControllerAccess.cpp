@@ -34,10 +34,6 @@ std::optional<std::array<double, count>> numbers(const QByteArray &text)
     return result;
 }
 
-/// Half of the last decimal that is printed of a rotation (%.8f) and of a translation (%.3f).
-constexpr double rotationHalfDecimal = 0.5e-8;
-constexpr double translationHalfDecimal = 0.5e-3;
-
 /// What would be printed as a negative zero becomes a plain one.
 double plainZero(double value, double halfDecimal)
 {

@@ -161,6 +161,8 @@ private slots:
         QTest::newRow("turn about z, down") << 0.0 << -90.0 << 90.0 << -90.0;
         QTest::newRow("turns add up") << 90.0 << 90.0 << 90.0 << 180.0;
         QTest::newRow("turns cancel") << 90.0 << -90.0 << 90.0 << 0.0;
+        QTest::newRow("a part of a turn, up") << 25.0 << 90.0 << 40.0 << 65.0;
+        QTest::newRow("a part of a turn, down") << 0.0 << -90.0 << 33.0 << -33.0;
     }
     void shouldReportTheWholeTurnInEtaInGimbalLock()
     {
@@ -169,6 +171,17 @@ private slots:
         QFETCH(double, phi);
         QFETCH(double, expectedEta);
         QVERIFY(isNear(displayedAngles(rows(rotation(eta, theta, phi))), expectedEta, theta, 0.0));
+    }
+
+    void shouldShowGimbalLockWhereTheControllerIsToldZeros()
+    {
+        const Rows noise = {4.9e-9, -4.9e-9, 1.0, 0.6, 0.8, 4.9e-9, -0.8, 0.6, -4.9e-9};
+        QVERIFY(isNear(displayedAngles(noise), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
+        for (const std::size_t i : {0, 1, 5, 8}) {
+            Rows told = noise;
+            told[i] = 1e-8;
+            QVERIFY(displayedAngles(told) == anglesFromRotation(told));
+        }
     }
 
     void shouldTestForGimbalLockExactly()
