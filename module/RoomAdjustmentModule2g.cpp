@@ -10,6 +10,8 @@
 #include <QVariant>
 #include <QWidget>
 
+#include <utility>
+
 namespace
 {
 
@@ -33,7 +35,7 @@ RoomAdjustmentModule2g::~RoomAdjustmentModule2g() = default;
 
 void RoomAdjustmentModule2g::releaseRequests()
 {
-    auto *dialog = qobject_cast<RoomAdjustmentDlg2g *>(m_dialog.data());
+    auto *dialog = qobject_cast<RoomAdjustmentDlg2g *>(m_dialog);
     if (dialog == nullptr || m_commands == nullptr)
         return;
     m_commands->releaseRequester(dialog);
@@ -42,8 +44,7 @@ void RoomAdjustmentModule2g::releaseRequests()
 
 void RoomAdjustmentModule2g::unload()
 {
-    delete m_dialog.data();
-    m_dialog = nullptr;
+    delete std::exchange(m_dialog, nullptr);
     m_actions.clear();
 }
 
@@ -73,7 +74,11 @@ void RoomAdjustmentModule2g::buildAction()
     m_action = new QAction(this);
     setTexts();
     m_dialog->installEventFilter(this);
-    connect(m_action, &QAction::triggered, m_dialog.data(), &RoomAdjustmentDlg2g::update_and_exec);
+    connect(m_dialog, &QObject::destroyed, this, [this, dialog = m_dialog] {
+        if (m_dialog == dialog)
+            m_dialog = nullptr;
+    });
+    connect(m_action, &QAction::triggered, m_dialog, &RoomAdjustmentDlg2g::update_and_exec);
     m_actions.append(m_action);
 }
 
@@ -88,7 +93,7 @@ void RoomAdjustmentModule2g::setTexts()
 
 bool RoomAdjustmentModule2g::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::LanguageChange && watched == m_dialog.data())
+    if (event->type() == QEvent::LanguageChange && watched == m_dialog)
         setTexts();
     return QObject::eventFilter(watched, event);
 }

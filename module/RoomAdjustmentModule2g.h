@@ -3,7 +3,6 @@
 #include "ModuleInterface.h"
 
 #include <QObject>
-#include <QPointer>
 
 class IOManager;
 class RoomAdjustmentDlg2g;
@@ -55,7 +54,7 @@ private:
     int m_menuOrderA = 0;
     QString m_menuTitle;
     int m_menuOrderB = 0;
-    QPointer<RoomAdjustmentDlg2g> m_dialog; ///< the host may destroy it together with its parent widget
+    RoomAdjustmentDlg2g *m_dialog = nullptr; ///< null again when the host destroys it with its parent widget
     int m_menuFlag = 0;
     IOManager *m_commands = nullptr;
     BackendVersions *m_versions = nullptr;

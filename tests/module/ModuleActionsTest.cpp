@@ -6,6 +6,8 @@
 #include <QTranslator>
 #include <QtTest>
 
+#include <array>
+
 namespace
 {
 
@@ -75,6 +77,43 @@ private slots:
             const QMetaObject *type = loaded.object->metaObject();
             QVERIFY(!type->property(type->indexOfProperty(name)).isWritable());
         }
+    }
+
+    void shouldHoldItsFieldsInTheOrderOfTheContract()
+    {
+        struct Fields {
+            std::array<void *, 2> object;
+            void *interface;
+            QWidget *parent;
+            void *actions;
+            QAction *action;
+            int orderA;
+            void *title;
+            int orderB;
+            void *dialog;
+            int flag;
+            IOManager *commands;
+            BackendVersions *versions;
+            bool isObserver;
+        };
+        LoadedModule loaded;
+        const auto &fields = *reinterpret_cast<const Fields *>(loaded.object);
+        loaded.setAll();
+        QCOMPARE(fields.parent, &loaded.parent);
+        QCOMPARE(fields.commands, static_cast<IOManager *>(&loaded.host));
+        QCOMPARE(fields.versions, &loaded.versions);
+        QCOMPARE(fields.action, static_cast<QAction *>(nullptr));
+        QCOMPARE(fields.dialog, static_cast<void *>(nullptr));
+        const QAction *action = loaded.module->actions().constFirst();
+        QCOMPARE(fields.action, action);
+        QCOMPARE(fields.orderA, 15);
+        QCOMPARE(fields.orderB, 300);
+        QCOMPARE(fields.dialog, static_cast<void *>(dialogs().constFirst()));
+        QCOMPARE(fields.flag, 0);
+        loaded.set("ObserverMode", true);
+        QVERIFY(fields.isObserver);
+        delete dialogs().constFirst();
+        QCOMPARE(fields.dialog, static_cast<void *>(nullptr));
     }
 
     void shouldFollowAChangeOfTheLanguage()
