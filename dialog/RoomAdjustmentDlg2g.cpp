@@ -10,12 +10,14 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QShortcut>
 
 namespace
 {
 
 constexpr int smallestWidth = 1000;
 constexpr int smallestHeight = 700;
+constexpr int angleToolKeys = int(Qt::ALT) | int(Qt::Key_A);
 
 } // namespace
 
@@ -51,6 +53,10 @@ void RoomAdjustmentDlg2g::buildPanels(IOManager *commands, BackendVersions *vers
     m_coarse->setCameraModel(m_cameras.model());
     m_ui->tabWidget->insertTab(0, m_coarse, QString());
     setTabTexts();
+    // The lists of axes would take the letter for the beginning of an entry.
+    auto *angleTool = new QShortcut(QKeySequence(angleToolKeys), m_coarse);
+    angleTool->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(angleTool, &QShortcut::activated, this, &RoomAdjustmentDlg2g::adjustToAngleTool);
     QWidget *last = previousInFocusChain(); // the panels came behind the buttons
     while (last->focusPolicy() == Qt::NoFocus)
         last = last->previousInFocusChain();
@@ -73,7 +79,7 @@ void RoomAdjustmentDlg2g::setTabTexts()
 // "&Apply" would make Alt+A ambiguous, which belongs to the angle tool. In another language it may be free.
 void RoomAdjustmentDlg2g::dropApplyShortcut()
 {
-    if (m_ui->btn_apply->shortcut() == QKeySequence(int(Qt::ALT) | int(Qt::Key_A)))
+    if (m_ui->btn_apply->shortcut() == QKeySequence(angleToolKeys))
         m_ui->btn_apply->setShortcut(QKeySequence());
 }
 
@@ -396,12 +402,17 @@ void RoomAdjustmentDlg2g::keyPressEvent(QKeyEvent *event)
         cancel();
     } else if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::NoModifier) {
         m_ui->tabWidget->setCurrentIndex(isCoarse ? FineTab : CoarseTab);
-    } else if (event->key() == Qt::Key_A && event->modifiers() == Qt::AltModifier) {
-        m_ui->tabWidget->setCurrentIndex(FineTab);
-        m_fine->openAngleTool();
+    } else if ((event->key() | int(event->modifiers())) == angleToolKeys) {
+        adjustToAngleTool();
     } else {
         QDialog::keyPressEvent(event);
     }
+}
+
+void RoomAdjustmentDlg2g::adjustToAngleTool()
+{
+    m_ui->tabWidget->setCurrentIndex(FineTab);
+    m_fine->openAngleTool();
 }
 
 void RoomAdjustmentDlg2g::showEvent(QShowEvent *event)

@@ -75,6 +75,7 @@ private:
     void setTabTexts();
     void buildPanels(IOManager *commands, BackendVersions *versions);
     void dropApplyShortcut();
+    void adjustToAngleTool();
     void beginFromKnownState();
     void disableAdjusting();
     void showNotice(Notice notice);

@@ -1,6 +1,7 @@
 #include "DialogFixture.h"
 #include "TestRegistry.h"
 
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QMessageBox>
 #include <QMetaMethod>
@@ -20,6 +21,7 @@ private slots:
     void shouldHandRecordsToTheFinePanelOnly();
     void shouldSwitchTabsByF5AndNothingElse();
     void shouldSwitchTabsByKeysWhenNothingCanBeAdjusted();
+    void shouldOpenTheAngleToolByKeysFromAListOfAxes();
     void shouldNotPressAButtonByEnter();
     void shouldKeepTheApplyLetterButNotItsShortcut();
     void shouldReportAndCarryOnWhateverFails_data();
@@ -126,6 +128,25 @@ void RoomAdjustmentDlg2gTest::shouldSwitchTabsByKeysWhenNothingCanBeAdjusted()
         QVERIFY(!f.child<QPushButton>("btn_apply")->isEnabled());
         QCOMPARE(f.host.calls(), QStringList());
     });
+}
+
+void RoomAdjustmentDlg2gTest::shouldOpenTheAngleToolByKeysFromAListOfAxes()
+{
+    DialogFixture f;
+    QString opened;
+    f.open([&] {
+        auto *list = f.child<QComboBox>("comboBox_top");
+        list->setFocus();
+        QTRY_VERIFY(list->hasFocus());
+        f.answer.then([&](QWidget *window) {
+            opened = QString::fromLatin1(window->metaObject()->className());
+            window->close();
+        });
+        QTest::keyClick(list, Qt::Key_A, Qt::AltModifier);
+        QCOMPARE(f.child<QTabWidget>("tabWidget")->currentIndex(), 1);
+    });
+    QCOMPARE(opened, QString("AdjustToToolDlg"));
+    QCOMPARE(f.answer.unexpected(), QStringList());
 }
 
 void RoomAdjustmentDlg2gTest::shouldNotPressAButtonByEnter()
