@@ -63,6 +63,7 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
     setPollInterval(200ms);
     setStallInterval(5000ms);
     m_warningTimer.setSingleShot(true);
+    m_warningTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_statusTimer, &QTimer::timeout, this, &CalibrationProgressDlg::update_cal_status);
     connect(&m_statusTimer, &QTimer::timeout, this, &CalibrationProgressDlg::update_cam_status);
     connect(&m_warningTimer, &QTimer::timeout, this, &CalibrationProgressDlg::show_warning);

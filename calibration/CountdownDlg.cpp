@@ -19,6 +19,7 @@ CountdownDlg::CountdownDlg(QWidget *parent)
     m_ui->setupUi(this);
     setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
     fitButtons();
+    m_timer.setTimerType(Qt::PreciseTimer);
     setTick(1000ms);
     connect(&m_timer, &QTimer::timeout, this, &CountdownDlg::updateCountdown);
     connect(m_ui->pushButton_start, &QPushButton::clicked, this, &CountdownDlg::accept);
