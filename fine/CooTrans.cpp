@@ -157,6 +157,9 @@ void CooTrans::loadPage()
 
 void CooTrans::loadRoom()
 {
+    if (m_view->room()->isLoaded())
+        m_view->room()
+            ->resetRoom(); // who follows the room hears that the old one is gone, then of the new one
     m_view->room()->loadRoom(*m_raData);
     adjustView();
     resetView();
@@ -335,6 +338,7 @@ void CooTrans::rotateRoom(const bsMatrix &rotation)
 
 void CooTrans::applyTrafo(const bsMatrix &matrix)
 {
+    m_view->room()->resetRoom();
     m_view->room()->loadRoom(RoomTrafoData());
     adjustView();
     resetView();
@@ -409,7 +413,8 @@ void CooTrans::matchPoints()
         return;
     if (!m_edits.roomShows(*m_raData))
         m_view->room()->loadRoom(*m_raData); // edits were applied since the last load: the next begin there
-    loadControls();
+    showBoxes(RoomEdits::boxesOf(*m_raData));
+    m_edits.shown(*m_raData, m_fields.values());
     frame->restoreTransformation();
 }
 

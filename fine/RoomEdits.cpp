@@ -75,14 +75,28 @@ RoomAngles RoomEdits::anglesOf(const bsMatrix &rotation)
 
 void RoomEdits::loaded(const RoomTrafoData &record, const AdjustmentBoxes &boxes)
 {
+    shown(record, boxes);
+    m_isReplaced = false;
+}
+
+void RoomEdits::replaced(const RoomTrafoData &record)
+{
     m_loadedRecord = record;
-    stored(boxes);
+    m_isReplaced = true;
+}
+
+void RoomEdits::shown(const RoomTrafoData &record, const AdjustmentBoxes &boxes)
+{
+    m_loadedRecord = record;
+    m_baseline = boxes;
+    m_scalingDiffers = false;
 }
 
 void RoomEdits::stored(const AdjustmentBoxes &boxes)
 {
     m_baseline = boxes;
     m_scalingDiffers = false;
+    m_isReplaced = false;
 }
 
 bool RoomEdits::keepsAngles(const AdjustmentBoxes &boxes) const
@@ -106,6 +120,8 @@ RoomTrafoData RoomEdits::edited(const RoomTrafoData &record, const AdjustmentBox
 
 bool RoomEdits::nothingUnsaved(const RoomTrafoData &record, const AdjustmentBoxes &boxes) const
 {
+    if (m_isReplaced)
+        return false;
     if (boxes.offset == m_baseline.offset && keepsAngles(boxes))
         return true;
     for (std::size_t i = 0; i < 3; ++i) {

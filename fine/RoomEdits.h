@@ -38,11 +38,15 @@ public:
     /// in gimbal lock, where phi becomes 0.
     static RoomAngles anglesOf(const bsMatrix &rotation);
 
-    /// A record was loaded into the room and shown; `boxes` are the boxes' values after their rounding.
+    /// The controller's record was loaded into the room and shown; `boxes` are the boxes' values after their
+    /// rounding.
     void loaded(const RoomTrafoData &record, const AdjustmentBoxes &boxes);
 
-    /// The room was replaced by one that looks like this record; the boxes do not show it yet.
-    void replaced(const RoomTrafoData &record) { m_loadedRecord = record; }
+    /// The room was replaced by one that looks like this record, which nobody has written yet; the boxes do
+    /// not show it yet.
+    void replaced(const RoomTrafoData &record);
+    /// The room looks like this record and the boxes show it, whether it is written or not.
+    void shown(const RoomTrafoData &record, const AdjustmentBoxes &boxes);
     /// Whether the room looks like this record where nothing is edited.
     bool roomShows(const RoomTrafoData &record) const { return m_loadedRecord == record; }
 
@@ -56,9 +60,10 @@ public:
     /// The boxes were taken into the record.
     void stored(const AdjustmentBoxes &boxes);
 
-    /// Whether offset and angles hold nothing that the record does not: either they still hold what the last
-    /// load or store put there, or -offset equals the record's translation exactly and the rotation of the
-    /// angles equals the record's in five decimals, truncated. The scaling is not part of it.
+    /// Whether offset and angles hold nothing that is not written: no record has replaced the loaded one
+    /// since, and either the boxes still hold what the last load or store put there, or -offset equals the
+    /// record's translation exactly and the rotation of the angles equals the record's in five decimals,
+    /// truncated. The scaling is not part of it.
     bool nothingUnsaved(const RoomTrafoData &record, const AdjustmentBoxes &boxes) const;
 
     /// The edit with which the loaded room looks as it would after storing the boxes and a fresh load.
@@ -73,4 +78,5 @@ private:
     RoomTrafoData m_loadedRecord;
     AdjustmentBoxes m_baseline;
     bool m_scalingDiffers = false;
+    bool m_isReplaced = false; ///< by a record that was not stored since
 };

@@ -1,5 +1,7 @@
+#include "CooTrans.h"
 #include "DialogFixture.h"
 #include "TestRegistry.h"
+#include "bsMatrix.h"
 
 #include <QMessageBox>
 #include <QPushButton>
@@ -26,6 +28,7 @@ private slots:
     void shouldCloseWithoutAskingWhenNothingChanged();
     void shouldAskBeforeItDiscards_data();
     void shouldAskBeforeItDiscards();
+    void shouldAskBeforeItDiscardsAFit();
     void shouldRestoreTheOpeningValuesAfterAnApply();
     void shouldTakeANotANumberForAChange();
     void shouldCloseWithoutACallOfItsOwnWhileLocked();
@@ -193,6 +196,27 @@ void DialogClosingTest::shouldAskBeforeItDiscards()
                                           "read tracking extra_scaling", "read status active",
                                           "command velmar2 tracking stop"}) +
                                  unsubscribeCalls());
+}
+
+void DialogClosingTest::shouldAskBeforeItDiscardsAFit()
+{
+    DialogFixture f;
+    bsMatrix fit;
+    fit.setColumn(3, bsVector(10.0, 20.0, 30.0), 1.0);
+    f.open([&] {
+        f.dialog.findChild<CooTrans *>()->applyTrafo(fit);
+        f.host.clear();
+        f.answer.thenPress(QMessageBox::No).thenPress(QMessageBox::Yes);
+        f.click("btn_cancel");
+        QVERIFY(f.dialog.isVisible());
+        f.click("btn_cancel");
+        QVERIFY(!f.dialog.isVisible());
+    });
+    QCOMPARE(f.answer.boxes(),
+             QStringList({"Room Adjustment|Discard changes?", "Room Adjustment|Discard changes?"}));
+    QCOMPARE(f.host.callsOf({"write"}), QStringList());
+    QCOMPARE(f.open([&] { f.click("btn_cancel"); }), int(QDialog::Rejected));
+    QCOMPARE(f.answer.unexpected(), QStringList());
 }
 
 void DialogClosingTest::shouldRestoreTheOpeningValuesAfterAnApply()

@@ -13,6 +13,7 @@ class FineLoadingTest : public QObject
 
 private slots:
     void shouldShowTheRecordWhenItLoads();
+    void shouldTellThatTheOldRoomIsGoneWhenItLoadsAgain();
     void shouldAskForToolAndScalingWhenItLoads();
     void shouldBeSilentWhenItLoads();
     void shouldWidenTheScalingOutsideFivePercent_data();
@@ -41,6 +42,18 @@ void FineLoadingTest::shouldShowTheRecordWhenItLoads()
     // base = [R, -R t]: -R * (-1.5, 2.25, 0) = (2.25, 1.5, 0)
     QCOMPARE(p.room()->base().column(3).x, 2.25);
     QCOMPARE(p.room()->base().column(3).y, 1.5);
+}
+
+void FineLoadingTest::shouldTellThatTheOldRoomIsGoneWhenItLoadsAgain()
+{
+    FinePanel p;
+    QVariantList told;
+    QObject::connect(p.room(), &abcRoom::roomLoaded, [&](bool isLoaded) { told << isLoaded; });
+    p.widget.loadPage();
+    QCOMPARE(told, QVariantList({false, true}));
+    told.clear();
+    p.widget.loadPage();
+    QCOMPARE(told, QVariantList({false, false, true}));
 }
 
 void FineLoadingTest::shouldAskForToolAndScalingWhenItLoads()

@@ -36,6 +36,7 @@ private slots:
     void shouldTakeAFittedTransformationUnrounded();
     void shouldTakeAFittedHalfTurnAboutAnyAxis();
     void shouldAskBeforeMatchingWithUnsavedData();
+    void shouldAskBeforeMatchingAgainWithAFitThatIsNotWritten();
     void shouldKeepTheMeasuringFrameAroundTheMatching();
     void shouldNotBeginASecondMeasuringFrame();
     void shouldPreviewFromAppliedEditsAfterTheMatching();
@@ -109,6 +110,29 @@ void FineSideDialogsTest::shouldAskBeforeMatchingWithUnsavedData()
     QVERIFY(p.answer.isDone());
     QCOMPARE(p.box("doubleSpinBox_x")->value(), 0.0);
     QVERIFY(difference(p.room()->transformation(), bsMatrix()) == 0.0);
+    QCOMPARE(p.answer.unexpected(), QStringList());
+}
+
+void FineSideDialogsTest::shouldAskBeforeMatchingAgainWithAFitThatIsNotWritten()
+{
+    FinePanel p;
+    p.widget.loadPage();
+    p.answer.then([&](QWidget *matching) {
+        p.widget.applyTrafo(rigid(Eigen::Matrix3d::Identity(), Eigen::Vector3d(10.0, 20.0, 30.0)));
+        matching->close();
+    });
+    p.click("w_bodyMatchingButton");
+    QCOMPARE(p.box("doubleSpinBox_x")->value(), 10.0);
+    QCOMPARE(p.answer.boxes(), QStringList());
+
+    p.answer.thenPress(QMessageBox::Yes);
+    p.click("w_bodyMatchingButton");
+    QCOMPARE(p.answer.boxes().size(), 1);
+
+    p.widget.storeToRaData();
+    p.answer.then([](QWidget *matching) { matching->close(); });
+    p.click("w_bodyMatchingButton");
+    QCOMPARE(p.answer.boxes().size(), 1);
     QCOMPARE(p.answer.unexpected(), QStringList());
 }
 

@@ -95,6 +95,7 @@ private slots:
     void shouldFindNothingUnsavedAtOddAnglesAndOffsets();
     void shouldFindAnEditUnsaved();
     void shouldLeaveTheScalingOutOfTheUnsavedTest();
+    void shouldFindAReplacedRecordUnsavedUntilItIsStored();
     void shouldFindNothingUnsavedWhenTheBoxesEqualTheRecordAnyway();
     void shouldPreviewWhatAFreshLoadWouldShow_data();
     void shouldPreviewWhatAFreshLoadWouldShow();
@@ -270,6 +271,24 @@ void RoomEditsTest::shouldLeaveTheScalingOutOfTheUnsavedTest()
     boxes.scaling = 1.04;
 
     QVERIFY(edits.nothingUnsaved(data, boxes));
+}
+
+void RoomEditsTest::shouldFindAReplacedRecordUnsavedUntilItIsStored()
+{
+    const RoomTrafoData fit = someRecord();
+    RoomEdits edits;
+    edits.loaded(RoomTrafoData(), AdjustmentBoxes());
+    edits.replaced(fit);
+    edits.shown(fit, shown(fit));
+    QVERIFY(!edits.nothingUnsaved(fit, shown(fit)));
+    QVERIFY(edits.edited(fit, shown(fit)) == fit);
+
+    edits.stored(shown(fit));
+    QVERIFY(edits.nothingUnsaved(fit, shown(fit)));
+
+    edits.replaced(fit);
+    edits.loaded(fit, shown(fit));
+    QVERIFY(edits.nothingUnsaved(fit, shown(fit)));
 }
 
 void RoomEditsTest::shouldFindNothingUnsavedWhenTheBoxesEqualTheRecordAnyway()
