@@ -9,7 +9,7 @@ namespace
 {
 
 constexpr double equalityTolerance = 1e-7;
-constexpr double orientationTolerance = 1e-6;
+constexpr double orientationTolerance = 1e-9;
 
 bool rotationsAgree(const bsMatrix &a, const bsMatrix &b)
 {

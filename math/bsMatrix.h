@@ -58,7 +58,7 @@ public:
     /// The unit quaternion of the upper 3x3 that survives half turns about any axis.
     ///
     /// Axis-aligned values are snapped first; where toQuaternion() does not lead back to the matrix within
-    /// 1e-6, the largest-diagonal formula is used. A matrix with an element that is not finite gives the
+    /// 1e-9, the largest-diagonal formula is used. A matrix with an element that is not finite gives the
     /// identity.
     /// Source: S. W. Shepperd, J. Guidance and Control 1 (1978) 223.
     [[nodiscard]] bsQuaternion toOrientation() const;

@@ -310,6 +310,17 @@ private slots:
         }
     }
 
+    void shouldLoseNothingOfAnAlmostHalfTurnAsOrientation()
+    {
+        std::mt19937 random(20261122);
+        std::normal_distribution<double> gauss;
+        for (double gap = 0.1; gap > 1e-9; gap /= 1.7) {
+            const Eigen::Matrix3d r =
+                turn(180.0 - gap, {gauss(random), gauss(random), gauss(random)}).toRotationMatrix();
+            QVERIFY(distance(bsMatrix::fromQuaternion(matrix(r).toOrientation()), r) <= 2e-9);
+        }
+    }
+
     void shouldKeepEveryAxisAlignedRotationAsOrientation()
     {
         int count = 0;
