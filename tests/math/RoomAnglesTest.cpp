@@ -178,9 +178,11 @@ private slots:
         const Rows noise = {4.9e-9, -4.9e-9, 1.0, 0.6, 0.8, 4.9e-9, -0.8, 0.6, -4.9e-9};
         QVERIFY(isNear(displayedAngles(noise), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
         for (const std::size_t i : {0, 1, 5, 8}) {
-            Rows told = noise;
-            told[i] = 1e-8;
-            QVERIFY(displayedAngles(told) == anglesFromRotation(told));
+            for (const double leastThatIsTold : {0.5e-8, -0.5e-8}) {
+                Rows told = noise;
+                told[i] = leastThatIsTold;
+                QVERIFY(displayedAngles(told) == anglesFromRotation(told));
+            }
         }
     }
 
