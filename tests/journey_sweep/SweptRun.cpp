@@ -83,7 +83,6 @@ void SweptRun::travel(const Journey &journey, ModuleHost &host, const std::funct
     journey.go(traveller, kept);
     keepsakes = kept.names().size();
     lost = kept.lost();
-    boxes = traveller.guide().boxes();
     stuck = traveller.guide().stuck();
 }
 

@@ -26,7 +26,6 @@ struct SweptRun {
     static SweptRun endInside(const Journey &journey, std::size_t call);
 
     std::vector<SweptCall> calls;
-    QStringList boxes;
     QStringList stuck;
     int keepsakes = 0; ///< how many things were entered and looked for again
     QStringList lost;

@@ -20,13 +20,13 @@ namespace
 constexpr int warmUp = 30;
 constexpr int mostTurns = 1000;
 constexpr int unloadsPerOpening = 10;
-constexpr std::size_t heapBytesPerTurn = 128;
+constexpr std::size_t heapBytesPerTurn = 64;
 constexpr std::size_t residentBytesPerTurn = 2048;
 constexpr std::size_t residentSlack = 8 * 1024 * 1024;
 
-// What the libraries below keep varies from run to run by a tenth of this, and does not add up with the
-// turns.
-constexpr std::size_t heapSlack = 1024 * 1024;
+// What the libraries below keep varies from run to run by less than half of this, and does not add up with
+// the turns.
+constexpr std::size_t heapSlack = 320 * 1024;
 
 // A cache of the toolkit that tidies itself up every half minute may be met at it.
 constexpr int timerSlack = 1;
@@ -74,6 +74,8 @@ struct Census {
         Census census;
         census.timers = TimerCensus().take();
         census.widgets = QApplication::allWidgets().size();
+        for (const QWidget *window : QApplication::topLevelWidgets())
+            census.objects += window->findChildren<QObject *>().size();
         census.files =
             QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size();
         // The toolkit's cache of pictures fills up to a fixed size, whatever the module does.
@@ -85,18 +87,19 @@ struct Census {
 
     QString difference(const Census &before) const
     {
-        return QStringLiteral("heap %1, resident %2 bytes; widgets %3, timers %4, files %5")
+        return QStringLiteral("heap %1, resident %2 bytes; widgets %3, objects %4, timers %5, files %6")
             .arg(qlonglong(heap) - qlonglong(before.heap))
             .arg(qlonglong(resident) - qlonglong(before.resident))
             .arg(widgets - before.widgets)
+            .arg(objects - before.objects)
             .arg(timers - before.timers)
             .arg(files - before.files);
     }
 
     bool isNear(const Census &before, std::size_t turns) const
     {
-        const bool counts = widgets == before.widgets && timers <= before.timers + timerSlack &&
-                            files <= before.files + fileSlack;
+        const bool counts = widgets == before.widgets && objects == before.objects &&
+                            timers <= before.timers + timerSlack && files <= before.files + fileSlack;
         if (TestLoad::isSanitized())
             return counts; // what is freed is held back, and what is not is found anyway
         return counts && heap < before.heap + turns * heapBytesPerTurn + heapSlack &&
@@ -105,6 +108,7 @@ struct Census {
 
     int timers = 0;
     int widgets = 0;
+    int objects = 0;
     int files = 0;
     std::size_t heap = 0;
     std::size_t resident = 0;
