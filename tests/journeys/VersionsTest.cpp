@@ -62,13 +62,17 @@ private slots:
         const QStringList table = QStringList{cameras} + rooms + QStringList{lock};
         const QStringList oldest = QStringList{cameras} + rooms;
         QTest::newRow("0.8") << 0 << 8 << false << oldest;
-        QTest::newRow("0.10: camera table") << 0 << 10 << false << oldest + table;
+        QTest::newRow("0.9: camera table") << 0 << 9 << false << oldest + table;
+        QTest::newRow("0.15") << 0 << 15 << false << oldest + table;
         QTest::newRow("0.16: adjustment") << 0 << 16 << true << oldest + table + page + QStringList{type};
         QTest::newRow("0.17: availability")
             << 0 << 17 << true << QStringList{available} + oldest + table + page + QStringList{type};
-        QTest::newRow("1.17: last type")
-            << 1 << 17 << true
-            << QStringList{available} + oldest + table + page + QStringList{lastType, type};
+        QTest::newRow("1.8") << 1 << 8 << true
+                             << QStringList{available} + oldest + table + page + QStringList{type};
+        const QStringList knowsLastType =
+            QStringList{available} + oldest + table + page + QStringList{lastType, type};
+        QTest::newRow("1.9: last type") << 1 << 9 << true << knowsLastType;
+        QTest::newRow("1.17") << 1 << 17 << true << knowsLastType;
         const QStringList newest =
             QStringList{available, cameras} + twoRooms + table + page + QStringList{lastType, type};
         QTest::newRow("1.18: rooms by question") << 1 << 18 << true << newest;
@@ -129,6 +133,37 @@ private slots:
         host.control(QStringLiteral("sim version 1 24 -1"));
         QCOMPARE(host.ask("velmar2 get tracking extra_translation"),
                  QStringLiteral("velmar2 get tracking extra_translation ") + translation);
+    }
+
+    void shouldMatchPointsFromItsVersionOn_data()
+    {
+        QTest::addColumn<int>("minor");
+        QTest::addColumn<bool>("isEnabled");
+        QTest::newRow("1.2") << 2 << false;
+        QTest::newRow("1.3") << 3 << true;
+    }
+
+    void shouldMatchPointsFromItsVersionOn()
+    {
+        // GIVEN
+        QFETCH(int, minor);
+        QFETCH(bool, isEnabled);
+        ModuleHost host(version(1, minor));
+        Traveller traveller(host);
+        bool wasEnabled = !isEnabled;
+        traveller.meet("AbcMatchingDialog", [&] {
+            wasEnabled = traveller.isEnabled("w_loadButton");
+            traveller.click("w_closeButton");
+        });
+        // WHEN
+        traveller.open([&] {
+            traveller.goToFine();
+            traveller.click("w_bodyMatchingButton");
+            traveller.click("btn_cancel");
+        });
+        // THEN
+        QCOMPARE(wasEnabled, isEnabled);
+        QCOMPARE(host.reports(), QStringList());
     }
 
     void shouldCalibrateWithTheAngleToolFromItsVersionOn_data()
