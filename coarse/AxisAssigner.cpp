@@ -1,7 +1,5 @@
 #include "AxisAssigner.h"
 
-#include "CoordinateType.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -23,8 +21,6 @@ struct DefaultAxes {
 
 constexpr int normalType = static_cast<int>(CoordinateType::Normal);
 constexpr int unusedType = 4;
-constexpr int noType = static_cast<int>(CoordinateType::None);
-constexpr int axisCodes = 6;
 constexpr int quarterTurn = 90;
 
 constexpr std::array<Assignment, 24> assignments{{

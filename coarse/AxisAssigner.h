@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CoordinateType.h"
+
 #include <array>
 
 /// The axes that stand in the six directions of a room picture.
@@ -20,6 +22,9 @@ using WholeAngles = std::array<int, 3>;
 class AxisAssigner
 {
 public:
+    static constexpr int axisCodes = 6;
+    static constexpr int noType = static_cast<int>(CoordinateType::None);
+
     AxisAssigner();
 
     /// The text of an axis code: "x", "-x", "y", "-y", "z" or "-z".

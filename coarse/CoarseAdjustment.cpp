@@ -16,13 +16,11 @@ namespace
 
 constexpr int rowHeight = 28;
 constexpr int columns = 4;
-constexpr int axisCodes = 6;
-constexpr int noType = static_cast<int>(CoordinateType::None);
 constexpr int darkLightness = 128;
 
 bool isUsable(int type)
 {
-    return type >= 0 && type != noType;
+    return type >= 0 && type != AxisAssigner::noType;
 }
 
 QString textOf(int axis)
@@ -126,7 +124,7 @@ void CoarseAdjustment::fillComboBoxes()
     for (QComboBox *comboBox : {m_ui->comboBox_right, m_ui->comboBox_top}) {
         const QSignalBlocker silence(comboBox);
         comboBox->clear();
-        for (int axis = 0; axis < axisCodes; ++axis)
+        for (int axis = 0; axis < AxisAssigner::axisCodes; ++axis)
             comboBox->addItem(textOf(axis));
     }
 }

@@ -8,7 +8,6 @@ namespace
 {
 
 using AngleUnits::radiansPerDegree;
-constexpr double shortestLength = 1e-7;
 
 } // namespace
 
@@ -31,7 +30,7 @@ bsQuaternion bsQuaternion::fromAngles(double eta, double theta, double phi)
 void bsQuaternion::normalize()
 {
     const double length = std::sqrt(x * x + y * y + z * z + w * w);
-    if (length < shortestLength) {
+    if (length < bsVector::shortestLength) {
         *this = identity();
         return;
     }

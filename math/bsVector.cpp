@@ -2,13 +2,6 @@
 
 #include <cmath>
 
-namespace
-{
-
-constexpr double shortestLength = 1e-7;
-
-} // namespace
-
 void bsVector::set(double xValue, double yValue, double zValue)
 {
     x = xValue;

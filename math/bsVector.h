@@ -6,6 +6,9 @@ struct bsVector {
     double y = 0.0;
     double z = 0.0;
 
+    /// A vector, or a quaternion, that is shorter has no direction.
+    static constexpr double shortestLength = 1e-7;
+
     bsVector() = default;
     bsVector(double xValue, double yValue, double zValue)
         : x(xValue)

@@ -1,4 +1,5 @@
 #include "ControlLines.h"
+#include "SimLimits.h"
 #include "SimMachine.h"
 #include "SimText.h"
 
@@ -10,7 +11,6 @@ namespace
 using ControlLines::expected;
 
 constexpr int mostSteps = 20;
-constexpr double longestSeconds = 3600.0;
 
 /// Finds the calibration kind that the first word of a line names and lets `change` work on it; a running
 /// calibration takes new trouble over.
@@ -41,8 +41,9 @@ SimReply steps(SimMachine &machine, const SimArguments &arguments)
 SimReply pause(SimMachine &machine, const SimArguments &arguments)
 {
     const auto values = arguments.reals(2);
-    if (!values || values->at(0) < 0.0 || values->at(1) < 0.0 || values->at(0) > longestSeconds ||
-        values->at(1) > longestSeconds)
+    if (!values || values->at(0) < 0.0 || values->at(1) < 0.0 ||
+        values->at(0) > SimLimits::longestDurationSeconds ||
+        values->at(1) > SimLimits::longestDurationSeconds)
         return expected("announced and real seconds");
     return withKind(machine, arguments, [&](SimCalibrationKind &kind) {
         const auto index = arguments.index(0, kind.steps.size());
@@ -69,7 +70,7 @@ SimReply noPause(SimMachine &machine, const SimArguments &arguments)
 
 SimReply duration(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto seconds = ControlLines::number(arguments, 0.1, longestSeconds);
+    const auto seconds = ControlLines::number(arguments, 0.1, SimLimits::longestDurationSeconds);
     if (!seconds)
         return expected("seconds from 0.1 up");
     return withKind(machine, arguments, [&](SimCalibrationKind &kind) {
@@ -83,7 +84,7 @@ SimReply stall(SimMachine &machine, const SimArguments &arguments)
 {
     const auto values = arguments.reals(2);
     if (!values || values->at(0) < 0.0 || values->at(0) > 1.0 || values->at(1) < 0.0 ||
-        values->at(1) > longestSeconds)
+        values->at(1) > SimLimits::longestDurationSeconds)
         return expected("a fraction and seconds");
     return withKind(machine, arguments, [&](SimCalibrationKind &kind) {
         kind.stallFraction = values->at(0);
@@ -115,7 +116,7 @@ SimReply noError(SimMachine &machine, const SimArguments &arguments)
 
 SimReply afterWork(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto seconds = ControlLines::number(arguments, 0.0, longestSeconds);
+    const auto seconds = ControlLines::number(arguments, 0.0, SimLimits::longestDurationSeconds);
     if (!seconds)
         return expected("seconds");
     return withKind(machine, arguments, [&](SimCalibrationKind &kind) {

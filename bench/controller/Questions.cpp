@@ -1,16 +1,15 @@
 #include "ControlLines.h"
 #include "SimCoordinates.h"
+#include "SimLimits.h"
 #include "SimMachine.h"
 #include "SimText.h"
 
 namespace
 {
 
-constexpr int millimetreDecimals = 3;
-
 std::string numbers(const SimVector &v)
 {
-    return SimText::joined(std::array<double, 3>{v.x, v.y, v.z}, millimetreDecimals);
+    return SimText::joined(std::array<double, 3>{v.x, v.y, v.z}, SimLimits::millimetreDecimals);
 }
 
 SimReply version(SimMachine &machine, const SimArguments &)
@@ -22,7 +21,7 @@ SimReply version(SimMachine &machine, const SimArguments &)
 
 SimReply time(SimMachine &machine, const SimArguments &)
 {
-    return SimReply::value(SimText::fixed(machine.state.seconds, millimetreDecimals));
+    return SimReply::value(SimText::fixed(machine.state.seconds, SimLimits::millimetreDecimals));
 }
 
 SimReply locked(SimMachine &machine, const SimArguments &)
@@ -79,8 +78,8 @@ SimReply tool(SimMachine &machine, const SimArguments &arguments)
 SimReply angleTool(SimMachine &machine, const SimArguments &)
 {
     const SimAngleTool &one = machine.room.angleTool;
-    return SimReply::value(SimText::joined(one.distancesMm, millimetreDecimals) + " " +
-                           SimText::fixed(one.heightMm, millimetreDecimals) + " " +
+    return SimReply::value(SimText::joined(one.distancesMm, SimLimits::millimetreDecimals) + " " +
+                           SimText::fixed(one.heightMm, SimLimits::millimetreDecimals) + " " +
                            SimText::yesOrNo(one.visible));
 }
 

@@ -53,37 +53,46 @@ bool RecordFaults::exists(const std::string &kind) const
 
 std::vector<SimRecord> RecordFaults::apply(std::vector<SimRecord> frame)
 {
-    if (m_damages.empty() && m_swaps.empty())
+    applySwaps(frame);
+    if (m_damages.empty())
         return frame;
+    std::vector<SimRecord> delivered;
+    for (SimRecord &record : frame) {
+        const auto found = m_damages.find(record.kind);
+        if (found == m_damages.end())
+            delivered.push_back(std::move(record));
+        else
+            deliver(std::move(record), found->second, delivered);
+    }
+    return delivered;
+}
+
+void RecordFaults::applySwaps(std::vector<SimRecord> &frame)
+{
+    const auto find = [&frame](const std::string &kind) {
+        return std::find_if(frame.begin(), frame.end(),
+                            [&kind](const SimRecord &record) { return record.kind == kind; });
+    };
     for (Swap &swap : m_swaps) {
-        const auto isKind = [](const std::string &kind) {
-            return [&kind](const SimRecord &record) { return record.kind == kind; };
-        };
-        const auto first = std::find_if(frame.begin(), frame.end(), isKind(swap.first));
-        const auto second = std::find_if(frame.begin(), frame.end(), isKind(swap.second));
+        const auto first = find(swap.first);
+        const auto second = find(swap.second);
         if (swap.frames-- > 0 && first != frame.end() && second != frame.end())
             std::swap(*first, *second);
     }
     m_swaps.erase(std::remove_if(m_swaps.begin(), m_swaps.end(), [](const Swap &s) { return s.frames <= 0; }),
                   m_swaps.end());
-    std::vector<SimRecord> delivered;
-    for (SimRecord &record : frame) {
-        const auto found = m_damages.find(record.kind);
-        if (found == m_damages.end()) {
-            delivered.push_back(std::move(record));
-            continue;
-        }
-        Damage &how = found->second;
-        damage(record.line, how);
-        if (how.dropFrames > 0) {
-            --how.dropFrames;
-            continue;
-        }
-        delivered.push_back(record);
-        if (how.repeatFrames > 0) {
-            --how.repeatFrames;
-            delivered.push_back(record);
-        }
+}
+
+void RecordFaults::deliver(SimRecord record, Damage &how, std::vector<SimRecord> &delivered)
+{
+    damage(record.line, how);
+    if (how.dropFrames > 0) {
+        --how.dropFrames;
+        return;
     }
-    return delivered;
+    delivered.push_back(record);
+    if (how.repeatFrames > 0) {
+        --how.repeatFrames;
+        delivered.push_back(std::move(record));
+    }
 }

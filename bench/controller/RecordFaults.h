@@ -51,6 +51,9 @@ private:
         int frames = 0;
     };
 
+    void applySwaps(std::vector<SimRecord> &frame);
+    void deliver(SimRecord record, Damage &how, std::vector<SimRecord> &delivered);
+
     std::map<std::string, Damage> m_damages;
     std::vector<Swap> m_swaps;
 };

@@ -1,4 +1,5 @@
 #include "ControllerRequests.h"
+#include "SimLimits.h"
 #include "SimMachine.h"
 #include "SimText.h"
 
@@ -7,7 +8,6 @@
 namespace
 {
 
-constexpr int millimetreDecimals = 3;
 constexpr double shortestDurationSeconds = 1.0;
 constexpr double longestDurationSeconds = 3600.0;
 
@@ -68,12 +68,14 @@ SimReply coordinateTypeDescription(SimMachine &, const SimArguments &arguments)
 
 SimReply angle(SimMachine &machine, const SimArguments &)
 {
-    return SimReply::value(SimText::joined(machine.state.roomCalibration.anglesMm, millimetreDecimals));
+    return SimReply::value(
+        SimText::joined(machine.state.roomCalibration.anglesMm, SimLimits::millimetreDecimals));
 }
 
 SimReply angleHeight(SimMachine &machine, const SimArguments &)
 {
-    return SimReply::value(SimText::fixed(machine.state.roomCalibration.angleHeightMm, millimetreDecimals));
+    return SimReply::value(
+        SimText::fixed(machine.state.roomCalibration.angleHeightMm, SimLimits::millimetreDecimals));
 }
 
 SimReply duration(SimMachine &machine, const SimArguments &)

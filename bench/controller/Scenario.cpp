@@ -4,6 +4,7 @@
 #include "ScenarioObject.h"
 #include "SimAnswer.h"
 #include "SimController.h"
+#include "SimLimits.h"
 #include "SimScript.h"
 #include "SimText.h"
 
@@ -19,8 +20,6 @@ constexpr int mostTools = 16;
 constexpr int mostDevices = 16;
 constexpr int mostBodies = 50;
 constexpr int mostButtons = 16;
-constexpr double largestSigmaMm = 1000.0;
-constexpr double longestSeconds = 3600.0;
 constexpr double large = SimText::largestNumber;
 
 void readExtra(ScenarioObject &object, SimExtra &extra)
@@ -97,11 +96,11 @@ SimTool readTool(ScenarioObject &object)
     SimTool tool;
     object.vector("tip", &tool.tip);
     object.rotation("orientation", &tool.orientation);
-    object.number("tremor", 0.0, largestSigmaMm, &tool.tremorMm);
-    object.number("noise", 0.0, largestSigmaMm, &tool.noiseMm);
+    object.number("tremor", 0.0, SimLimits::largestSigmaMm, &tool.tremorMm);
+    object.number("noise", 0.0, SimLimits::largestSigmaMm, &tool.noiseMm);
     object.truth("tracked", &tool.tracked);
     object.truth("calibrated", &tool.tipCalibrated);
-    object.number("duration", 0.0, longestSeconds, &tool.durationSeconds);
+    object.number("duration", 0.0, SimLimits::longestDurationSeconds, &tool.durationSeconds);
     object.number("tolerance", 0.0, large, &tool.toleranceMm);
     object.truth("check", &tool.toleranceCheck);
     object.number("tipRadius", 0.0, 1000.0, &tool.tipRadiusMm);

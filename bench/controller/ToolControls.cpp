@@ -1,4 +1,5 @@
 #include "ControlLines.h"
+#include "SimLimits.h"
 #include "SimMachine.h"
 #include "SimText.h"
 
@@ -7,7 +8,6 @@ namespace
 
 using ControlLines::expected;
 
-constexpr double largestSigmaMm = 1000.0;
 constexpr double longestMeasurementSeconds = 3600.0;
 
 /// The tool that a line names by its first number, or nothing.
@@ -100,12 +100,12 @@ SimReply setTruth(SimMachine &machine, const SimArguments &arguments)
 
 SimReply tremor(SimMachine &machine, const SimArguments &arguments)
 {
-    return setNumber<&SimTool::tremorMm>(machine, arguments, largestSigmaMm);
+    return setNumber<&SimTool::tremorMm>(machine, arguments, SimLimits::largestSigmaMm);
 }
 
 SimReply noise(SimMachine &machine, const SimArguments &arguments)
 {
-    return setNumber<&SimTool::noiseMm>(machine, arguments, largestSigmaMm);
+    return setNumber<&SimTool::noiseMm>(machine, arguments, SimLimits::largestSigmaMm);
 }
 
 SimReply duration(SimMachine &machine, const SimArguments &arguments)

@@ -1,5 +1,6 @@
 #include "ControllerRequests.h"
 #include "SimCoordinates.h"
+#include "SimLimits.h"
 #include "SimMachine.h"
 #include "SimText.h"
 
@@ -8,12 +9,11 @@
 namespace
 {
 
-constexpr int millimetreDecimals = 3;
 constexpr double rotationTolerance = 1e-3;
 
 std::string millimetres(const SimVector &v)
 {
-    return SimText::joined(std::array<double, 3>{v.x, v.y, v.z}, millimetreDecimals);
+    return SimText::joined(std::array<double, 3>{v.x, v.y, v.z}, SimLimits::millimetreDecimals);
 }
 
 SimReply available(SimMachine &machine, const SimArguments &)

@@ -2,6 +2,7 @@
 
 #include "SimAnswer.h"
 #include "SimController.h"
+#include "SimLimits.h"
 #include "SimText.h"
 
 #include <cmath>
@@ -18,13 +19,13 @@ constexpr double longestCatchUpSeconds = 0.5;
 /// The time of "sim wait SECONDS" and "sim frames COUNT".
 std::optional<double> timeToPass(const std::string &line)
 {
-    constexpr double longestSeconds = 600.0;
     const auto words = SimText::words(line);
     if (words.size() != 3 || words[0] != "sim" || (words[1] != "wait" && words[1] != "frames"))
         return std::nullopt;
     const auto number = SimText::real(words[2]);
     const double seconds = number.value_or(-1.0) * (words[1] == "frames" ? frameSeconds : 1.0);
-    return seconds >= 0.0 && seconds <= longestSeconds ? std::optional<double>(seconds) : std::nullopt;
+    return seconds >= 0.0 && seconds <= SimLimits::longestWaitSeconds ? std::optional<double>(seconds)
+                                                                      : std::nullopt;
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "BenchIOManager.h"
 #include "ControllerLink.h"
 #include "SimAnswer.h"
+#include "SimLimits.h"
 #include "TextFile.h"
 #include "TipRecorder.h"
 
@@ -18,7 +19,6 @@ namespace
 {
 
 constexpr double frameRate = 60.0;
-constexpr double longestSeconds = 600.0;
 
 QString rest(const QString &line, const char *word)
 {
@@ -30,7 +30,7 @@ bool isSeconds(const QString &text, double perUnit, double *seconds)
 {
     bool isNumber = false;
     *seconds = text.toDouble(&isNumber) * perUnit;
-    return isNumber && *seconds >= 0.0 && *seconds <= longestSeconds;
+    return isNumber && *seconds >= 0.0 && *seconds <= SimLimits::longestWaitSeconds;
 }
 
 } // namespace
