@@ -139,12 +139,13 @@ std::optional<QByteArray> RecordingHost::read(const char *format, const std::str
 
 QByteArray RecordingHost::takeAnswer(const QString &text)
 {
+    QByteArray answer = m_answers.value(text);
     QList<QPair<int, QByteArray>> &once = m_once[text];
-    for (int i = 0; i < once.size(); ++i) {
+    for (int i = once.size() - 1; i >= 0; --i) {
         if (--once[i].first == 0)
-            return once.takeAt(i).second;
+            answer = once.takeAt(i).second;
     }
-    return m_answers.value(text);
+    return answer;
 }
 
 int RecordingHost::sendCommand(char *answer, const char *format, ...)
