@@ -157,9 +157,9 @@ void CooTrans::loadPage()
 
 void CooTrans::loadRoom()
 {
+    // Who follows the room hears that the old one is gone, and then of the new one.
     if (m_view->room()->isLoaded())
-        m_view->room()
-            ->resetRoom(); // who follows the room hears that the old one is gone, then of the new one
+        m_view->room()->resetRoom();
     m_view->room()->loadRoom(*m_raData);
     adjustView();
     resetView();

@@ -36,8 +36,8 @@ bool isBackendNamed(const BackendVersions *versions, QLatin1String name)
 {
     if (versions == nullptr)
         return false;
-    using Header =
-        std::array<char, sizeof(QArrayData)>; // what a string points to, in front of its characters
+    // What a string points to, in front of its characters.
+    using Header = std::array<char, sizeof(QArrayData)>;
     const auto text = readFrom<std::uintptr_t>(reinterpret_cast<std::uintptr_t>(&versions->backendName));
     const auto header = text ? readFrom<Header>(*text) : std::nullopt;
     if (!header)
