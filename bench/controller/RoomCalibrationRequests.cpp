@@ -9,7 +9,6 @@ namespace
 {
 
 constexpr double shortestDurationSeconds = 1.0;
-constexpr double longestDurationSeconds = 3600.0;
 
 struct CoordinateType {
     std::string_view identifier;
@@ -122,7 +121,8 @@ SimReply setAngleHeight(SimMachine &machine, const SimArguments &arguments)
 SimReply setDuration(SimMachine &machine, const SimArguments &arguments)
 {
     const auto numbers = arguments.reals(1);
-    if (!numbers || numbers->at(0) < shortestDurationSeconds || numbers->at(0) > longestDurationSeconds)
+    if (!numbers || numbers->at(0) < shortestDurationSeconds ||
+        numbers->at(0) > SimLimits::longestDurationSeconds)
         return SimReply::badValue();
     if (!machine.state.changeable)
         return SimReply::locked();

@@ -8,8 +8,6 @@ namespace
 
 using ControlLines::expected;
 
-constexpr double longestMeasurementSeconds = 3600.0;
-
 /// The tool that a line names by its first number, or nothing.
 SimTool *toolOf(SimMachine &machine, const SimArguments &arguments)
 {
@@ -110,7 +108,7 @@ SimReply noise(SimMachine &machine, const SimArguments &arguments)
 
 SimReply duration(SimMachine &machine, const SimArguments &arguments)
 {
-    return setNumber<&SimTool::durationSeconds>(machine, arguments, longestMeasurementSeconds);
+    return setNumber<&SimTool::durationSeconds>(machine, arguments, SimLimits::longestDurationSeconds);
 }
 
 SimReply tolerance(SimMachine &machine, const SimArguments &arguments)

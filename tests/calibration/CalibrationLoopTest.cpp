@@ -1,8 +1,8 @@
 #include "AdjustToToolDlg.h"
-#include "BackendVersions.h"
 #include "BenchIOManager.h"
 #include "CalibrationProgressDlg.h"
 #include "CountdownDlg.h"
+#include "InterfaceVersion.h"
 #include "LocalController.h"
 #include "ModalAnswer.h"
 #include "RoomAdjustmentDlg2g.h"
@@ -37,9 +37,7 @@ public:
     Loop()
         : dialog(&channel, nullptr, &versions, QStringLiteral("v2.0.14"))
     {
-        versions.interfaceMajor = 1;
-        versions.interfaceMinor = 23;
-        versions.interfacePatch = -1;
+        versions = interfaceVersion(1, 23);
         control("sim clock query 0.5");
         control("sim tool 1 noise 0");
         control("sim tool 1 tremor 0");

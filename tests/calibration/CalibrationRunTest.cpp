@@ -1,5 +1,5 @@
 #include "CalibrationRun.h"
-#include "BackendVersions.h"
+#include "InterfaceVersion.h"
 #include "RecordingHost.h"
 
 #include "TestRegistry.h"
@@ -31,8 +31,7 @@ private slots:
     void init()
     {
         m_versions = BackendVersions();
-        m_versions.interfaceMajor = 1;
-        m_versions.interfaceMinor = 4;
+        m_versions = interfaceVersion(1, 4, 0);
         m_host = std::make_unique<RecordingHost>();
         set("cal type_desc room", "\"room calibration\"");
         set("cal number_of_steps room", "1");

@@ -19,6 +19,7 @@ namespace
 
 constexpr int side = 300;
 constexpr int centre = side / 2;
+const QRect betweenTheArrows(160, 160, 120, 120);
 
 QImage picture(const RenderArea &area)
 {
@@ -180,7 +181,6 @@ private slots:
         versions.backendName = backend;
         RenderArea area(side, nullptr, &versions);
         area.setCoordinateType(type);
-        const QRect betweenTheArrows(160, 160, 120, 120);
         QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(resource.constData()).copy(betweenTheArrows));
     }
 
@@ -202,7 +202,6 @@ private slots:
         } record{{0, 0, 0, 1, 24, -1}, behindTheNumbers};
         RenderArea area(side, nullptr, reinterpret_cast<const BackendVersions *>(&record));
         area.setCoordinateType(3);
-        const QRect betweenTheArrows(160, 160, 120, 120);
         QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(":/mid_camera.png").copy(betweenTheArrows));
     }
 
@@ -215,7 +214,6 @@ private slots:
         QCOMPARE(mprotect(behind, page, PROT_NONE), 0);
         RenderArea area(side, nullptr, reinterpret_cast<const BackendVersions *>(behind - 6 * sizeof(int)));
         area.setCoordinateType(3);
-        const QRect betweenTheArrows(160, 160, 120, 120);
         QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(":/mid_camera.png").copy(betweenTheArrows));
         munmap(pages, 2 * page);
     }

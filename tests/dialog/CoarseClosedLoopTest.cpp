@@ -1,5 +1,5 @@
-#include "BackendVersions.h"
 #include "BenchIOManager.h"
+#include "InterfaceVersion.h"
 #include "LocalController.h"
 #include "ModalAnswer.h"
 #include "PickByKeys.h"
@@ -56,9 +56,7 @@ Eigen::Vector3d axisVector(int axis)
 BackendVersions currentVersions()
 {
     BackendVersions versions;
-    versions.interfaceMajor = 1;
-    versions.interfaceMinor = 23;
-    versions.interfacePatch = -1;
+    versions = interfaceVersion(1, 23);
     return versions;
 }
 

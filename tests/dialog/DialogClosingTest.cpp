@@ -13,6 +13,17 @@ namespace
 const char *const tenDegrees =
     "0.98480775 -0.17364818 0.00000000 0.17364818 0.98480775 0.00000000 0.00000000 0.00000000 1.00000000";
 
+/// Leaves the dialog by Cancel, Escape or the window's close button.
+void leave(DialogFixture &f, int way)
+{
+    if (way == 0)
+        f.click("btn_cancel");
+    else if (way == 1)
+        QTest::keyClick(&f.dialog, Qt::Key_Escape);
+    else
+        f.dialog.close();
+}
+
 } // namespace
 
 class DialogClosingTest : public QObject
@@ -137,12 +148,7 @@ void DialogClosingTest::shouldCloseWithoutAskingWhenNothingChanged()
     f.host.setAnswer("tracking extra_translation", "-1.234 0 0");
     const int result = f.open([&] {
         f.host.clear();
-        if (way == 0)
-            f.click("btn_cancel");
-        else if (way == 1)
-            QTest::keyClick(&f.dialog, Qt::Key_Escape);
-        else
-            f.dialog.close();
+        leave(f, way);
         QVERIFY(!f.dialog.isVisible());
     });
     QCOMPARE(result, int(QDialog::Rejected));
@@ -162,14 +168,6 @@ void DialogClosingTest::shouldAskBeforeItDiscards()
 {
     QFETCH(int, way);
     DialogFixture f;
-    const auto leave = [&] {
-        if (way == 0)
-            f.click("btn_cancel");
-        else if (way == 1)
-            QTest::keyClick(&f.dialog, Qt::Key_Escape);
-        else
-            f.dialog.close();
-    };
     f.open([&] {
         f.selectTab(1);
         f.type("doubleSpinBox_rx", "3");
@@ -183,11 +181,11 @@ void DialogClosingTest::shouldAskBeforeItDiscards()
             QCOMPARE(box->defaultButton(), box->button(QMessageBox::No));
             QTest::mouseClick(box->button(QMessageBox::No), Qt::LeftButton);
         });
-        leave();
+        leave(f, way);
         QVERIFY(f.dialog.isVisible());
         f.host.clear();
         f.answer.thenPress(QMessageBox::Yes);
-        leave();
+        leave(f, way);
         QVERIFY(!f.dialog.isVisible());
     });
     QVERIFY(f.answer.isDone());
@@ -258,12 +256,7 @@ void DialogClosingTest::shouldCloseWithoutACallOfItsOwnWhileLocked()
         f.open([&] {
             f.host.setAnswer("tracking extra_scaling", "1.5");
             f.host.clear();
-            if (way == 0)
-                f.click("btn_cancel");
-            else if (way == 1)
-                QTest::keyClick(&f.dialog, Qt::Key_Escape);
-            else
-                f.dialog.close();
+            leave(f, way);
             QVERIFY(!f.dialog.isVisible());
         });
         QCOMPARE(f.host.calls(),

@@ -1,9 +1,11 @@
 #include "FinePanel.h"
 
+#include "InterfaceVersion.h"
+
 #include <QtTest>
 
 FinePanel::FinePanel()
-    : versions{0, 0, 0, 1, 24, -1, QString()}
+    : versions(interfaceVersion(1, 24))
     , tracking(host)
     , widget(&host, &versions, &tracking, &record, nullptr)
     , enable(&widget, &CooTrans::do_btn_apply_enable)

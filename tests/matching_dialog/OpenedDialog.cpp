@@ -1,4 +1,5 @@
 #include "OpenedDialog.h"
+#include "InterfaceVersion.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -9,9 +10,7 @@
 
 OpenedDialog::OpenedDialog()
 {
-    m_versions.interfaceMajor = 1;
-    m_versions.interfaceMinor = 23;
-    m_versions.interfacePatch = -1;
+    m_versions = interfaceVersion(1, 23);
     m_dialog = std::make_unique<AbcMatchingDialog>(&m_host, &m_versions);
 }
 

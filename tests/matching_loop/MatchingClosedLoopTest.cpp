@@ -1,5 +1,5 @@
-#include "BackendVersions.h"
 #include "BenchIOManager.h"
+#include "InterfaceVersion.h"
 #include "LocalController.h"
 #include "ModalAnswer.h"
 #include "RoomAdjustmentDlg2g.h"
@@ -35,9 +35,7 @@ constexpr double framesRead = 30.0;
 BackendVersions currentVersions()
 {
     BackendVersions versions;
-    versions.interfaceMajor = 1;
-    versions.interfaceMinor = 23;
-    versions.interfacePatch = -1;
+    versions = interfaceVersion(1, 23);
     return versions;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "BackendVersions.h"
+#include "InterfaceVersion.h"
 #include "ModuleInterface.h"
 #include "RecordingHost.h"
 
@@ -15,9 +15,7 @@ struct LoadedModule {
         : loader(QStringLiteral(MODULE_LIBRARY))
     {
         loader.setLoadHints(loader.loadHints() & ~QLibrary::PreventUnloadHint);
-        versions.interfaceMajor = 1;
-        versions.interfaceMinor = 24;
-        versions.interfacePatch = -1;
+        versions = interfaceVersion(1, 24);
         object = loader.instance();
         module = qobject_cast<ModuleInterface *>(object);
     }

@@ -51,11 +51,6 @@ QByteArray RecordingHost::answer(const QString &text) const
     return m_answers.value(text);
 }
 
-void RecordingHost::setAnswerOnce(const QString &text, int n, const QByteArray &answer)
-{
-    m_once[text].append({n, answer});
-}
-
 void RecordingHost::failText(const QString &beginning)
 {
     m_failing.append(beginning);
@@ -134,18 +129,7 @@ std::optional<QByteArray> RecordingHost::read(const char *format, const std::str
 {
     const QString text = QString::fromLatin1(formatted.c_str());
     *result = begin(QStringLiteral("read"), format, text);
-    return *result != 0 ? std::nullopt : std::make_optional(takeAnswer(text));
-}
-
-QByteArray RecordingHost::takeAnswer(const QString &text)
-{
-    QByteArray answer = m_answers.value(text);
-    QList<QPair<int, QByteArray>> &once = m_once[text];
-    for (int i = once.size() - 1; i >= 0; --i) {
-        if (--once[i].first == 0)
-            answer = once.takeAt(i).second;
-    }
-    return answer;
+    return *result != 0 ? std::nullopt : std::make_optional(m_answers.value(text));
 }
 
 int RecordingHost::sendCommand(char *answer, const char *format, ...)
@@ -157,7 +141,7 @@ int RecordingHost::sendCommand(char *answer, const char *format, ...)
         std::strcpy(answer, "velmar2 err 1 \"refused\"");
         return result;
     }
-    const QByteArray reply = takeAnswer(text);
+    const QByteArray reply = m_answers.value(text);
     std::strcpy(answer, reply.isEmpty() ? "velmar2 ok" : reply.constData());
     if (text == QLatin1String("velmar2 tracking start"))
         setAnswer(QStringLiteral("status active"), "mea");

@@ -35,8 +35,6 @@ public:
     /// The answer of a parameter, or of a raw command when `text` is the whole command.
     void setAnswer(const QString &text, const QByteArray &answer);
     QByteArray answer(const QString &text) const;
-    /// The n-th next reading of this text (from 1) gets another answer, once.
-    void setAnswerOnce(const QString &text, int n, const QByteArray &answer);
     /// Every call whose text begins so fails.
     void failText(const QString &beginning);
     void succeedText(const QString &beginning);
@@ -88,11 +86,9 @@ private:
     int begin(const QString &operation, const char *format, const QString &text);
     /// The answer of a read; nothing when it fails.
     std::optional<QByteArray> read(const char *format, const std::string &formatted, int *result);
-    QByteArray takeAnswer(const QString &text);
     bool mustFail(const QString &text) const;
 
     QHash<QString, QByteArray> m_answers;
-    QHash<QString, QList<QPair<int, QByteArray>>> m_once;
     QStringList m_failing;
     QStringList m_calls;
     QStringList m_formats;

@@ -75,19 +75,6 @@ private slots:
         QCOMPARE(textOf(host, "never set"), QString());
     }
 
-    void shouldGiveAnotherAnswerOnTheReadingsThatAreNamed()
-    {
-        RecordingHost host;
-        host.setAnswer("some value", "1");
-        host.setAnswerOnce("some value", 2, "2");
-        host.setAnswerOnce("some value", 3, "3");
-        host.setAnswerOnce("some value", 5, "garbage");
-        QList<int> values;
-        for (int i = 0; i < 6; ++i)
-            values << valueOf(host);
-        QCOMPARE(values, (QList<int>{1, 2, 3, 1, 0, 1}));
-    }
-
     void shouldNoteFormattedValuesWithADecimalPoint()
     {
         RecordingHost host;

@@ -3,6 +3,7 @@
 #include "AbcMatchingDialog.h"
 #include "AdjustToToolDlg.h"
 #include "CalibrationProgressDlg.h"
+#include "InterfaceVersion.h"
 #include "ModalAnswer.h"
 #include "Requester.h"
 #include "RoomAdjustmentDlg2g.h"
@@ -79,9 +80,7 @@ void GalleryRoom::tell(const QStringList &lines)
 
 void GalleryRoom::setVersion(int major, int minor)
 {
-    m_versions.interfaceMajor = major;
-    m_versions.interfaceMinor = minor;
-    m_versions.interfacePatch = -1;
+    m_versions = interfaceVersion(major, minor);
 }
 
 bool GalleryRoom::run(const std::function<void()> &open, const Look &look, const QList<Look> &then)
