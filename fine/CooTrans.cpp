@@ -4,6 +4,8 @@
 #include "AbcMatchingDialog.h"
 #include "AdjustToToolDlg.h"
 #include "HelpDialog.h"
+#include "ModalWindow.h"
+#include "ObjectWatch.h"
 #include "Prompt.h"
 #include "ViewControls.h"
 #include "abcRoom.h"
@@ -386,13 +388,10 @@ bool CooTrans::discardsUnsaved()
 
 void CooTrans::on_w_bodyMatchingButton_clicked()
 {
-    if (m_isMatching)
-        return; // a second frame would take the neutral state of the first for the controller's own
-    const QPointer<CooTrans> self(this);
-    m_isMatching = true;
-    matchPoints();
-    if (!self.isNull())
-        m_isMatching = false;
+    // A second frame would take the neutral state of the first for the controller's own.
+    const ObjectWatch self(this, m_isMatching);
+    if (self)
+        matchPoints();
 }
 
 void CooTrans::matchPoints()
@@ -420,15 +419,13 @@ void CooTrans::matchPoints()
 
 void CooTrans::on_pushButton_att_clicked()
 {
-    const QPointer<CooTrans> self(this);
+    const ObjectWatch self(this);
     m_angleToolDialog->openAndExec();
-    if (!self.isNull())
+    if (self)
         emit do_update_raDataAndControls();
 }
 
 void CooTrans::on_pushButton_helpView_clicked()
 {
-    const QPointer<HelpDialog> help = new HelpDialog(this);
-    help->exec();
-    delete help.data();
+    ModalWindow<HelpDialog>(this).exec();
 }

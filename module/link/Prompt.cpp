@@ -1,6 +1,6 @@
 #include "Prompt.h"
 
-#include <QPointer>
+#include "ModalWindow.h"
 
 namespace Prompt
 {
@@ -9,14 +9,11 @@ QMessageBox::StandardButton ask(QWidget *parent, QMessageBox::Icon icon, const Q
                                 const QString &text, QMessageBox::StandardButtons buttons,
                                 QMessageBox::StandardButton defaultButton)
 {
-    const QPointer<QMessageBox> box = new QMessageBox(icon, title, text, buttons, parent);
+    ModalWindow<QMessageBox> box(icon, title, text, buttons, parent);
     box->setTextFormat(Qt::PlainText);
     box->setDefaultButton(defaultButton);
-    const int answer = box->exec();
-    if (box.isNull())
-        return QMessageBox::NoButton;
-    delete box.data();
-    return static_cast<QMessageBox::StandardButton>(answer);
+    const int answer = box.exec();
+    return box ? static_cast<QMessageBox::StandardButton>(answer) : QMessageBox::NoButton;
 }
 
 } // namespace Prompt

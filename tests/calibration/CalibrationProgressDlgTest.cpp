@@ -296,7 +296,7 @@ private slots:
     void shouldShowTheErrorAndSendNoStop()
     {
         CalibrationBench bench;
-        bench.set("velmar2 get status err", R"(velmar2 get status err 17 "Angle tool not found.")");
+        bench.set("velmar2 get status err", R"(velmar2 get status err 17 "<u>Angle tool</u> not found.")");
         endAfter(&bench, 1, "err");
         QuickProgress dialog(&bench);
         ModalAnswer modal;
@@ -309,7 +309,8 @@ private slots:
             callsLater = bench.host.calls().size();
             auto *box = qobject_cast<QMessageBox *>(window);
             QCOMPARE(box->windowTitle(), QStringLiteral("Calibration Error"));
-            QCOMPARE(box->text(), QStringLiteral("Angle tool not found."));
+            QCOMPARE(box->text(), QStringLiteral("<u>Angle tool</u> not found."));
+            QCOMPARE(box->textFormat(), Qt::PlainText); // letter by letter
             QCOMPARE(box->icon(), QMessageBox::Critical);
             box->accept();
         });
