@@ -2,6 +2,7 @@
 
 #include "EvaluationRun.h"
 #include "IOManager.h"
+#include "ListEditing.h"
 #include "MatchingEvaluation.h"
 #include "MatchingHelp.h"
 #include "MatchingLists.h"
@@ -48,6 +49,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_ui->setupUi(this);
     m_lists =
         std::make_unique<MatchingLists>(m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
+    m_editing = new ListEditing(*m_lists, this);
     m_tools = std::make_unique<ToolControls>(*m_ui);
     m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
     m_timer.setInterval(trackingStatusInterval);
@@ -66,6 +68,7 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_addMeasuredPoint, this, &AbcMatchingDialog::addMeasuredPoint);
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
+    connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
     connect(m_run, &EvaluationRun::finished, this, &AbcMatchingDialog::showEvaluation);
     connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
 }
@@ -321,9 +324,71 @@ void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 void AbcMatchingDialog::addMeasuredPoint()
 {
     const QCheckBox *replace = m_ui->w_replaceCheckBox;
-    const bool replaces = replace->isChecked() && replace->isEnabled();
-    m_lists->takeMeasured(replaces ? m_lists->measuredTable().selectedRow() : -1, toPoint(m_mean));
-    evaluate();
+    m_editing->takeMeasured(toPoint(m_mean), replace->isChecked() && replace->isEnabled());
+}
+
+// --- The lists
+
+void AbcMatchingDialog::on_tableWidget_measuredPoints_itemSelectionChanged()
+{
+    showState();
+}
+
+void AbcMatchingDialog::on_w_removeButton_clicked()
+{
+    remove();
+}
+
+void AbcMatchingDialog::remove()
+{
+    m_editing->removeSelectedMeasured();
+}
+
+void AbcMatchingDialog::on_pushButton_clearMeaPoints_clicked()
+{
+    m_editing->clearMeasured();
+}
+
+void AbcMatchingDialog::on_pushButton_removeRefPoint_clicked()
+{
+    m_editing->removeSelectedReference();
+}
+
+void AbcMatchingDialog::on_pushButton_addRefPoint_clicked()
+{
+    m_editing->addReference();
+}
+
+void AbcMatchingDialog::on_tableWidget_referencePoints_clicked(QModelIndex index)
+{
+    onRPSelected(index);
+}
+
+void AbcMatchingDialog::onRPSelected(QModelIndex index)
+{
+    Q_UNUSED(index)
+    showState();
+}
+
+void AbcMatchingDialog::on_tableWidget_referencePoints_itemChanged(QTableWidgetItem *item)
+{
+    if (m_opened && item)
+        m_editing->takeReferenceCell(*item);
+}
+
+void AbcMatchingDialog::on_w_loadButton_clicked()
+{
+    load();
+}
+
+void AbcMatchingDialog::load()
+{
+    m_editing->load();
+}
+
+void AbcMatchingDialog::on_pushButton_save_clicked()
+{
+    m_editing->save();
 }
 
 // --- The evaluation

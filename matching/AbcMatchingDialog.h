@@ -9,7 +9,6 @@
 #include "bsVector.h"
 
 #include <QDialog>
-#include <QMessageBox>
 #include <QModelIndex>
 #include <QTimer>
 
@@ -18,6 +17,7 @@
 #include <optional>
 
 class EvaluationRun;
+class ListEditing;
 class MatchingLists;
 class QTableWidgetItem;
 class ResultView;
@@ -107,11 +107,6 @@ private:
     void takeStep(const ToolSampler::Step &step);
     void endMeasurement(const TipCollector::Judgement &judgement);
 
-    void takeReferenceCells();
-    void refuseNumber(const QString &entered);
-    bool confirm(const QString &question);
-    void inform(QMessageBox::Icon icon, const QString &title, const QString &text);
-
     void evaluate();
     void cancelSearch();
     void showEvaluation(const MatchingEvaluation &evaluation);
@@ -121,6 +116,7 @@ private:
     QTimer m_timer{this};
     ToolSampler m_sampler;
     std::unique_ptr<MatchingLists> m_lists;
+    ListEditing *m_editing;
     std::unique_ptr<ToolControls> m_tools;
     std::unique_ptr<ResultView> m_result;
     EvaluationRun *m_run;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "ListQuestions.h"
+#include "MatchingLists.h"
+
+#include <QObject>
+
+class QTableWidgetItem;
+
+/// What the user does to the two lists of points: the rules of adding, removing, typing, loading and saving.
+///
+/// Each operation may open windows, and the host may destroy this object while one stands; it is then not
+/// touched any more. Operations that find nothing to do, or get a No, change nothing.
+class ListEditing : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// The lists must outlive this; the windows stand in front of `window`, which owns this.
+    ListEditing(MatchingLists &lists, QWidget *window);
+
+    void addReference();
+    void removeSelectedReference();
+    void removeSelectedMeasured();
+    void clearMeasured();
+
+    /// Replaces the selected point if `replaces` and there is one, otherwise adds the point.
+    void takeMeasured(const MatchingPoint &point, bool replaces);
+    /// A reference cell got another text from the user, who is told when it is no number.
+    void takeReferenceCell(QTableWidgetItem &item);
+
+    void load();
+    void save();
+
+signals:
+    /// A list has changed, once for each operation.
+    void changed();
+
+private:
+    void refuseNumber(const QString &entered);
+    void takeReferenceCells();
+
+    MatchingLists &m_lists;
+    ListQuestions m_questions;
+};
