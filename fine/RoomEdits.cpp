@@ -1,6 +1,5 @@
 #include "RoomEdits.h"
 
-#include "AngleUnits.h"
 #include "bsMatrix.h"
 
 #include <algorithm>
@@ -10,10 +9,6 @@ namespace
 {
 
 constexpr double comparedFactor = 100000.0;
-using AngleUnits::degreesPerRadian;
-/// Below this cosine of theta the noise of a product of rotations outweighs what eta and phi can be read
-/// from.
-constexpr double gimbalCosine = 1e-8;
 
 std::array<double, 9> rotationRows(const RoomAngles &angles)
 {
@@ -59,18 +54,6 @@ AdjustmentBoxes RoomEdits::boxesOf(const RoomTrafoData &record)
         boxes.angles = displayedAngles(record.rotation);
     boxes.scaling = std::isfinite(record.scaling) ? record.scaling : 1.0;
     return boxes;
-}
-
-RoomAngles RoomEdits::anglesOf(const bsMatrix &rotation)
-{
-    std::array<double, 9> rows = controllerRows(rotation);
-    snapAxisAligned(rows);
-    if (std::hypot(rows[5], rows[8]) > gimbalCosine)
-        return anglesFromRotation(rows);
-    RoomAngles angles;
-    angles.theta = std::copysign(90.0, rows[2]);
-    angles.eta = std::atan2(rows[7], rows[4]) * degreesPerRadian;
-    return angles;
 }
 
 void RoomEdits::loaded(const RoomTrafoData &record, const AdjustmentBoxes &boxes)
@@ -138,7 +121,7 @@ RoomPreview RoomEdits::preview(const RoomTrafoData &record, const AdjustmentBoxe
     const bsMatrix relative = bsMatrix::product(before.transposed(), finiteRotation(target.rotation));
     RoomPreview result;
     if (target.rotation != m_loadedRecord.rotation)
-        result.angles = anglesOf(relative);
+        result.angles = displayedAngles(controllerRows(relative));
     result.position = finiteOffset(target) - finiteOffset(m_loadedRecord);
     if (target.rotation != m_loadedRecord.rotation)
         result.position = relative.transformPoint(finiteOffset(target)) - finiteOffset(m_loadedRecord);

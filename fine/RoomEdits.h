@@ -6,8 +6,6 @@
 
 #include <array>
 
-class bsMatrix;
-
 /// What the fine panel's boxes show: zero point offset in mm, room angles in degrees, scaling factor.
 struct AdjustmentBoxes {
     std::array<double, 3> offset = {0.0, 0.0, 0.0};
@@ -33,10 +31,6 @@ public:
     /// The boxes that show a record, before the boxes' own rounding: the negated translation, the displayed
     /// angles.
     static AdjustmentBoxes boxesOf(const RoomTrafoData &record);
-
-    /// The angles of a rotation that comes from a product or a fit and is therefore exact nowhere, not even
-    /// in gimbal lock, where phi becomes 0.
-    static RoomAngles anglesOf(const bsMatrix &rotation);
 
     /// The controller's record was loaded into the room and shown; `boxes` are the boxes' values after their
     /// rounding.

@@ -36,22 +36,23 @@ double withPositiveHalfTurn(double degrees)
     return degrees > -180.01 && degrees <= -180.0 ? 180.0 : degrees;
 }
 
-double finiteOrZero(double value)
+/// The angle to show, in degrees: 0 if it is not finite, and a half turn is +180 even where noise makes it
+/// fall short of -180.
+double shownDegrees(double radians)
 {
-    return std::isfinite(value) ? value : 0.0;
+    constexpr double noise = 1e-5;
+    const double degrees = radians * degreesPerRadian;
+    if (!std::isfinite(degrees))
+        return 0.0;
+    return degrees <= -180.0 + noise ? 180.0 : degrees;
 }
 
-/// Clears R00, R01, R12 and R22, from which eta and phi are read, when all of them would be told as 0; theta
-/// is then a quarter turn.
-void snapGimbalLock(std::array<double, 9> &rows)
+/// Whether the controller would be told 0 for both numbers from which eta, or for both from which phi is
+/// read.
+bool isGimbalLock(const std::array<double, 9> &rows)
 {
-    constexpr std::array<std::size_t, 4> multiplesOfCosine{0, 1, 5, 8};
     const auto isToldAsZero = [&rows](std::size_t i) { return std::abs(rows[i]) < rotationHalfDecimal; };
-    if (!std::all_of(multiplesOfCosine.begin(), multiplesOfCosine.end(), isToldAsZero))
-        return;
-    for (const std::size_t i : multiplesOfCosine)
-        rows[i] = 0.0;
-    rows[2] = snapped(rows[2]);
+    return (isToldAsZero(5) && isToldAsZero(8)) || (isToldAsZero(0) && isToldAsZero(1));
 }
 
 } // namespace
@@ -120,9 +121,13 @@ RoomAngles displayedAngles(const std::array<double, 9> &rows)
 {
     std::array<double, 9> copy = rows;
     snapAxisAligned(copy);
-    snapGimbalLock(copy);
-    const RoomAngles angles = anglesFromRotation(copy);
-    return {finiteOrZero(angles.eta), finiteOrZero(angles.theta), finiteOrZero(angles.phi)};
+    const auto [r00, r01, r02, r10, r11, r12, r20, r21, r22] = copy;
+    const double theta = shownDegrees(std::atan2(r02, std::hypot(r00, r01)));
+    if (isGimbalLock(copy))
+        return {shownDegrees(std::atan2(r21, r11)), theta, 0.0};
+    const double cosine = std::hypot(r12, r22); // of theta; divided by it, r22 and -r12 turn back by eta
+    const double phi = std::atan2((r22 * r10 - r12 * r20) / cosine, (r22 * r11 - r12 * r21) / cosine);
+    return {shownDegrees(-std::atan2(r12, r22)), theta, shownDegrees(phi)};
 }
 
 std::array<double, 9> controllerRows(const bsMatrix &matrix)

@@ -35,11 +35,16 @@ void snapAxisAligned(bsMatrix &matrix);
 /// The sine of theta is clamped to [-1, 1]; values that are not finite give angles that are not finite.
 RoomAngles anglesFromRotation(const std::array<double, 9> &rows);
 
-/// The angles to show to the user: those of a snapped copy, with 0 for each that is not finite.
+/// The angles to show to the user and to preview: one consistent triple, of a snapped copy, with 0 for each
+/// that is not finite.
 ///
-/// A fitted rotation is exact nowhere. What the controller would be told as 0, with its eight decimals,
-/// counts as 0 for the test of the gimbal lock, so what is shown before writing is what is read again
-/// afterwards.
+/// Where theta is nearly a quarter turn, eta and phi come from small numbers, whose noise would turn them
+/// against each other if they were read one by one. Here phi is what is left of the rotation once eta and
+/// theta are taken out, so that the rotation of the three angles is the given one however far the noise
+/// carries eta; theta is read from sine and cosine. In exact arithmetic all three are those of
+/// anglesFromRotation(). In gimbal lock phi is 0 and eta holds the whole turn; what the controller would be
+/// told as 0, with its eight decimals, counts as 0 for that, so that before writing the lock is seen where it
+/// is seen after reading back.
 RoomAngles displayedAngles(const std::array<double, 9> &rows);
 
 /// The upper 3x3 row by row, as the controller reads and writes it.

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 
 class FineLoadingTest : public QObject
@@ -22,6 +23,8 @@ private slots:
     void shouldNeitherShowNorKeepAScalingThatIsNoNumber_data();
     void shouldNeitherShowNorKeepAScalingThatIsNoNumber();
     void shouldShowARecordThatIsNoRotation();
+    void shouldTurnTheRoomByNoMoreThanTheEditNearGimbalLock_data();
+    void shouldTurnTheRoomByNoMoreThanTheEditNearGimbalLock();
 };
 
 void FineLoadingTest::shouldShowTheRecordWhenItLoads()
@@ -161,6 +164,31 @@ void FineLoadingTest::shouldShowARecordThatIsNoRotation()
     p.record = RoomTrafoData();
     p.widget.loadPage();
     QVERIFY(difference(p.room()->transformation(), bsMatrix()) == 0.0);
+}
+
+void FineLoadingTest::shouldTurnTheRoomByNoMoreThanTheEditNearGimbalLock_data()
+{
+    QTest::addColumn<QList<double>>("answer");
+    // Rx(40) Ry(+-90) Rz(25), written with eight decimals after a fit with some noise in the last ones
+    QTest::newRow("up") << QList<double>{2e-8,  -1e-8,       1.0,        0.90630779, 0.42261826,
+                                         -3e-8, -0.42261826, 0.90630779, 1e-8};
+    QTest::newRow("down") << QList<double>{1e-8, 3e-8,       -1.0,       -0.25881905, 0.96592583,
+                                           2e-8, 0.96592583, 0.25881905, -1e-8};
+}
+
+void FineLoadingTest::shouldTurnTheRoomByNoMoreThanTheEditNearGimbalLock()
+{
+    QFETCH(QList<double>, answer);
+    FinePanel p;
+    std::copy(answer.begin(), answer.end(), p.record.rotation.begin());
+    p.widget.loadPage();
+    const double edited = p.box("doubleSpinBox_rx")->value() + 0.01;
+
+    p.type("doubleSpinBox_rx", QString::number(edited, 'f', 2));
+
+    const Eigen::Matrix3d turned = eigen(p.room()->pendingMatrix()).topLeftCorner<3, 3>();
+    const double degrees = std::acos(std::min(1.0, (turned.trace() - 1.0) / 2.0)) * 57.29577951308232;
+    QVERIFY2(degrees < 0.03, qPrintable(QString::number(degrees)));
 }
 
 ROOM_TEST_CLASS(FineLoadingTest)

@@ -1,6 +1,5 @@
 #include "RoomEdits.h"
 #include "TestRegistry.h"
-#include "bsMatrix.h"
 
 #include <Eigen/Geometry>
 #include <QtTest>
@@ -102,7 +101,7 @@ private slots:
     void shouldPreviewNothingWhenAnEditIsTakenBack();
     void shouldMoveThePendingPositionByTheDifferenceOfTheOffsets();
     void shouldSurviveARecordThatIsNoRotation();
-    void shouldReadAnglesOfProductsInGimbalLock();
+    void shouldPreviewProductsInGimbalLock();
 };
 
 void RoomEditsTest::shouldShowTheNegatedTranslationAndTheAngles()
@@ -387,24 +386,32 @@ void RoomEditsTest::shouldSurviveARecordThatIsNoRotation()
     QVERIFY(std::isnan(edits.edited(data, boxes).translation[1]));
 }
 
-void RoomEditsTest::shouldReadAnglesOfProductsInGimbalLock()
+void RoomEditsTest::shouldPreviewProductsInGimbalLock()
 {
+    const RoomTrafoData data = record(rotation(33.0, 44.0, 55.0), {0.0, 0.0, 0.0});
+    RoomEdits edits;
+    edits.loaded(data, shown(data));
     for (int eta = -170; eta <= 180; eta += 10) {
         for (int phi = -170; phi <= 180; phi += 10) {
             for (const double theta : {90.0, -90.0}) {
-                const Eigen::Matrix3d wanted = rotation(33.0, 44.0, 55.0).transpose() *
-                                               (rotation(33.0, 44.0, 55.0) * rotation(eta, theta, phi));
-                bsMatrix matrix;
-                for (int row = 0; row < 3; ++row) {
-                    for (int column = 0; column < 3; ++column)
-                        matrix.at(row, column) = wanted(row, column);
-                }
-                const RoomAngles angles = RoomEdits::anglesOf(matrix);
-                const Eigen::Matrix3d read = rotation(angles.eta, angles.theta, angles.phi);
-                QVERIFY((read - wanted).cwiseAbs().maxCoeff() < 1e-7);
+                AdjustmentBoxes boxes;
+                boxes.angles = {double(eta), theta, double(phi)};
+                const Eigen::Matrix3d wanted =
+                    rotation(33.0, 44.0, 55.0).transpose() * rotation(eta, theta, phi);
+                QVERIFY((poseOf(edits.preview(data, boxes)).linear() - wanted).cwiseAbs().maxCoeff() < 1e-7);
             }
         }
     }
+    edits.loaded(RoomTrafoData(), AdjustmentBoxes());
+    const RoomTrafoData locked = record(rotation(33.0, 44.0, 55.0).transpose() *
+                                            (rotation(33.0, 44.0, 55.0) * rotation(20.0, 90.0, 15.0)),
+                                        {0.0, 0.0, 0.0});
+    AdjustmentBoxes moved;
+    moved.offset[0] = 1.0;
+    const RoomPreview preview = edits.preview(locked, moved);
+    QVERIFY(std::abs(preview.angles.eta - 35.0) < 1e-6);
+    QVERIFY(std::abs(preview.angles.theta - 90.0) < 1e-6);
+    QCOMPARE(preview.angles.phi, 0.0);
 }
 
 ROOM_TEST_CLASS(RoomEditsTest)
