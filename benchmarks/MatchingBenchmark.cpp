@@ -32,14 +32,6 @@ struct Sample {
     Values measured;
 };
 
-MatchingPoints asPoints(const Values &values)
-{
-    MatchingPoints points;
-    for (std::size_t i = 0; i < values.size(); i += 3)
-        points.push_back({values[i], values[i + 1], values[i + 2]});
-    return points;
-}
-
 Milliseconds medianOf(std::vector<Milliseconds> times)
 {
     std::sort(times.begin(), times.end());

@@ -17,13 +17,6 @@ constexpr int largestExchangeCount = 5040;
 constexpr double rivalFactor = 1.02;
 constexpr double rivalMm = 0.05;
 
-bool allFinite(const MatchingPoints &points)
-{
-    return std::all_of(points.begin(), points.end(), [](const MatchingPoint &point) {
-        return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
-    });
-}
-
 double largestCoordinate(const MatchingPoints &points)
 {
     double largest = 0.0;

@@ -9,10 +9,7 @@ namespace
 constexpr int unassigned = -1;
 constexpr unsigned stepsBetweenQuestions = 8;
 
-/// A residual may round down to its single-precision value, and is itself computed with rounding.
-constexpr double singlePrecisionSlack = 2e-7;
-constexpr double coordinateSlack = 4e-12;
-constexpr double boundSlack = 2e-12;
+constexpr double lengthSlack = 2e-12;
 
 template <class List>
 auto &at(List &list, int index)
@@ -55,9 +52,7 @@ double AssignmentTree::largestRmsMm() const
 /// The sum of squares, in the units of the bound, that belongs to the visitor's limit.
 double AssignmentTree::limit() const
 {
-    const double rms =
-        m_visitor->limitMm() / m_bound.unitMm() * (1.0 + singlePrecisionSlack) + coordinateSlack;
-    return m_count * rms * rms * (1.0 + boundSlack);
+    return m_bound.sumWithin(m_visitor->limitMm());
 }
 
 bool AssignmentTree::walk(Visitor &visitor, const GoOn &goOn)
@@ -131,7 +126,7 @@ bool AssignmentTree::assign(int depth, int reference, int measured)
         return false;
     next.moments = m_bound.extended(level.moments, reference, measured);
     const double rest = m_bound.lengthRest(m_referenceTaken, m_measuredTaken);
-    if (m_bound.exceeds(next.moments, limit() - rest * (1.0 - boundSlack)))
+    if (m_bound.exceeds(next.moments, limit() - rest * (1.0 - lengthSlack)))
         return false;
     for (int i = 0; i < m_count; ++i) {
         if (!at(m_referenceTaken, i))

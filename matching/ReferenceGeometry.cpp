@@ -1,5 +1,7 @@
 #include "ReferenceGeometry.h"
 
+#include "ClosestPair.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -49,30 +51,12 @@ bool onLine(const MatchingPoints &points)
     });
 }
 
-bool isFinite(const MatchingPoint &point)
-{
-    return std::isfinite(point[0]) && std::isfinite(point[1]) && std::isfinite(point[2]);
-}
-
-bool anyTwoCoincide(MatchingPoints points)
-{
-    std::sort(points.begin(), points.end());
-    for (auto left = points.begin(); left != points.end(); ++left) {
-        for (auto right = left + 1; right != points.end() && (*right)[0] - (*left)[0] < smallestDistanceMm;
-             ++right) {
-            if (distance(*left, *right) < smallestDistanceMm)
-                return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 ReferenceGeometry ReferenceGeometry::of(const MatchingPoints &references)
 {
-    if (!std::all_of(references.begin(), references.end(), isFinite))
+    if (!allFinite(references))
         return {};
-    return {onLine(references), anyTwoCoincide(references),
+    return {onLine(references), ClosestPair::of(references, smallestDistanceMm).has_value(),
             onLine({references[0], references[1], references[2]})};
 }

@@ -7,6 +7,11 @@
 namespace
 {
 
+/// A residual may round down to its single-precision value, and is itself computed with rounding.
+constexpr double singlePrecisionSlack = 2e-7;
+constexpr double coordinateSlack = 4e-12;
+constexpr double boundSlack = 2e-12;
+
 /// The coefficients of the polynomial.
 struct Invariants {
     double frobenius;
@@ -95,6 +100,20 @@ RotationBound::Moments RotationBound::extended(const Moments &moments, int refer
     result.squares = moments.squares + squareOf(m_references.lengths[i]) + squareOf(m_measured.lengths[j]);
     result.count = moments.count + 1;
     return result;
+}
+
+RotationBound::Moments RotationBound::momentsOf(const PointOrder &order) const
+{
+    Moments moments;
+    for (std::size_t i = 0; i < order.size(); ++i)
+        moments = extended(moments, static_cast<int>(i), order[i]);
+    return moments;
+}
+
+double RotationBound::sumWithin(double rmsMm) const
+{
+    const double rms = rmsMm / m_unitMm * (1.0 + singlePrecisionSlack) + coordinateSlack;
+    return static_cast<double>(m_references.centred.size()) * rms * rms * (1.0 + boundSlack);
 }
 
 bool RotationBound::exceeds(const Moments &moments, double limit) const

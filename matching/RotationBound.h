@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeptOrder.h"
 #include "MatchingPoint.h"
 
 #include <array>
@@ -32,6 +33,13 @@ public:
     [[nodiscard]] double unitMm() const { return m_unitMm; }
 
     [[nodiscard]] Moments extended(const Moments &moments, int reference, int measured) const;
+
+    /// The moments of all pairs of an order.
+    [[nodiscard]] Moments momentsOf(const PointOrder &order) const;
+
+    /// The sum of squares that no fit with this root mean square exceeds, in double precision or rounded to
+    /// single precision.
+    [[nodiscard]] double sumWithin(double rmsMm) const;
 
     /// True when the pairs certainly leave more than `limit`, a sum of squares.
     [[nodiscard]] bool exceeds(const Moments &moments, double limit) const;

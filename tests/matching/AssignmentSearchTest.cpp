@@ -16,21 +16,13 @@ namespace
 using Outcome = AssignmentSearch::Outcome;
 using Rival = AssignmentSearch::Rival;
 
-MatchingPoints points(const std::vector<double> &values)
-{
-    MatchingPoints result;
-    for (std::size_t i = 0; i < values.size(); i += 3)
-        result.push_back({values[i], values[i + 1], values[i + 2]});
-    return result;
-}
-
 /// References, and the same points measured in another order: reference i is measured point order[i].
 struct Shuffled {
     Shuffled(PointSets &sets, const std::vector<double> &values, double sigmaMm)
-        : references(points(values))
+        : references(asPoints(values))
         , order(references.size())
     {
-        const MatchingPoints moved = points(sets.moved(values, sigmaMm));
+        const MatchingPoints moved = asPoints(sets.moved(values, sigmaMm));
         std::iota(order.begin(), order.end(), 0);
         std::shuffle(order.begin(), order.end(), sets.generator());
         measured.resize(moved.size());
@@ -173,7 +165,7 @@ void AssignmentSearchTest::shouldAnswerAtOnceWhenNoOrderIsValid()
 {
     QFETCH(std::vector<double>, references);
     QFETCH(std::vector<double>, measured);
-    AssignmentSearch search(points(references), points(measured));
+    AssignmentSearch search(asPoints(references), asPoints(measured));
     const AssignmentSearch::Result result = search.run([]() { return false; });
     QVERIFY(result.outcome == Outcome::NoValidOrder);
     QVERIFY(result.order.empty());
@@ -196,7 +188,7 @@ void AssignmentSearchTest::shouldStayFastWhereManyReferencePointsAreEqual()
 void AssignmentSearchTest::shouldStopWhenToldSo()
 {
     PointSets sets(75);
-    AssignmentSearch search(points(sets.box(30, 1000)), points(sets.box(30, 1000)));
+    AssignmentSearch search(asPoints(sets.box(30, 1000)), asPoints(sets.box(30, 1000)));
     int questions = 0;
     const AssignmentSearch::Result result = search.run([&questions]() { return ++questions < 50; });
     QVERIFY(result.outcome == Outcome::Cancelled);
@@ -207,7 +199,7 @@ void AssignmentSearchTest::shouldStopWhenToldSo()
 void AssignmentSearchTest::shouldAskOftenEnough()
 {
     PointSets sets(76);
-    AssignmentSearch search(points(sets.box(50, 1000)), points(sets.box(50, 1000)));
+    AssignmentSearch search(asPoints(sets.box(50, 1000)), asPoints(sets.box(50, 1000)));
     QElapsedTimer clock;
     clock.start();
     qint64 last = 0, longest = 0;
@@ -225,7 +217,7 @@ void AssignmentSearchTest::shouldAskOftenEnough()
 void AssignmentSearchTest::shouldStopTheSearchForARivalWhenToldSo()
 {
     PointSets sets(77);
-    AssignmentSearch search(points(sets.box(12, 1000)), points(sets.box(12, 1000)));
+    AssignmentSearch search(asPoints(sets.box(12, 1000)), asPoints(sets.box(12, 1000)));
     const AssignmentSearch::Result result = search.run({});
     QVERIFY(result.outcome == Outcome::Found);
     QVERIFY(search.findRival(result, []() { return false; }) == Rival::Cancelled);

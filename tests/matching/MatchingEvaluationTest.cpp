@@ -13,14 +13,6 @@ namespace
 using Outcome = MatchingEvaluation::Outcome;
 using Order = MatchingEvaluation::Order;
 
-MatchingPoints asPoints(const std::vector<double> &values)
-{
-    MatchingPoints result;
-    for (std::size_t i = 0; i < values.size(); i += 3)
-        result.push_back({values[i], values[i + 1], values[i + 2]});
-    return result;
-}
-
 MatchingEvaluation evaluated(const MatchingPoints &references, const MatchingPoints &measured,
                              Order order = Order::Searched)
 {

@@ -5,6 +5,14 @@
 #include <algorithm>
 #include <numeric>
 
+MatchingPoints asPoints(const std::vector<double> &values)
+{
+    MatchingPoints points;
+    for (std::size_t i = 0; i < values.size(); i += 3)
+        points.push_back({values[i], values[i + 1], values[i + 2]});
+    return points;
+}
+
 std::vector<double> PointSets::box(int count, double spreadMm)
 {
     std::vector<double> points(3 * static_cast<std::size_t>(count));

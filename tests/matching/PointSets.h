@@ -1,7 +1,12 @@
 #pragma once
 
+#include "MatchingPoint.h"
+
 #include <random>
 #include <vector>
+
+/// Points of which x y z stand one after the other.
+MatchingPoints asPoints(const std::vector<double> &values);
 
 /// Seeded point sets for the fit and the search.
 class PointSets

@@ -13,14 +13,6 @@
 namespace
 {
 
-MatchingPoints points(const std::vector<double> &values)
-{
-    MatchingPoints result;
-    for (std::size_t i = 0; i < values.size(); i += 3)
-        result.push_back({values[i], values[i + 1], values[i + 2]});
-    return result;
-}
-
 Eigen::Matrix3Xd centred(const MatchingPoints &list)
 {
     Eigen::Matrix3Xd matrix(3, static_cast<Eigen::Index>(list.size()));
@@ -56,8 +48,8 @@ void RotationBoundTest::shouldExcludeJustBelowTheLeastSquaresAndNeverAbove()
     PointSets sets(61);
     for (int trial = 0; trial < 3000; ++trial) {
         const int count = sets.integer(3, 30);
-        const MatchingPoints references = points(sets.box(count, 2000));
-        const MatchingPoints measured = points(sets.box(count, 2000));
+        const MatchingPoints references = asPoints(sets.box(count, 2000));
+        const MatchingPoints measured = asPoints(sets.box(count, 2000));
         const RotationBound bound(references, measured);
         const Eigen::Matrix3Xd a = centred(references) / bound.unitMm(),
                                b = centred(measured) / bound.unitMm();
@@ -94,7 +86,7 @@ void RotationBoundTest::shouldNeverExcludeWhatFitsExactly()
             if (static_cast<int>(axis) >= 3 - kind || (kind == 4 && i > 5))
                 values[i] = values[axis];
         }
-        const MatchingPoints references = points(values), measured = points(sets.moved(values, 0.0));
+        const MatchingPoints references = asPoints(values), measured = asPoints(sets.moved(values, 0.0));
         const RotationBound bound(references, measured);
         const double slack = 4e-12;
         RotationBound::Moments moments;
@@ -110,8 +102,8 @@ void RotationBoundTest::shouldBoundByLengthsWhatAllOrdersLeave()
     PointSets sets(63);
     for (int trial = 0; trial < 40; ++trial) {
         const int count = 6;
-        const MatchingPoints references = points(sets.box(count, 100));
-        const MatchingPoints measured = points(sets.moved(sets.box(count, 100), 0));
+        const MatchingPoints references = asPoints(sets.box(count, 100));
+        const MatchingPoints measured = asPoints(sets.moved(sets.box(count, 100), 0));
         const RotationBound bound(references, measured);
         const Eigen::Matrix3Xd a = centred(references) / bound.unitMm(),
                                b = centred(measured) / bound.unitMm();

@@ -10,14 +10,6 @@ using SweepFamilies::Case;
 using SweepFamilies::Family;
 using Values = std::vector<double>;
 
-MatchingPoints asPoints(const Values &values)
-{
-    MatchingPoints points;
-    for (std::size_t i = 0; i < values.size(); i += 3)
-        points.push_back({values[i], values[i + 1], values[i + 2]});
-    return points;
-}
-
 Case measuredWith(PointSets &sets, const Values &references, double sigmaMm)
 {
     return {asPoints(references), asPoints(sets.shuffled(sets.moved(references, sigmaMm)))};

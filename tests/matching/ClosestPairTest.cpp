@@ -1,0 +1,65 @@
+#include "ClosestPair.h"
+
+#include "PointSets.h"
+#include "TestRegistry.h"
+
+#include <QtTest>
+
+#include <cmath>
+
+class ClosestPairTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldFindWhatComparingAllFinds()
+    {
+        PointSets sets(41);
+        int found = 0;
+        for (int trial = 0; trial < 500; ++trial) {
+            const int count = sets.integer(0, 30);
+            MatchingPoints points;
+            const bool flat = sets.integer(0, 1) == 1;
+            for (int i = 0; i < count; ++i)
+                points.push_back(
+                    {flat ? 7.0 : sets.uniform(0, 10), sets.uniform(0, 10), sets.uniform(0, 40)});
+            const double belowMm = sets.uniform(0, 4);
+            int first = -1, second = -1;
+            double least = belowMm;
+            for (int i = 0; i < count; ++i) {
+                for (int j = i + 1; j < count; ++j) {
+                    const MatchingPoint &p = points[static_cast<std::size_t>(i)];
+                    const MatchingPoint &q = points[static_cast<std::size_t>(j)];
+                    const double distance = std::hypot(p[0] - q[0], p[1] - q[1], p[2] - q[2]);
+                    if (distance < least) {
+                        least = distance;
+                        first = i;
+                        second = j;
+                    }
+                }
+            }
+            const std::optional<ClosestPair> pair = ClosestPair::of(points, belowMm);
+            QCOMPARE(pair.has_value(), first >= 0);
+            if (!pair)
+                continue;
+            ++found;
+            QCOMPARE(pair->first, first);
+            QCOMPARE(pair->second, second);
+            QCOMPARE(pair->distanceMm, least);
+        }
+        QVERIFY(found > 100);
+    }
+
+    void shouldFindEqualPointsAndNothingAtTheLimit()
+    {
+        const MatchingPoints points = {{1, 2, 3}, {4, 2, 3}, {1, 2, 3}};
+        QCOMPARE(ClosestPair::of(points, 1.0)->distanceMm, 0.0);
+        QVERIFY(!ClosestPair::of(points, 0.0));
+        QVERIFY(!ClosestPair::of({points[0], points[1]}, 3.0));
+        QVERIFY(ClosestPair::of({points[0], points[1]}, 3.1));
+    }
+};
+
+ROOM_TEST_CLASS(ClosestPairTest)
+
+#include "ClosestPairTest.moc"
