@@ -1,9 +1,9 @@
 #include "ListEditing.h"
 
 #include "NumberText.h"
+#include "ObjectWatch.h"
 #include "ReferencePointFile.h"
 
-#include <QPointer>
 #include <QTableWidgetItem>
 #include <QTimer>
 #include <QWidget>
@@ -32,8 +32,8 @@ void ListEditing::removeSelectedReference()
         m_questions.tellNothingIsSelected();
         return;
     }
-    const QPointer<ListEditing> self(this);
-    if (!m_questions.shallRemoveRow(row) || self.isNull() || row >= m_lists.referenceTable().rowCount())
+    const ObjectWatch self(this);
+    if (!m_questions.shallRemoveRow(row) || !self || row >= m_lists.referenceTable().rowCount())
         return;
     m_lists.removeReference(row);
     emit changed();
@@ -42,9 +42,8 @@ void ListEditing::removeSelectedReference()
 void ListEditing::removeSelectedMeasured()
 {
     const int row = m_lists.measuredTable().selectedRow();
-    const QPointer<ListEditing> self(this);
-    if (row < 0 || !m_questions.shallRemoveRow(row) || self.isNull() ||
-        row >= m_lists.measuredTable().rowCount())
+    const ObjectWatch self(this);
+    if (row < 0 || !m_questions.shallRemoveRow(row) || !self || row >= m_lists.measuredTable().rowCount())
         return;
     m_lists.removeMeasured(row);
     emit changed();
@@ -52,8 +51,8 @@ void ListEditing::removeSelectedMeasured()
 
 void ListEditing::clearMeasured()
 {
-    const QPointer<ListEditing> self(this);
-    if (m_lists.measuredTable().rowCount() == 0 || !m_questions.shallRemoveAllMeasured() || self.isNull())
+    const ObjectWatch self(this);
+    if (m_lists.measuredTable().rowCount() == 0 || !m_questions.shallRemoveAllMeasured() || !self)
         return;
     m_lists.clearMeasured();
     emit changed();
@@ -81,9 +80,9 @@ void ListEditing::takeReferenceCell(QTableWidgetItem &item)
 
 void ListEditing::refuseNumber(const QString &entered)
 {
-    const QPointer<ListEditing> self(this);
+    const ObjectWatch self(this);
     m_questions.tellIsNoNumber(entered);
-    if (!self.isNull())
+    if (self)
         takeReferenceCells();
 }
 
@@ -96,9 +95,9 @@ void ListEditing::takeReferenceCells()
 void ListEditing::load()
 {
     using Result = ReferencePointFile::LoadResult;
-    const QPointer<ListEditing> self(this);
+    const ObjectWatch self(this);
     const QString name = m_questions.fileToLoad();
-    if (name.isEmpty() || self.isNull())
+    if (name.isEmpty() || !self)
         return;
     MatchingPoints points;
     const Result result = ReferencePointFile::load(name, points);
@@ -116,8 +115,8 @@ void ListEditing::save()
         m_questions.tellNothingIsToSave();
         return;
     }
-    const QPointer<ListEditing> self(this);
+    const ObjectWatch self(this);
     const QString name = m_questions.fileToSave();
-    if (!name.isEmpty() && !self.isNull())
+    if (!name.isEmpty() && self)
         static_cast<void>(ReferencePointFile::save(name, m_lists.referenceTable().texts()));
 }

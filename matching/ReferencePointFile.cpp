@@ -19,6 +19,13 @@ struct FileCloser {
 
 using FilePointer = std::unique_ptr<std::FILE, FileCloser>;
 
+bool isThere(const QByteArray &name)
+{
+    struct stat status {
+    };
+    return ::stat(name.constData(), &status) == 0;
+}
+
 /// Opens regular files only: a directory opens but cannot be read, and a pipe may wait for ever.
 FilePointer openForReading(const QByteArray &name)
 {
@@ -49,9 +56,19 @@ LoadResult load(const QString &fileName, MatchingPoints &points)
     return LoadResult::Loaded;
 }
 
+bool exists(const QString &fileName)
+{
+    return isThere(fileName.toLatin1()) || isThere(QFile::encodeName(fileName));
+}
+
+QString suffix()
+{
+    return QStringLiteral("txt");
+}
+
 QString savedName(const QString &fileName)
 {
-    const QString ending = QStringLiteral(".txt");
+    const QString ending = QLatin1Char('.') + suffix();
     const QString name = fileName.trimmed();
     return name.endsWith(ending) ? name : name + ending;
 }

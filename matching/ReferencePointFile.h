@@ -24,8 +24,14 @@ enum class LoadResult {
 /// formats see ReferencePointReader.
 [[nodiscard]] LoadResult load(const QString &fileName, MatchingPoints &points);
 
+/// Whether load() would find something of that name.
+[[nodiscard]] bool exists(const QString &fileName);
+
 /// The texts of the three coordinate cells of one table row.
 using Row = std::array<QString, 3>;
+
+/// The ending of the files that are saved, without the point.
+[[nodiscard]] QString suffix();
 
 /// `fileName` without blanks around it and with ".txt" behind it, unless it ends so.
 [[nodiscard]] QString savedName(const QString &fileName);

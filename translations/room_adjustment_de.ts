@@ -1008,6 +1008,25 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>PointFilePrompt</name>
+    <message>
+        <source>File not found</source>
+        <translation>Datei nicht gefunden</translation>
+    </message>
+    <message>
+        <source>There is no file &quot;%1&quot;.</source>
+        <translation>Es gibt keine Datei „%1“.</translation>
+    </message>
+    <message>
+        <source>Replace file</source>
+        <translation>Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; exists already. Shall it be replaced?</source>
+        <translation>„%1“ gibt es schon. Soll sie ersetzt werden?</translation>
+    </message>
+</context>
+<context>
     <name>RoomAdjustmentDlg2g</name>
     <message>
         <source>Camera</source>

@@ -1,9 +1,10 @@
+#include "FileChoice.h"
 #include "OpenedDialog.h"
+#include "PointFilePrompt.h"
 #include "TestRegistry.h"
 
 #include <QCheckBox>
 #include <QFile>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -16,29 +17,6 @@ namespace
 
 constexpr auto referenceTable = "tableWidget_referencePoints";
 constexpr auto measuredTable = "tableWidget_measuredPoints";
-
-/// Chooses a file in a file dialog and notes what the dialog asked for.
-struct FileChoice {
-    QString name;
-    QString title;
-    QString directory;
-    QStringList filters;
-
-    void operator()(QWidget *window)
-    {
-        auto *dialog = qobject_cast<QFileDialog *>(window);
-        QVERIFY(dialog);
-        title = dialog->windowTitle();
-        directory = dialog->directory().absolutePath();
-        filters = dialog->nameFilters();
-        if (name.isEmpty()) {
-            dialog->reject();
-            return;
-        }
-        dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(name);
-        QMetaObject::invokeMethod(dialog, "accept");
-    }
-};
 
 QByteArray contentsOf(const QString &name)
 {
@@ -88,6 +66,7 @@ void MatchingListsTest::init()
 {
     m_directory = std::make_unique<QTemporaryDir>();
     QVERIFY(m_directory->isValid());
+    PointFilePrompt::forgetFolder();
 }
 
 void MatchingListsTest::write(const char *name, const QByteArray &contents) const
