@@ -1,6 +1,8 @@
 #include "EventSteps.h"
 
+#include <QGuiApplication>
 #include <QTimer>
+#include <QWindow>
 
 namespace
 {
@@ -34,22 +36,47 @@ void EventSteps::pollLater()
 
 void EventSteps::poll()
 {
-    if (m_next == m_steps.size()) {
+    if (!hasLastEnded())
+        pollLaterOrFail(m_steps[m_next - 1].name);
+    else if (m_next == m_steps.size())
         emit finished();
-        return;
-    }
-    const Step &step = m_steps[m_next];
-    m_readyPolls = step.isReady() ? m_readyPolls + 1 : 0;
-    if (m_readyPolls < neededReadyPolls) {
-        if (m_waiting.hasExpired(m_patience.count()))
-            emit failed(step.name);
-        else
-            pollLater();
-        return;
-    }
-    ++m_next;
+    else if (isReadyToBegin())
+        begin();
+    else
+        pollLaterOrFail(m_steps[m_next].name);
+}
+
+void EventSteps::pollLaterOrFail(const QString &stepName)
+{
+    if (m_waiting.hasExpired(m_patience.count()))
+        emit failed(stepName);
+    else
+        pollLater();
+}
+
+bool EventSteps::hasLastEnded() const
+{
+    const QWindow *modal = QGuiApplication::modalWindow();
+    return !m_isLastBusy || (modal != nullptr && modal != m_modalBefore);
+}
+
+bool EventSteps::isReadyToBegin()
+{
+    m_readyPolls = m_steps[m_next].isReady() ? m_readyPolls + 1 : 0;
+    return m_readyPolls >= neededReadyPolls;
+}
+
+void EventSteps::begin()
+{
+    const std::size_t number = ++m_next;
     m_readyPolls = 0;
+    m_isLastBusy = true;
+    m_modalBefore = QGuiApplication::modalWindow();
     m_waiting.start();
     pollLater();
-    step.act();
+    m_steps[number - 1].act();
+    if (number != m_next)
+        return; // later steps have been done inside this one
+    m_isLastBusy = false;
+    m_waiting.start();
 }

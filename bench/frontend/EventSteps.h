@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <chrono>
@@ -10,8 +11,9 @@
 
 /// Steps that are done one after another from the event loop, in whatever modal loop it is at the moment.
 ///
-/// Each step waits until it is ready, and is then done. A step may open a modal dialog and so return only
-/// when later steps have closed it.
+/// Each step waits until the one before it has ended and it is ready itself, and is then done. What a step
+/// does may run the event loop in between, as typing does: it has ended when it returns. One that opens a
+/// modal window has ended with that, since it returns only when later steps have closed the window.
 class EventSteps : public QObject
 {
     Q_OBJECT
@@ -23,7 +25,7 @@ public:
         std::function<void()> act;
     };
 
-    /// A step that is not ready after `patience` ends the whole with failed().
+    /// A step that is not ready, or has not ended, after `patience` ends the whole with failed().
     explicit EventSteps(std::chrono::milliseconds patience, QObject *parent = nullptr);
 
     void add(Step step) { m_steps.push_back(std::move(step)); }
@@ -36,9 +38,15 @@ signals:
 private:
     void poll();
     void pollLater();
+    void pollLaterOrFail(const QString &stepName);
+    bool isReadyToBegin();
+    bool hasLastEnded() const;
+    void begin();
 
     std::vector<Step> m_steps;
     std::size_t m_next = 0;
+    bool m_isLastBusy = false;       // the step before m_next has not returned
+    QPointer<QObject> m_modalBefore; // the modal window that stood when it began
     int m_readyPolls = 0;
     std::chrono::milliseconds m_patience;
     QElapsedTimer m_waiting;

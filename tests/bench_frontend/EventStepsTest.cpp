@@ -8,6 +8,25 @@
 
 using namespace std::chrono_literals;
 
+namespace
+{
+
+/// Comes back when so many keys have been typed by a slow hand; the event loop runs meanwhile.
+void typeSlowly(int keys)
+{
+    constexpr int slowKeyMs = 25;
+    QEventLoop loop;
+    QTimer hand;
+    QObject::connect(&hand, &QTimer::timeout, &loop, [&] {
+        if (--keys == 0)
+            loop.quit();
+    });
+    hand.start(slowKeyMs);
+    loop.exec();
+}
+
+} // namespace
+
 class EventStepsTest : public QObject
 {
     Q_OBJECT
@@ -39,6 +58,57 @@ private slots:
         steps.start();
         QVERIFY(finished.wait());
         QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+    }
+
+    void shouldNotBeginAStepBeforeTheOneBeforeItHasEnded()
+    {
+        // GIVEN
+        EventSteps steps(5s);
+        QStringList seen;
+        steps.add({QStringLiteral("slow"), [] { return true; },
+                   [&seen] {
+                       seen << QStringLiteral("slow begins");
+                       typeSlowly(10);
+                       seen << QStringLiteral("slow ends");
+                   }});
+        steps.add({QStringLiteral("next"), [] { return true; }, [&seen] { seen << QStringLiteral("next"); }});
+        QSignalSpy finished(&steps, &EventSteps::finished);
+        // WHEN
+        steps.start();
+        // THEN
+        QVERIFY(finished.wait());
+        QCOMPARE(seen, (QStringList{QStringLiteral("slow begins"), QStringLiteral("slow ends"),
+                                    QStringLiteral("next")}));
+    }
+
+    void shouldNotBeDoneBeforeTheLastStepHasEnded()
+    {
+        EventSteps steps(5s);
+        bool hasEnded = false;
+        bool wasEnded = false;
+        steps.add({QStringLiteral("slow"), [] { return true; },
+                   [&hasEnded] {
+                       typeSlowly(10);
+                       hasEnded = true;
+                   }});
+        QObject::connect(&steps, &EventSteps::finished, &steps, [&] { wasEnded = hasEnded; });
+        QSignalSpy finished(&steps, &EventSteps::finished);
+        steps.start();
+        QVERIFY(finished.wait());
+        QVERIFY(wasEnded);
+    }
+
+    void shouldNameTheStepThatDoesNotEnd()
+    {
+        EventSteps steps(100ms);
+        QEventLoop endless;
+        steps.add({QStringLiteral("endless"), [] { return true; }, [&endless] { endless.exec(); }});
+        steps.add({QStringLiteral("next"), [] { return true; }, [] {}});
+        QSignalSpy failed(&steps, &EventSteps::failed);
+        QObject::connect(&steps, &EventSteps::failed, &endless, &QEventLoop::quit);
+        steps.start();
+        QVERIFY(failed.wait());
+        QCOMPARE(failed.constFirst().constFirst().toString(), QStringLiteral("endless"));
     }
 
     void shouldNameTheStepThatIsNeverReady()

@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QThread>
 #include <QtTest>
 
 namespace
@@ -17,6 +18,21 @@ namespace
 
 constexpr int patienceMs = 60000;
 constexpr double degreesPerRadian = 57.29577951308232;
+
+/// A keyboard on which each key takes longer than the job takes between two looks at its next step.
+class SlowKeys : public QObject
+{
+public:
+    SlowKeys() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        constexpr unsigned long slowKeyMs = 70;
+        if (event->type() == QEvent::KeyPress && watched->isWindowType())
+            QThread::msleep(slowKeyMs);
+        return false;
+    }
+};
 
 /// Runs the main job on a module of the tests' own.
 struct JobRun {
@@ -110,6 +126,21 @@ private slots:
         QCOMPARE(fake.state().extra.translation.x, -129.5);
         QVERIFY(std::fabs(fake.state().extra.rotation.rows[0] - std::cos(100.0 / degreesPerRadian)) < 1e-7);
         QVERIFY(std::fabs(fake.state().extra.rotation.rows[3] - std::sin(100.0 / degreesPerRadian)) < 1e-7);
+    }
+
+    void shouldWriteWhatWasAskedForHoweverLongTypingTakes()
+    {
+        // GIVEN
+        FakeController fake;
+        fake.link.ask("velmar2 set tracking extra_rotation 0 -1 0 1 0 0 0 0 1");
+        fake.link.ask("velmar2 set tracking extra_translation 120.5 0 0");
+        JobRun run(fake);
+        const SlowKeys keys;
+        // WHEN
+        const int exitCode = run.exitCode();
+        // THEN
+        QVERIFY2(exitCode == 0, qPrintable(run.text));
+        QCOMPARE(fake.state().extra.translation.x, -129.5);
     }
 
     void shouldFailWhenWhatTheControllerHeldIsLost()
