@@ -1,16 +1,17 @@
 #include "AbcMatchingDialog.h"
 
-#include "EvaluationRun.h"
+#include "EvaluationThread.h"
 #include "IOManager.h"
 #include "ListEditing.h"
+#include "MatchingControls.h"
 #include "MatchingEvaluation.h"
 #include "MatchingHelp.h"
 #include "MatchingLists.h"
 #include "MatchingReport.h"
+#include "MeasuringView.h"
 #include "Resources.h"
 #include "ResultView.h"
 #include "SearchProgress.h"
-#include "ToolControls.h"
 #include "ui_AbcMatchingDialog.h"
 
 #include <QCloseEvent>
@@ -42,7 +43,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::AbcMatchingDialogClass>())
     , m_controller(commands, versions)
-    , m_run(new EvaluationRun(this))
+    , m_evaluation(new EvaluationThread(this))
     , m_progress(new SearchProgress(this))
 {
     loadResources();
@@ -50,7 +51,8 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_lists =
         std::make_unique<MatchingLists>(m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_editing = new ListEditing(*m_lists, this);
-    m_tools = std::make_unique<ToolControls>(*m_ui);
+    m_controls = std::make_unique<MatchingControls>(*m_ui, *this);
+    m_measuring = std::make_unique<MeasuringView>(*m_ui);
     m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
@@ -69,7 +71,7 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
-    connect(m_run, &EvaluationRun::finished, this, &AbcMatchingDialog::showEvaluation);
+    connect(m_evaluation, &EvaluationThread::finished, this, &AbcMatchingDialog::showEvaluation);
     connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
 }
 
@@ -77,18 +79,21 @@ void AbcMatchingDialog::connectOwnSignals()
 
 int AbcMatchingDialog::update_and_exec()
 {
-    if (isVisible() || m_opening) {
-        raise();
-        activateWindow();
-        return noResult;
-    }
+    if (!isVisible() && !m_state.isOpening())
+        return surveyAndExec();
+    raise();
+    activateWindow();
+    return noResult;
+}
+
+int AbcMatchingDialog::surveyAndExec()
+{
     const QPointer<AbcMatchingDialog> self(this);
-    m_opening = true;
-    startAnew();
+    m_state.beginOpening();
+    m_sampler.restart();
     const ToolSurvey survey = surveyTools(m_controller);
     if (self.isNull())
         return noResult;
-    m_opening = false;
     showSurvey(survey);
     const int result = exec();
     if (!self.isNull())
@@ -96,29 +101,16 @@ int AbcMatchingDialog::update_and_exec()
     return result;
 }
 
-void AbcMatchingDialog::startAnew()
-{
-    m_toolCount = 0;
-    m_toolReady = false;
-    m_measuring = false;
-    m_sampler.restart();
-}
-
 void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
 {
-    using Verdict = ToolSurvey::Verdict;
-    m_toolCount = survey.toolCount;
-    m_toolReady = survey.verdict == Verdict::Ready;
-    m_opened = m_toolReady || survey.verdict == Verdict::NotCalibrated;
-    m_tools->fill(survey.calibrated);
-    m_sampler.selectTool(m_tools->selectedTool());
-    setUsable(m_opened);
-    m_verdict = survey.verdict;
+    m_state.opened(survey);
+    m_measuring->fill(survey.calibrated);
+    m_sampler.selectTool(m_measuring->selectedTool());
+    showState();
     showSurveyTexts();
     m_ui->progressBar->setValue(0);
-    showTrackingStatus();
-    m_tools->enableMeasuring(m_toolReady);
-    if (m_toolReady)
+    m_measuring->showTracking(m_sampler.isTracked());
+    if (m_state.isToolReady())
         m_timer.start();
 }
 
@@ -126,50 +118,28 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
 void AbcMatchingDialog::showSurveyTexts()
 {
     using Verdict = ToolSurvey::Verdict;
-    m_tools->showNoToolNotice(m_verdict == Verdict::NotCalibrated);
-    if (m_verdict == Verdict::NotSupported)
+    m_measuring->showNoToolNotice(m_state.verdict() == Verdict::NotCalibrated);
+    if (m_state.verdict() == Verdict::NotSupported)
         m_result->showNotice(
             tr("This controller does not support measuring points with a measurement tool."));
-    else if (m_verdict == Verdict::NotAvailable)
+    else if (m_state.verdict() == Verdict::NotAvailable)
         m_result->showNotice(tr("The controller offers no measurement tool."));
     else
         m_result->showNotice();
 }
 
-/// Disables every control but Cancel, or gives each the state that fits.
-void AbcMatchingDialog::setUsable(bool usable)
-{
-    m_usable = usable;
-    const QList<QWidget *> controls = findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly);
-    for (QWidget *control : controls) {
-        if (!control->isWindow())
-            control->setEnabled(usable || control == m_ui->w_closeButton);
-    }
-    showState();
-}
-
 void AbcMatchingDialog::showState()
 {
-    const bool busy = m_run->isRunning();
-    const bool free = m_usable && !busy;
-    m_ui->tableWidget_referencePoints->setEnabled(free);
-    m_ui->w_loadButton->setEnabled(free);
-    m_ui->pushButton_save->setEnabled(free && m_lists->referenceTable().rowCount() > 0);
-    m_ui->pushButton_addRefPoint->setEnabled(free);
-    m_ui->pushButton_removeRefPoint->setEnabled(free);
-    m_ui->w_orderCheckBox->setEnabled(free);
-    m_ui->w_replaceCheckBox->setEnabled(free && m_lists->measuredTable().selectedRow() >= 0);
-    m_ui->w_removeButton->setEnabled(free);
-    m_ui->pushButton_clearMeaPoints->setEnabled(free && m_lists->measuredTable().rowCount() > 0);
-    m_ui->progressBar->setEnabled(m_usable && m_toolReady);
-    m_ui->w_applyButton->setEnabled(free && m_valid);
+    const int measured = m_lists->measuredTable().rowCount();
+    const bool selected = m_lists->measuredTable().selectedRow() >= 0;
+    m_controls->show(m_state.controls({m_lists->referenceTable().rowCount(), measured, selected}));
 }
 
 void AbcMatchingDialog::endOpening()
 {
     m_timer.stop();
-    m_opened = false;
-    if (m_run->isRunning())
+    m_state.closed();
+    if (m_state.isSearching())
         cancelSearch();
 }
 
@@ -228,10 +198,10 @@ int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
         return undecodable;
     constexpr char endingKind[] = "6dmt ";
     const bool ends = kind && std::strncmp(kind, endingKind, sizeof endingKind - 1) == 0;
-    if (ends || !m_opened || m_run->isRunning())
+    if (ends || !m_state.takesRecords())
         return noResult;
     const QPointer<AbcMatchingDialog> self(this);
-    const int count = std::min(m_toolCount, m_sampler.toolCount());
+    const int count = std::min(m_state.toolCount(), m_sampler.toolCount());
     for (int index = 0; index < count && !self.isNull(); ++index)
         takeStep(m_sampler.sample(index));
     return noResult;
@@ -278,47 +248,47 @@ void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
 void AbcMatchingDialog::on_w_measureButton_clicked()
 {
     const int tool = m_sampler.selectedTool();
-    if (tool == ToolSampler::noTool || m_starting || m_run->isRunning())
-        return;
+    if (tool != ToolSampler::noTool && m_state.canStart())
+        startMeasurement(tool);
+}
+
+void AbcMatchingDialog::startMeasurement(int tool)
+{
     const QPointer<AbcMatchingDialog> self(this);
     const ControllerAccess controller = m_controller;
-    m_starting = true;
-    m_measuring = true;
-    m_tools->enableMeasuring(false);
+    m_state.beginStart();
+    showState();
     const double duration = controller.measurementDuration(tool);
     if (self.isNull())
         return;
-    m_tools->showStart(duration);
+    m_measuring->showStart(duration);
     const double tolerance = controller.tipTolerance(tool);
     if (self.isNull())
         return;
     m_sampler.setLimits(duration, tolerance);
     controller.startTipMeasurement(tool);
     if (!self.isNull())
-        m_starting = false;
+        m_state.started();
 }
 
 void AbcMatchingDialog::updateProgressbar(const double &elapsed)
 {
-    m_tools->showElapsed(elapsed);
-    m_measuring = elapsed > 0.0;
+    m_measuring->showElapsed(elapsed);
+    m_state.measured(elapsed);
 }
 
 void AbcMatchingDialog::showTrackingStatus()
 {
-    const bool selected = m_sampler.selectedTool() != ToolSampler::noTool;
-    const bool tracked = selected && m_sampler.isTracked();
-    if (!tracked || m_run->isRunning())
-        m_tools->enableMeasuring(false);
-    else if (!m_measuring)
-        m_tools->enableMeasuring(m_usable);
-    m_tools->showTracking(tracked);
+    const bool tracked = m_sampler.selectedTool() != ToolSampler::noTool && m_sampler.isTracked();
+    m_state.looked(tracked);
+    showState();
+    m_measuring->showTracking(tracked);
 }
 
 void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 {
     Q_UNUSED(index)
-    m_sampler.selectTool(m_tools->selectedTool());
+    m_sampler.selectTool(m_measuring->selectedTool());
 }
 
 void AbcMatchingDialog::addMeasuredPoint()
@@ -372,7 +342,7 @@ void AbcMatchingDialog::onRPSelected(QModelIndex index)
 
 void AbcMatchingDialog::on_tableWidget_referencePoints_itemChanged(QTableWidgetItem *item)
 {
-    if (m_opened && item)
+    if (m_state.isOpen() && item)
         m_editing->takeReferenceCell(*item);
 }
 
@@ -406,29 +376,29 @@ void AbcMatchingDialog::onOrderToggled(bool toggled)
 
 void AbcMatchingDialog::evaluate()
 {
-    m_valid = false;
+    m_state.beginEvaluation();
     m_transformedPoints.clear();
     m_result->clear();
     const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
                                                 ? MatchingEvaluation::Order::Preserved
                                                 : MatchingEvaluation::Order::Searched;
     const std::optional<MatchingEvaluation> evaluation =
-        m_run->start(m_lists->references(), m_lists->measured(), order);
+        m_evaluation->start(m_lists->references(), m_lists->measured(), order);
     if (evaluation) {
         showEvaluation(*evaluation);
         return;
     }
+    m_state.searchGoesOn();
     m_sampler.drop();
     updateProgressbar(0.0);
     m_progress->start();
     m_result->showSearching();
-    showState();
     showTrackingStatus();
 }
 
 void AbcMatchingDialog::cancelSearch()
 {
-    m_run->cancel();
+    m_evaluation->cancel();
     MatchingEvaluation evaluation;
     evaluation.outcome = MatchingEvaluation::Outcome::Cancelled;
     showEvaluation(evaluation);
@@ -437,8 +407,9 @@ void AbcMatchingDialog::cancelSearch()
 void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
 {
     m_progress->stop();
-    m_valid = evaluation.outcome == MatchingEvaluation::Outcome::Matched;
-    if (m_valid) {
+    const bool valid = evaluation.outcome == MatchingEvaluation::Outcome::Matched;
+    m_state.evaluated(valid);
+    if (valid) {
         m_transformedPoints = evaluation.mapped;
         m_transformation = evaluation.roomFromReference;
     }

@@ -3,8 +3,8 @@
 #include "ControllerAccess.h"
 #include "MatchingEvaluation.h"
 #include "MatchingPoint.h"
+#include "MatchingState.h"
 #include "ToolSampler.h"
-#include "ToolSurvey.h"
 #include "bsMatrix.h"
 #include "bsVector.h"
 
@@ -16,13 +16,14 @@
 #include <memory>
 #include <optional>
 
-class EvaluationRun;
+class EvaluationThread;
 class ListEditing;
+class MatchingControls;
 class MatchingLists;
+class MeasuringView;
 class QTableWidgetItem;
 class ResultView;
 class SearchProgress;
-class ToolControls;
 struct BackendVersions;
 
 namespace Ui
@@ -96,14 +97,14 @@ protected:
 private:
     void connectOwnSignals();
 
-    void startAnew();
+    int surveyAndExec();
     void endOpening();
     void showSurvey(const ToolSurvey &survey);
-    void setUsable(bool usable);
     void showState();
     void showSurveyTexts();
     void report(const std::function<QString()> &text);
 
+    void startMeasurement(int tool);
     void takeStep(const ToolSampler::Step &step);
     void endMeasurement(const TipCollector::Judgement &judgement);
 
@@ -117,20 +118,13 @@ private:
     ToolSampler m_sampler;
     std::unique_ptr<MatchingLists> m_lists;
     ListEditing *m_editing;
-    std::unique_ptr<ToolControls> m_tools;
+    std::unique_ptr<MatchingControls> m_controls;
+    std::unique_ptr<MeasuringView> m_measuring;
     std::unique_ptr<ResultView> m_result;
-    EvaluationRun *m_run;
+    EvaluationThread *m_evaluation;
     SearchProgress *m_progress;
 
-    ToolSurvey::Verdict m_verdict = ToolSurvey::Verdict::Ready;
-    int m_toolCount = 0;
-    bool m_toolReady = false; ///< at least one tool has a calibrated tip
-    bool m_measuring = false;
-    bool m_starting = false; ///< the calls that start a measurement go on
-    bool m_opening = false;  ///< the calls that open the dialog go on
-    bool m_opened = false;
-    bool m_usable = true;
-    bool m_valid = false; ///< the last evaluation succeeded
+    MatchingState m_state;
     bsVector m_mean;
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;

@@ -1,11 +1,8 @@
 #pragma once
 
 #include <QCoreApplication>
-#include <QPointer>
 
 #include <vector>
-
-class QWidget;
 
 namespace Ui
 {
@@ -14,13 +11,13 @@ class AbcMatchingDialogClass;
 
 /// The controls of the matching dialog that show the measurement tools and the measurement: the list of
 /// tools, the sign of the tracking state, the bar, and the notice that there is no tool. Times in seconds.
-class ToolControls
+class MeasuringView
 {
     Q_DECLARE_TR_FUNCTIONS(AbcMatchingDialog)
 
 public:
     /// The form must outlive this.
-    explicit ToolControls(Ui::AbcMatchingDialogClass &ui);
+    explicit MeasuringView(Ui::AbcMatchingDialogClass &ui);
 
     /// Lists the tools by their numbers, silently; the position that was selected last is kept where it
     /// exists.
@@ -32,10 +29,6 @@ public:
     /// With no tool selected, `tracked` does not count.
     void showTracking(bool tracked);
 
-    /// A button that is disabled passes the keyboard focus on. "Measure" gets it back when it is enabled
-    /// again, unless the user went elsewhere meanwhile.
-    void enableMeasuring(bool enable);
-
     /// Empties the bar and sets its end.
     void showStart(double duration);
     void showElapsed(double elapsed);
@@ -43,5 +36,4 @@ public:
 private:
     Ui::AbcMatchingDialogClass &m_ui;
     int m_lastSelected = 0; ///< kept over openings without tools
-    QPointer<QWidget> m_focusMeanwhile;
 };

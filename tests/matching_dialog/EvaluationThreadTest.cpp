@@ -1,4 +1,4 @@
-#include "EvaluationRun.h"
+#include "EvaluationThread.h"
 #include "TestRegistry.h"
 
 #include <QSignalSpy>
@@ -25,7 +25,7 @@ MatchingPoints points(std::size_t count, unsigned seed)
 
 } // namespace
 
-class EvaluationRunTest : public QObject
+class EvaluationThreadTest : public QObject
 {
     Q_OBJECT
 
@@ -37,9 +37,9 @@ private slots:
     void shouldEndWithItsOwner();
 };
 
-void EvaluationRunTest::shouldAnswerAtOnceWhatIsQuick()
+void EvaluationThreadTest::shouldAnswerAtOnceWhatIsQuick()
 {
-    EvaluationRun run;
+    EvaluationThread run;
     const MatchingPoints list = points(12, 1);
     const auto evaluation = run.start(list, list, Order::Searched);
     QVERIFY(evaluation.has_value());
@@ -48,11 +48,11 @@ void EvaluationRunTest::shouldAnswerAtOnceWhatIsQuick()
     QCOMPARE(run.start({}, {}, Order::Preserved)->outcome, Outcome::NotEnoughPoints);
 }
 
-void EvaluationRunTest::shouldGoOnWithWhatTakesLong()
+void EvaluationThreadTest::shouldGoOnWithWhatTakesLong()
 {
-    EvaluationRun run;
+    EvaluationThread run;
     std::vector<MatchingEvaluation> results;
-    connect(&run, &EvaluationRun::finished, this, [&](const MatchingEvaluation &evaluation) {
+    connect(&run, &EvaluationThread::finished, this, [&](const MatchingEvaluation &evaluation) {
         QCOMPARE(QThread::currentThread(), thread());
         QVERIFY(!run.isRunning());
         results.push_back(evaluation);
@@ -71,10 +71,10 @@ void EvaluationRunTest::shouldGoOnWithWhatTakesLong()
     QFAIL("no search took long");
 }
 
-void EvaluationRunTest::shouldForgetACancelledRun()
+void EvaluationThreadTest::shouldForgetACancelledRun()
 {
-    EvaluationRun run;
-    QSignalSpy finished(&run, &EvaluationRun::finished);
+    EvaluationThread run;
+    QSignalSpy finished(&run, &EvaluationThread::finished);
     QVERIFY(!run.start(points(30, 1), points(30, 2), Order::Searched));
     QElapsedTimer time;
     time.start();
@@ -86,10 +86,10 @@ void EvaluationRunTest::shouldForgetACancelledRun()
     run.cancel();
 }
 
-void EvaluationRunTest::shouldReplaceARunByTheNext()
+void EvaluationThreadTest::shouldReplaceARunByTheNext()
 {
-    EvaluationRun run;
-    QSignalSpy finished(&run, &EvaluationRun::finished);
+    EvaluationThread run;
+    QSignalSpy finished(&run, &EvaluationThread::finished);
     QVERIFY(!run.start(points(30, 1), points(30, 2), Order::Searched));
     const MatchingPoints list = points(5, 1);
     QCOMPARE(run.start(list, list, Order::Searched)->outcome, Outcome::Matched);
@@ -98,17 +98,17 @@ void EvaluationRunTest::shouldReplaceARunByTheNext()
     QVERIFY(finished.isEmpty());
 }
 
-void EvaluationRunTest::shouldEndWithItsOwner()
+void EvaluationThreadTest::shouldEndWithItsOwner()
 {
     QElapsedTimer time;
     {
-        EvaluationRun run;
+        EvaluationThread run;
         QVERIFY(!run.start(points(30, 1), points(30, 2), Order::Searched));
         time.start();
     }
     QVERIFY(time.elapsed() < 5000);
 }
 
-ROOM_TEST_CLASS(EvaluationRunTest)
+ROOM_TEST_CLASS(EvaluationThreadTest)
 
-#include "EvaluationRunTest.moc"
+#include "EvaluationThreadTest.moc"

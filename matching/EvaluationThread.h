@@ -12,14 +12,14 @@
 ///
 /// The thread works on copies of the lists and touches nothing else. One evaluation runs at a time; a new one
 /// replaces it.
-class EvaluationRun : public QObject
+class EvaluationThread : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit EvaluationRun(QObject *parent = nullptr);
+    explicit EvaluationThread(QObject *parent = nullptr);
     /// Ends a running evaluation without a result.
-    ~EvaluationRun() override;
+    ~EvaluationThread() override;
 
     /// Returns the evaluation when it takes less than a tenth of a second of processor time. Otherwise it
     /// goes on and finished() tells the result.

@@ -1,4 +1,4 @@
-#include "EvaluationRun.h"
+#include "EvaluationThread.h"
 
 #include <QThread>
 
@@ -23,7 +23,7 @@ std::chrono::nanoseconds usedTime()
 
 } // namespace
 
-struct EvaluationRun::Job {
+struct EvaluationThread::Job {
     MatchingPoints references;
     MatchingPoints measured;
     MatchingEvaluation::Order order = MatchingEvaluation::Order::Preserved;
@@ -32,19 +32,19 @@ struct EvaluationRun::Job {
     std::unique_ptr<QThread> thread;
 };
 
-EvaluationRun::EvaluationRun(QObject *parent)
+EvaluationThread::EvaluationThread(QObject *parent)
     : QObject(parent)
 {
 }
 
-EvaluationRun::~EvaluationRun()
+EvaluationThread::~EvaluationThread()
 {
     cancel();
 }
 
-std::optional<MatchingEvaluation> EvaluationRun::start(const MatchingPoints &references,
-                                                       const MatchingPoints &measured,
-                                                       MatchingEvaluation::Order order)
+std::optional<MatchingEvaluation> EvaluationThread::start(const MatchingPoints &references,
+                                                          const MatchingPoints &measured,
+                                                          MatchingEvaluation::Order order)
 {
     cancel();
     const std::chrono::nanoseconds end = usedTime() + immediateTime;
@@ -67,7 +67,7 @@ std::optional<MatchingEvaluation> EvaluationRun::start(const MatchingPoints &ref
     return std::nullopt;
 }
 
-void EvaluationRun::cancel()
+void EvaluationThread::cancel()
 {
     if (!m_job)
         return;
@@ -78,7 +78,7 @@ void EvaluationRun::cancel()
     job->thread->wait();
 }
 
-void EvaluationRun::finish(const std::shared_ptr<Job> &job)
+void EvaluationThread::finish(const std::shared_ptr<Job> &job)
 {
     if (job != m_job)
         return;

@@ -1,4 +1,4 @@
-#include "ToolControls.h"
+#include "MeasuringView.h"
 
 #include "PercentText.h"
 #include "ToolSampler.h"
@@ -22,14 +22,14 @@ int hundredths(double seconds)
 
 } // namespace
 
-ToolControls::ToolControls(Ui::AbcMatchingDialogClass &ui)
+MeasuringView::MeasuringView(Ui::AbcMatchingDialogClass &ui)
     : m_ui(ui)
 {
     showNoToolNotice(false);
     showPercentBeside(m_ui.progressBar, m_ui.label_progress);
 }
 
-void ToolControls::fill(const std::vector<int> &tools)
+void MeasuringView::fill(const std::vector<int> &tools)
 {
     QComboBox *list = m_ui.comboBox_meatool;
     const QSignalBlocker blocker(list);
@@ -42,20 +42,20 @@ void ToolControls::fill(const std::vector<int> &tools)
     list->setCurrentIndex(kept ? m_lastSelected : std::min(0, list->count() - 1));
 }
 
-int ToolControls::selectedTool() const
+int MeasuringView::selectedTool() const
 {
     const QVariant tool = m_ui.comboBox_meatool->currentData();
     return tool.isValid() ? tool.toInt() : ToolSampler::noTool;
 }
 
-void ToolControls::showNoToolNotice(bool show)
+void MeasuringView::showNoToolNotice(bool show)
 {
     m_ui.label_error->setText(show ? tr("<b><font color=red>No Measurement Tool available!</font></b>")
                                    : QString());
     m_ui.label_error->setVisible(show);
 }
 
-void ToolControls::showTracking(bool tracked)
+void MeasuringView::showTracking(bool tracked)
 {
     const bool selected = selectedTool() != ToolSampler::noTool;
     QString picture = QStringLiteral(":/grey.png");
@@ -72,28 +72,13 @@ void ToolControls::showTracking(bool tracked)
     m_ui.label_trackedIcon->setAccessibleDescription(text);
 }
 
-void ToolControls::enableMeasuring(bool enable)
-{
-    QPushButton *button = m_ui.w_measureButton;
-    const QWidget *window = button->window();
-    const bool passesOn = !enable && window->focusWidget() == button;
-    button->setEnabled(enable);
-    if (passesOn)
-        m_focusMeanwhile = window->focusWidget();
-    if (!enable || m_focusMeanwhile.isNull())
-        return;
-    if (window->focusWidget() == m_focusMeanwhile)
-        button->setFocus();
-    m_focusMeanwhile.clear();
-}
-
-void ToolControls::showStart(double duration)
+void MeasuringView::showStart(double duration)
 {
     m_ui.progressBar->setRange(0, std::max(0, hundredths(duration)));
     m_ui.progressBar->setValue(0);
 }
 
-void ToolControls::showElapsed(double elapsed)
+void MeasuringView::showElapsed(double elapsed)
 {
     const int value = hundredths(elapsed);
     const int end = m_ui.progressBar->maximum();
