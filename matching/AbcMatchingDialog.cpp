@@ -32,11 +32,6 @@ constexpr auto trackingStatusInterval = 200ms;
 constexpr int noResult = 0;
 constexpr int undecodable = -2;
 
-MatchingPoint toPoint(const bsVector &vector)
-{
-    return {vector.x, vector.y, vector.z};
-}
-
 } // namespace
 
 AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions *versions, QWidget *parent)
@@ -294,7 +289,7 @@ void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 void AbcMatchingDialog::addMeasuredPoint()
 {
     const QCheckBox *replace = m_ui->w_replaceCheckBox;
-    m_editing->takeMeasured(toPoint(m_mean), replace->isChecked() && replace->isEnabled());
+    m_editing->takeMeasured(m_mean, replace->isChecked() && replace->isEnabled());
 }
 
 // --- The lists

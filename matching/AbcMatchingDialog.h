@@ -6,7 +6,6 @@
 #include "MatchingState.h"
 #include "ToolSampler.h"
 #include "bsMatrix.h"
-#include "bsVector.h"
 
 #include <QDialog>
 #include <QModelIndex>
@@ -125,7 +124,7 @@ private:
     SearchProgress *m_progress;
 
     MatchingState m_state;
-    bsVector m_mean;
+    MatchingPoint m_mean{};
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
 };

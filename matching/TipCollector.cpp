@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-void TipCollector::add(double timestamp, const bsVector &tip)
+void TipCollector::add(double timestamp, const MatchingPoint &tip)
 {
     if (m_tips.empty())
         m_first = timestamp;
@@ -38,12 +38,17 @@ TipCollector::Judgement TipCollector::judge(double tolerance) const
 {
     const auto n = static_cast<double>(m_tips.size());
     Judgement judgement;
-    for (const bsVector &tip : m_tips)
-        judgement.mean = judgement.mean + tip;
-    judgement.mean.divide(n);
-    for (const bsVector &tip : m_tips) {
-        const bsVector d = tip - judgement.mean;
-        judgement.variance += d.x * d.x + d.y * d.y + d.z * d.z;
+    for (const MatchingPoint &tip : m_tips) {
+        for (std::size_t i = 0; i < tip.size(); ++i)
+            judgement.mean[i] += tip[i];
+    }
+    for (double &coordinate : judgement.mean)
+        coordinate /= n;
+    for (const MatchingPoint &tip : m_tips) {
+        double squares = 0.0;
+        for (std::size_t i = 0; i < tip.size(); ++i)
+            squares += (tip[i] - judgement.mean[i]) * (tip[i] - judgement.mean[i]);
+        judgement.variance += squares;
     }
     judgement.variance /= n;
     judgement.standardDeviation = std::sqrt(judgement.variance);

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "bsVector.h"
+#include "MatchingPoint.h"
 
 #include <cstddef>
-#include <vector>
 
 /// Collects the tip positions of one measurement and judges them when it ends.
 ///
@@ -20,14 +19,14 @@ public:
 
     struct Judgement {
         Outcome outcome = Outcome::Nothing;
-        bsVector mean;
+        MatchingPoint mean{};
         /// Mean of the squared distances (in space) of the samples to their mean, mm^2.
         double variance = 0.0;
         double standardDeviation = 0.0;
     };
 
     /// Adds a sample. Beyond largestCount samples only the time goes on.
-    void add(double timestamp, const bsVector &tip);
+    void add(double timestamp, const MatchingPoint &tip);
 
     /// Judges the samples and forgets them. The samples span the duration if their time is not shorter, and
     /// the tip was held still if the standard deviation is not above the tolerance.
@@ -46,7 +45,7 @@ private:
 
     [[nodiscard]] Judgement judge(double tolerance) const;
 
-    std::vector<bsVector> m_tips;
+    MatchingPoints m_tips;
     double m_first = 0.0;
     double m_last = 0.0;
 };

@@ -84,7 +84,7 @@ bool ToolSampler::handheldIsPressed() const
 
 ToolSampler::Step ToolSampler::collect(const MeasurementToolRecord &tool)
 {
-    m_measurement.add(m_parser.timestamp(), {tool.location[0], tool.location[1], tool.location[2]});
+    m_measurement.add(m_parser.timestamp(), tool.location);
     Step step;
     step.event = m_measurement.count() > 1 ? Event::Sampled : Event::FirstSample;
     step.elapsed = m_measurement.elapsed();

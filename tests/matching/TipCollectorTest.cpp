@@ -39,7 +39,7 @@ void TipCollectorTest::shouldGiveTheMeanOfAStillTip()
     QCOMPARE(tip.count(), std::size_t(3));
     const TipCollector::Judgement result = tip.finish(1.0, 1.5);
     QCOMPARE(result.outcome, Outcome::Point);
-    QCOMPARE(result.mean, bsVector(2, 2, 3));
+    QCOMPARE(result.mean, (MatchingPoint{2, 2, 3}));
 }
 
 void TipCollectorTest::shouldJudgeByTheStandardDeviationInSpace()
@@ -102,7 +102,7 @@ void TipCollectorTest::shouldTakeOneSampleForADurationOfZero()
     tip.add(5.0, {1, 2, 3});
     const TipCollector::Judgement result = tip.finish(0.0, 0.0);
     QCOMPARE(result.outcome, Outcome::Point);
-    QCOMPARE(result.mean, bsVector(1, 2, 3));
+    QCOMPARE(result.mean, (MatchingPoint{1, 2, 3}));
     QCOMPARE(result.variance, 0.0);
 }
 
@@ -136,7 +136,7 @@ void TipCollectorTest::shouldBeginAnewAfterTheJudgement()
     QCOMPARE(tip.elapsed(), 0.0);
     tip.add(10.0, {1, 1, 1});
     tip.add(11.0, {1, 1, 1});
-    QCOMPARE(tip.finish(1.0, 1.5).mean, bsVector(1, 1, 1));
+    QCOMPARE(tip.finish(1.0, 1.5).mean, (MatchingPoint{1, 1, 1}));
 }
 
 void TipCollectorTest::shouldKeepAPlausibleMeanForManySamplesFarAway()
@@ -146,7 +146,7 @@ void TipCollectorTest::shouldKeepAPlausibleMeanForManySamplesFarAway()
         tip.add(i / 60.0, {5000.0 + (i % 2 == 0 ? 0.25 : -0.25), -3000.0, 1e5});
     const TipCollector::Judgement result = tip.finish(1.0, 1.5);
     QCOMPARE(result.outcome, Outcome::Point);
-    QVERIFY(std::fabs(result.mean.x - 5000.0) < 1e-9);
+    QVERIFY(std::fabs(result.mean[0] - 5000.0) < 1e-9);
     QVERIFY(std::fabs(result.standardDeviation - 0.25) < 1e-9);
 }
 

@@ -72,7 +72,7 @@ void ToolSamplerTest::shouldGoThroughAMeasurement()
     const ToolSampler::Step last = sampler.sample(0);
     QCOMPARE(last.event, Event::Ended);
     QCOMPARE(last.judgement.outcome, Outcome::Point);
-    QCOMPARE(last.judgement.mean, bsVector(1, 2, 3));
+    QCOMPARE(last.judgement.mean, (MatchingPoint{1, 2, 3}));
     QCOMPARE(sampler.sample(0).judgement.outcome, Outcome::Nothing);
 }
 
