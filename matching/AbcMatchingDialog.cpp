@@ -193,7 +193,10 @@ int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
         return undecodable;
     constexpr char endingKind[] = "6dmt ";
     const bool ends = kind && std::strncmp(kind, endingKind, sizeof endingKind - 1) == 0;
-    if (ends || !m_state.takesRecords())
+    if (ends || !m_state.isOpen())
+        return noResult;
+    m_sampler.watchButtons();
+    if (!m_state.takesRecords())
         return noResult;
     const QPointer<AbcMatchingDialog> self(this);
     const int count = std::min(m_state.toolCount(), m_sampler.toolCount());

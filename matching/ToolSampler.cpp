@@ -1,13 +1,10 @@
 #include "ToolSampler.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace
 {
 
-/// The first flag of a tool tells that the controller measures; the next ones are the tool's buttons.
-constexpr int toolButtons = 3;
 constexpr double trackedQuality = 1.0;
 
 bool controllerRests(const MeasurementToolRecord &tool)
@@ -24,13 +21,15 @@ bool controllerMeasures(const MeasurementToolRecord &tool)
 
 void ToolSampler::restart()
 {
-    m_measurement.clear();
-    m_tracked = false;
+    m_parser = VelmarParser();
+    selectTool(m_tool);
 }
 
 void ToolSampler::selectTool(int number)
 {
-    restart();
+    m_measurement.clear();
+    m_buttons.forget();
+    m_tracked = false;
     m_tool = number;
 }
 
@@ -59,27 +58,11 @@ ToolSampler::Step ToolSampler::sample(int index)
     Step step;
     if (m_tracked && controllerMeasures(*tool))
         return collect(*tool);
-    step.event = m_tracked && startIsRequested(*tool) ? Event::StartRequested : Event::Ended;
+    const bool starts = m_tracked && controllerRests(*tool) && m_buttons.isPressed();
+    step.event = starts ? Event::StartRequested : Event::Ended;
     if (step.event == Event::Ended)
         step.judgement = m_measurement.finish(m_duration, m_tolerance);
     return step;
-}
-
-bool ToolSampler::startIsRequested(const MeasurementToolRecord &tool) const
-{
-    const auto buttons = tool.flags.begin() + 1;
-    return controllerRests(tool) &&
-           (std::find(buttons, buttons + toolButtons, 1) != buttons + toolButtons || handheldIsPressed());
-}
-
-bool ToolSampler::handheldIsPressed() const
-{
-    for (int index = 0; index < m_parser.handheldCount(); ++index) {
-        const RecordButtons &buttons = m_parser.handheld(index)->buttons;
-        if (std::any_of(buttons.begin(), buttons.end(), [](int button) { return button > 0; }))
-            return true;
-    }
-    return false;
 }
 
 ToolSampler::Step ToolSampler::collect(const MeasurementToolRecord &tool)

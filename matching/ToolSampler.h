@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ButtonWatch.h"
 #include "ControllerAccess.h"
 #include "TipCollector.h"
 #include "VelmarParser.h"
@@ -14,7 +15,7 @@ class ToolSampler
 public:
     enum class Event {
         Ignored,        ///< not the selected tool
-        StartRequested, ///< a button asks for a measurement
+        StartRequested, ///< a button was pressed while the controller does not measure
         FirstSample,    ///< a measurement began
         Sampled,        ///< it goes on
         Ended,          ///< the controller does not measure, or the tool is lost
@@ -28,10 +29,10 @@ public:
 
     static constexpr int noTool = -1;
 
-    /// Forgets samples and tracking state; the tool and what was decoded stay.
+    /// Forgets samples, tracking state, buttons and what was decoded; the tool stays.
     void restart();
 
-    /// Begins anew with another tool, or noTool.
+    /// Begins anew with another tool, or noTool; what was decoded stays.
     void selectTool(int number);
     [[nodiscard]] int selectedTool() const { return m_tool; }
 
@@ -48,7 +49,10 @@ public:
     /// How many tools the records have told of.
     [[nodiscard]] int toolCount() const { return m_parser.measurementToolCount(); }
 
-    /// Looks at the tool at an index of the decoded list (from 0); to be called after every record.
+    /// Looks at the buttons; to be called after every record, also when nobody asks for a sample.
+    void watchButtons() { m_buttons.look(m_parser, m_tool); }
+
+    /// Looks at the tool at an index of the decoded list (from 0); to be called after watchButtons().
     [[nodiscard]] Step sample(int index);
 
     /// Forgets the samples.
@@ -57,11 +61,10 @@ public:
 private:
     static constexpr std::size_t bufferSize = 10240;
 
-    [[nodiscard]] bool startIsRequested(const MeasurementToolRecord &tool) const;
-    [[nodiscard]] bool handheldIsPressed() const;
     [[nodiscard]] Step collect(const MeasurementToolRecord &tool);
 
     VelmarParser m_parser;
+    ButtonWatch m_buttons;
     std::array<char, bufferSize> m_buffer{};
     TipCollector m_measurement;
     int m_tool = noTool;

@@ -67,6 +67,11 @@ private slots:
     void shouldTakeBothFormats();
     void shouldAnswerEachRecord();
     void shouldDoNothingForTheKindWithABlank();
+    void shouldStartOnceHoweverLongAButtonIsHeld_data();
+    void shouldStartOnceHoweverLongAButtonIsHeld();
+    void shouldTakeThePointWhileTheButtonIsStillHeld();
+    void shouldStartAgainByAPressAfterAFailedStart();
+    void shouldNotStartByAButtonOfTheLastOpening();
     void shouldShowWhetherTheToolIsTracked();
     void shouldNotEnableTheButtonWhileMeasuring();
     void shouldRecoverAfterAFailedStart();
@@ -398,6 +403,83 @@ void MatchingMeasuringTest::shouldDoNothingForTheKindWithABlank()
         QVERIFY(opened.host().calls().isEmpty());
         QCOMPARE(receive(opened, "6dmt ", "6dmt x"), -2);
         QCOMPARE(receive(opened, "6dmt", "6dmt 1 [0 1.0 4][1 2 3]" + unitRotation), 0);
+        QCOMPARE(opened.host().calls(), startOf("b01"));
+    });
+}
+
+void MatchingMeasuringTest::shouldStartOnceHoweverLongAButtonIsHeld_data()
+{
+    QTest::addColumn<QByteArray>("held");
+    QTest::addColumn<QByteArray>("released");
+    const QByteArray place = "[0 0 0]" + unitRotation;
+    QTest::newRow("button of the tool") << tool1("0 0 1 0") << tool1("0 0 0 0");
+    QTest::newRow("first format") << "6dmt 1 [0 1.0 4][1 2 3]" + unitRotation
+                                  << "6dmt 1 [0 1.0 0][1 2 3]" + unitRotation;
+    QTest::newRow("device") << "6df2 1 [0 1 1 0]" + place + "[1]"
+                            << "6df2 1 [0 1 1 0]" + place + "[0]";
+}
+
+void MatchingMeasuringTest::shouldStartOnceHoweverLongAButtonIsHeld()
+{
+    QFETCH(QByteArray, held);
+    QFETCH(QByteArray, released);
+    OpenedDialog opened;
+    opened.run([&] {
+        receive(opened, "6dmt2", tool1("0 0 0 0"));
+        opened.host().clear();
+        for (const char *time : {"ts 1.00", "ts 1.05", "ts 1.10", "ts 1.15"}) {
+            receive(opened, "ts", time);
+            receive(opened, "records", held);
+        }
+        QCOMPARE(opened.host().calls(), startOf("b01"));
+        receive(opened, "records", released);
+        receive(opened, "records", held);
+        QCOMPARE(opened.host().calls(), startOf("b01") + startOf("b01"));
+    });
+}
+
+void MatchingMeasuringTest::shouldTakeThePointWhileTheButtonIsStillHeld()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        receive(opened, "6dmt2", tool1("0 1 0 0"));
+        for (const char *time : {"ts 10", "ts 11.5"}) {
+            receive(opened, "ts", time);
+            receive(opened, "6dmt2", tool1("1 1 0 0"));
+        }
+        opened.host().clear();
+        receive(opened, "6dmt2", tool1("0 1 0 0"));
+        QCOMPARE(opened.rows("tableWidget_measuredPoints"), 1);
+        opened.dialog().showTrackingStatus();
+        QVERIFY(opened.isEnabled("w_measureButton"));
+        QVERIFY(opened.host().calls().isEmpty());
+    });
+}
+
+void MatchingMeasuringTest::shouldStartAgainByAPressAfterAFailedStart()
+{
+    OpenedDialog opened;
+    opened.host().failText(QStringLiteral("velmar2 measurementtool"));
+    opened.run([&] {
+        receive(opened, "6dmt2", tool1("0 1 0 0"));
+        receive(opened, "6dmt2", tool1("0 1 0 0"));
+        QCOMPARE(opened.host().reports().size(), 1);
+        opened.dialog().showTrackingStatus();
+        QVERIFY(opened.isEnabled("w_measureButton")); // the held button did not keep it from recovering
+        receive(opened, "6dmt2", tool1("0 1 1 0"));
+        QCOMPARE(opened.host().reports().size(), 2);
+    });
+}
+
+void MatchingMeasuringTest::shouldNotStartByAButtonOfTheLastOpening()
+{
+    OpenedDialog opened;
+    opened.run([&] { receive(opened, "6dmt2", tool1("0 1 0 0")); });
+    opened.run([&] {
+        opened.host().clear();
+        receive(opened, "ts", "ts 1.0");
+        QVERIFY(opened.host().calls().isEmpty());
+        receive(opened, "6dmt2", tool1("0 1 0 0"));
         QCOMPARE(opened.host().calls(), startOf("b01"));
     });
 }

@@ -18,7 +18,10 @@ QByteArray line(int flags, const char *position = "[1 2 3]", const char *quality
 
 Event eventAfter(ToolSampler &sampler, const QByteArray &record)
 {
-    return sampler.decode(record.constData()) ? sampler.sample(0).event : Event::Ignored;
+    if (!sampler.decode(record.constData()))
+        return Event::Ignored;
+    sampler.watchButtons();
+    return sampler.sample(0).event;
 }
 
 } // namespace
@@ -31,6 +34,9 @@ private slots:
     void shouldIgnoreEverythingWithoutASelectedTool();
     void shouldIgnoreIndicesOutsideTheList();
     void shouldGoThroughAMeasurement();
+    void shouldStartOncePerPress();
+    void shouldTakeThePointWhileAButtonIsHeld();
+    void shouldBeginAnewAtEachOpening();
     void shouldForgetTheSamplesOfAnotherTool();
     void shouldKeepTheSamplesWhenAStartIsRequested();
     void shouldAcceptRecordsOfAnyTextBelowItsBuffer();
@@ -74,6 +80,45 @@ void ToolSamplerTest::shouldGoThroughAMeasurement()
     QCOMPARE(last.judgement.outcome, Outcome::Point);
     QCOMPARE(last.judgement.mean, (MatchingPoint{1, 2, 3}));
     QCOMPARE(sampler.sample(0).judgement.outcome, Outcome::Nothing);
+}
+
+void ToolSamplerTest::shouldStartOncePerPress()
+{
+    ToolSampler sampler;
+    sampler.selectTool(1);
+    QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
+    QCOMPARE(eventAfter(sampler, line(2)), Event::Ended);
+    QCOMPARE(eventAfter(sampler, "ts 1"), Event::Ended);
+    QCOMPARE(eventAfter(sampler, line(2 + 4)), Event::StartRequested);
+    QCOMPARE(eventAfter(sampler, line(0)), Event::Ended);
+    QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
+    sampler.selectTool(1);
+    QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
+}
+
+void ToolSamplerTest::shouldTakeThePointWhileAButtonIsHeld()
+{
+    ToolSampler sampler;
+    sampler.selectTool(1);
+    sampler.setLimits(0.0, 1.5);
+    QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
+    QCOMPARE(eventAfter(sampler, line(2 + 1)), Event::FirstSample);
+    QVERIFY(sampler.decode(line(2).constData()));
+    sampler.watchButtons();
+    const ToolSampler::Step end = sampler.sample(0);
+    QCOMPARE(end.event, Event::Ended);
+    QCOMPARE(end.judgement.outcome, Outcome::Point);
+}
+
+void ToolSamplerTest::shouldBeginAnewAtEachOpening()
+{
+    ToolSampler sampler;
+    sampler.selectTool(1);
+    QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
+    sampler.restart();
+    QCOMPARE(eventAfter(sampler, "ts 1"), Event::Ignored); // what the last opening saw is gone
+    QVERIFY(!sampler.isTracked());
+    QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
 }
 
 void ToolSamplerTest::shouldForgetTheSamplesOfAnotherTool()
