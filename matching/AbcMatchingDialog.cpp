@@ -9,6 +9,8 @@
 #include "MatchingLists.h"
 #include "MatchingReport.h"
 #include "MeasuringView.h"
+#include "ModalWindow.h"
+#include "ObjectWatch.h"
 #include "Resources.h"
 #include "ResultView.h"
 #include "SearchProgress.h"
@@ -16,7 +18,6 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QTableWidget>
 
 #include <algorithm>
@@ -83,15 +84,15 @@ int AbcMatchingDialog::update_and_exec()
 
 int AbcMatchingDialog::surveyAndExec()
 {
-    const QPointer<AbcMatchingDialog> self(this);
+    const ObjectWatch self(this);
     m_state.beginOpening();
     m_sampler.restart();
     const ToolSurvey survey = surveyTools(m_controller);
-    if (self.isNull())
+    if (!self)
         return noResult;
     showSurvey(survey);
     const int result = exec();
-    if (!self.isNull())
+    if (self)
         endOpening(); // a host may have hidden or rejected the dialog, which closes nothing
     return result;
 }
@@ -172,17 +173,15 @@ void AbcMatchingDialog::on_w_applyButton_clicked()
 
 void AbcMatchingDialog::apply()
 {
-    const QPointer<AbcMatchingDialog> self(this);
+    const ObjectWatch self(this);
     emit applyTrafoRequest(bsMatrix(m_transformation));
-    if (!self.isNull())
+    if (self)
         close();
 }
 
 void AbcMatchingDialog::on_pushButton_help_clicked()
 {
-    const QPointer<MatchingHelp> help = new MatchingHelp(this);
-    help->exec();
-    delete help.data();
+    ModalWindow<MatchingHelp>(this).exec();
 }
 
 // --- Measuring
@@ -198,9 +197,9 @@ int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
     m_sampler.watchButtons();
     if (!m_state.takesRecords())
         return noResult;
-    const QPointer<AbcMatchingDialog> self(this);
+    const ObjectWatch self(this);
     const int count = std::min(m_state.toolCount(), m_sampler.toolCount());
-    for (int index = 0; index < count && !self.isNull(); ++index)
+    for (int index = 0; index < count && self; ++index)
         takeStep(m_sampler.sample(index));
     return noResult;
 }
@@ -226,11 +225,11 @@ void AbcMatchingDialog::takeStep(const ToolSampler::Step &step)
 void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
 {
     using Outcome = TipCollector::Outcome;
-    const QPointer<AbcMatchingDialog> self(this);
+    const ObjectWatch self(this);
     if (judgement.outcome == Outcome::Point) {
         m_mean = judgement.mean;
         emit do_setTrafoText(QString());
-        if (!self.isNull())
+        if (self)
             emit do_addMeasuredPoint();
     } else if (judgement.outcome == Outcome::TipMoved) {
         report([judgement] {
@@ -239,7 +238,7 @@ void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
     } else if (judgement.outcome == Outcome::EndedEarly) {
         report([] { return MatchingReport::tipMoved(); });
     }
-    if (!self.isNull())
+    if (self)
         emit do_updateProgressbar(0.0);
 }
 
@@ -252,20 +251,20 @@ void AbcMatchingDialog::on_w_measureButton_clicked()
 
 void AbcMatchingDialog::startMeasurement(int tool)
 {
-    const QPointer<AbcMatchingDialog> self(this);
+    const ObjectWatch self(this);
     const ControllerAccess controller = m_controller;
     m_state.beginStart();
     showState();
     const double duration = controller.measurementDuration(tool);
-    if (self.isNull())
+    if (!self)
         return;
     m_measuring->showStart(duration);
     const double tolerance = controller.tipTolerance(tool);
-    if (self.isNull())
+    if (!self)
         return;
     m_sampler.setLimits(duration, tolerance);
     controller.startTipMeasurement(tool);
-    if (!self.isNull())
+    if (self)
         m_state.started();
 }
 
@@ -424,9 +423,9 @@ void AbcMatchingDialog::setTrafoText(const QString &text)
 /// Tells a text that can be told in another language later.
 void AbcMatchingDialog::report(const std::function<QString()> &text)
 {
-    const QPointer<AbcMatchingDialog> self(this);
+    const ObjectWatch self(this);
     emit do_setTrafoText(text());
-    if (!self.isNull())
+    if (self)
         m_result->setReportSource(text);
 }
 
