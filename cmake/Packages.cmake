@@ -32,7 +32,7 @@ room_install_documents(module)
 room_install_documents(bench)
 
 install(TARGETS roomadjustment2g LIBRARY DESTINATION ${ROOM_INSTALL_MODULES} COMPONENT module)
-install(DIRECTORY ${CMAKE_SOURCE_DIR}/host/ DESTINATION ${ROOM_INSTALL_HEADERS}
+install(DIRECTORY ${CMAKE_SOURCE_DIR}/src/host/ DESTINATION ${ROOM_INSTALL_HEADERS}
         COMPONENT module FILES_MATCHING PATTERN "*.h")
 install(DIRECTORY ${CMAKE_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/room-adjustment-module
         COMPONENT module FILES_MATCHING PATTERN "*.md" PATTERN "*.png")
@@ -44,7 +44,7 @@ set(desktop ${CMAKE_SOURCE_DIR}/bench/desktop)
 install(FILES ${desktop}/velmar-bench.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT bench)
 install(FILES ${desktop}/org.velmar.bench.metainfo.xml
         DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT bench)
-install(FILES ${CMAKE_SOURCE_DIR}/resources/svg/velmar_16x16.svg RENAME velmar-bench.svg
+install(FILES ${CMAKE_SOURCE_DIR}/src/resources/svg/velmar_16x16.svg RENAME velmar-bench.svg
         DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT bench)
 set(made ${CMAKE_CURRENT_BINARY_DIR}/packages)
 file(MAKE_DIRECTORY ${made}/de)

@@ -23,6 +23,12 @@ function(room_library name)
   endif()
 endfunction()
 
+# room_exact_arithmetic(SOURCE ...): computed as it is written, without fused multiplication, and optimised in every
+# build.
+function(room_exact_arithmetic)
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "-ffp-contract=off;-fno-math-errno;-O3")
+endfunction()
+
 # What all targets have in common. With ROOM_SANITIZERS, a list of compiler options, the product and the bench are
 # instrumented, with ROOM_COVERAGE the product alone; the tests are linked with what that needs. The tests' own code
 # is not: so its objects are the same in every such build, and a compiler cache makes them only once.
