@@ -941,6 +941,13 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>ListReport</name>
+    <message>
+        <source>The reference points could not be saved in &quot;%1&quot;. An older file of that name is as it was.</source>
+        <translation>Die Referenzpunkte konnten nicht in „%1“ gespeichert werden. Eine ältere Datei dieses Namens ist, wie sie war.</translation>
+    </message>
+</context>
+<context>
     <name>MatchingHelpClass</name>
     <message>
         <source>Room Adjustment Based On Reference Points Help</source>

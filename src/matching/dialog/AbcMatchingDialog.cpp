@@ -67,6 +67,7 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
+    connect(m_editing, &ListEditing::noticeChanged, this, &AbcMatchingDialog::showSurveyTexts);
     connect(m_evaluation, &EvaluationThread::finished, this, &AbcMatchingDialog::showEvaluation);
     connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
 }
@@ -114,6 +115,7 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
 void AbcMatchingDialog::showSurveyTexts()
 {
     using Verdict = ToolSurvey::Verdict;
+    m_result->setListNotice(m_editing->notice());
     m_measuring->showNoToolNotice(m_state.verdict() == Verdict::NotCalibrated);
     if (m_state.verdict() == Verdict::NotSupported)
         m_result->showNotice(

@@ -1,5 +1,6 @@
 #include "ListEditing.h"
 
+#include "ListReport.h"
 #include "NumberText.h"
 #include "ObjectWatch.h"
 #include "ReferencePointFile.h"
@@ -117,6 +118,16 @@ void ListEditing::save()
     }
     const ObjectWatch self(this);
     const QString name = m_questions.fileToSave();
-    if (!name.isEmpty() && self)
-        static_cast<void>(ReferencePointFile::save(name, m_lists.referenceTable().texts()));
+    if (name.isEmpty() || !self)
+        return;
+    if (ReferencePointFile::save(name, m_lists.referenceTable().texts()))
+        tell(nullptr);
+    else
+        tell([name] { return ListReport::notSaved(ReferencePointFile::savedName(name)); });
+}
+
+void ListEditing::tell(Notice notice)
+{
+    m_notice = std::move(notice);
+    emit noticeChanged();
 }

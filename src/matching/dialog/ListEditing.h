@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QTableWidgetItem;
 
 /// What the user does to the two lists of points: the rules of adding, removing, typing, loading and saving.
@@ -32,14 +34,22 @@ public:
     void load();
     void save();
 
+    /// What the last operation has to tell besides, in the present language; mostly nothing.
+    [[nodiscard]] QString notice() const { return m_notice ? m_notice() : QString(); }
+
 signals:
     /// A list has changed, once for each operation.
     void changed();
+    void noticeChanged();
 
 private:
+    using Notice = std::function<QString()>;
+
+    void tell(Notice notice);
     void refuseNumber(const QString &entered);
     void takeReferenceCells();
 
     MatchingLists &m_lists;
     ListQuestions m_questions;
+    Notice m_notice;
 };

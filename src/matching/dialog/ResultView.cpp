@@ -4,6 +4,8 @@
 #include "PointTable.h"
 #include "ui_AbcMatchingDialog.h"
 
+#include <QStringList>
+
 ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured)
     : m_ui(ui)
     , m_references(references)
@@ -50,7 +52,9 @@ void ResultView::showNotice(const QString &text)
 
 void ResultView::showNotice()
 {
-    showNotice(m_evaluation ? MatchingReport::notice(*m_evaluation) : QString());
+    QStringList notices{m_listNotice, m_evaluation ? MatchingReport::notice(*m_evaluation) : QString()};
+    notices.removeAll(QString());
+    showNotice(notices.join(QLatin1Char('\n')));
 }
 
 void ResultView::retranslate()

@@ -32,8 +32,10 @@ public:
 
     /// Shows another sentence in the place of the evaluation's, until the next one or showNotice().
     void showNotice(const QString &text);
-    /// Shows what the last evaluation found.
+    /// Shows what the editing of the lists has to tell, and what the last evaluation found.
     void showNotice();
+    /// Another sentence of the editing of the lists; it stays over evaluations.
+    void setListNotice(const QString &text) { m_listNotice = text; }
 
     /// Tells report and marks in the present language.
     void retranslate();
@@ -46,4 +48,5 @@ private:
     PointTable &m_measured;
     std::optional<MatchingEvaluation> m_evaluation;
     std::function<QString()> m_report;
+    QString m_listNotice;
 };

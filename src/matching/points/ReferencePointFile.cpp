@@ -4,6 +4,7 @@
 #include "ReferencePointReader.h"
 
 #include <QFile>
+#include <QSaveFile>
 
 #include <sys/stat.h>
 
@@ -19,21 +20,29 @@ struct FileCloser {
 
 using FilePointer = std::unique_ptr<std::FILE, FileCloser>;
 
-bool isThere(const QByteArray &name)
+using Status = struct stat;
+
+bool readStatus(const QByteArray &name, Status &status)
 {
-    struct stat status {
-    };
     return ::stat(name.constData(), &status) == 0;
 }
 
-/// Opens regular files only: a directory opens but cannot be read, and a pipe may wait for ever.
+bool isThere(const QByteArray &name)
+{
+    Status status{};
+    return readStatus(name, status);
+}
+
+/// A directory opens but cannot be read, and a pipe may wait for ever.
+bool isRegularFile(const QByteArray &name)
+{
+    Status status{};
+    return readStatus(name, status) && S_ISREG(status.st_mode);
+}
+
 FilePointer openForReading(const QByteArray &name)
 {
-    struct stat status {
-    };
-    if (::stat(name.constData(), &status) != 0 || !S_ISREG(status.st_mode))
-        return nullptr;
-    return FilePointer(std::fopen(name.constData(), "rb"));
+    return FilePointer(isRegularFile(name) ? std::fopen(name.constData(), "rb") : nullptr);
 }
 
 } // namespace
@@ -88,11 +97,15 @@ void write(QIODevice &device, const std::vector<Row> &rows)
 
 bool save(const QString &fileName, const std::vector<Row> &rows)
 {
-    QFile file(savedName(fileName));
+    const QString name = savedName(fileName);
+    const QByteArray encoded = QFile::encodeName(name);
+    if (isThere(encoded) && !isRegularFile(encoded))
+        return false;
+    QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
         return false;
     write(file, rows);
-    return file.flush();
+    return file.flush() && file.commit(); // commit() alone does not see that its last write fails
 }
 
 } // namespace ReferencePointFile

@@ -39,7 +39,8 @@ using Row = std::array<QString, 3>;
 /// Writes one line "number x y z" per row; the numbers count from 1, each text is normalised.
 void write(QIODevice &device, const std::vector<Row> &rows);
 
-/// Writes the rows to savedName(fileName). False when the file cannot be opened or written.
+/// Writes the rows to savedName(fileName), which is replaced only when all is written. False when that could
+/// not be done; an older file is then as it was. Regular files only: a pipe may wait for ever.
 [[nodiscard]] bool save(const QString &fileName, const std::vector<Row> &rows);
 
 } // namespace ReferencePointFile

@@ -12,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace
 {
 
@@ -51,6 +53,7 @@ private slots:
     void shouldKeepLoadedPrecisionUntilTheListIsEdited();
     void shouldSaveAFile_data();
     void shouldSaveAFile();
+    void shouldTellThatASaveFailed();
     void shouldHaveNothingToSave();
     void shouldSurviveItsEndInsideAFileDialog();
     void shouldBeUsableByKeyboard();
@@ -406,6 +409,30 @@ void MatchingListsTest::shouldSaveAFile()
         opened.click("pushButton_save");
         QCOMPARE(contentsOf(path(written.constData())),
                  QByteArray("1 1.50 -2.00 3.00\n2 -0.25 1000000.00 0.00\n"));
+    });
+}
+
+void MatchingListsTest::shouldTellThatASaveFailed()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        // GIVEN
+        opened.addReference({1, 2, 3});
+        const QString pipe = path("pipe.txt");
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        // WHEN
+        FileChoice refused(pipe);
+        opened.answers().then(std::ref(refused));
+        opened.click("pushButton_save");
+        // THEN
+        QCOMPARE(opened.notice(),
+                 QStringLiteral("The reference points could not be saved in \"%1\". An older file of that "
+                                "name is as it was.")
+                     .arg(pipe));
+        FileChoice taken(path("taken"));
+        opened.answers().then(std::ref(taken));
+        opened.click("pushButton_save");
+        QCOMPARE(opened.notice(), QString());
     });
 }
 

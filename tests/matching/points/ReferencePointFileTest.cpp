@@ -6,9 +6,49 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
 #include <cstdio>
 
 using ReferencePointFile::LoadResult;
+
+namespace
+{
+
+/// Lets no file of this process grow beyond a size, as a full disk would not.
+class FileSizeLimit
+{
+public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : m_handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        ::getrlimit(RLIMIT_FSIZE, &m_before);
+        rlimit limit = m_before;
+        limit.rlim_cur = bytes;
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit()
+    {
+        ::setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+    FileSizeLimit(const FileSizeLimit &) = delete;
+    FileSizeLimit &operator=(const FileSizeLimit &) = delete;
+
+private:
+    void (*m_handler)(int);
+    rlimit m_before{};
+};
+
+std::vector<ReferencePointFile::Row> points(std::size_t count)
+{
+    return std::vector<ReferencePointFile::Row>(
+        count, {QStringLiteral("1"), QStringLiteral("2"), QStringLiteral("3")});
+}
+
+} // namespace
 
 class ReferencePointFileTest : public QObject
 {
@@ -144,6 +184,50 @@ private slots:
     void shouldSayWhenTheTargetCannotBeWritten()
     {
         QVERIFY(!ReferencePointFile::save(path(QStringLiteral("no/such/place")), {}));
+    }
+
+    void shouldKeepTheOldFileWhenTheDiskIsFull()
+    {
+        // GIVEN
+        const QByteArray old = "1 1.00 2.00 3.00\n";
+        writeFile(path(QStringLiteral("kept.txt")), old);
+        const QStringList before = QDir(m_directory.path()).entryList();
+        // WHEN
+        bool saved = true;
+        {
+            const FileSizeLimit limit(1000);
+            saved = ReferencePointFile::save(path(QStringLiteral("kept.txt")), points(100));
+        }
+        // THEN
+        QVERIFY(!saved);
+        QCOMPARE(contentOf(path(QStringLiteral("kept.txt"))), old);
+        QCOMPARE(QDir(m_directory.path()).entryList(), before);
+    }
+
+    void shouldNotWriteIntoWhatIsNoFile()
+    {
+        const QByteArray pipe = m_directory.filePath(QStringLiteral("pipe.txt")).toLocal8Bit();
+        QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+        QVERIFY(!ReferencePointFile::save(QString::fromLocal8Bit(pipe), points(1)));
+        struct stat status {
+        };
+        QCOMPARE(::stat(pipe.constData(), &status), 0);
+        QVERIFY(S_ISFIFO(status.st_mode));
+        QVERIFY(QDir(m_directory.path()).mkdir(QStringLiteral("folder.txt")));
+        QVERIFY(!ReferencePointFile::save(path(QStringLiteral("folder")), points(1)));
+    }
+
+    void shouldWriteTheFileThatALinkMeans()
+    {
+        writeFile(path(QStringLiteral("target.txt")), "old");
+        QVERIFY(
+            QFile::setPermissions(path(QStringLiteral("target.txt")), QFile::ReadOwner | QFile::WriteOwner));
+        QVERIFY(QFile::link(path(QStringLiteral("target.txt")), path(QStringLiteral("link.txt"))));
+        QVERIFY(ReferencePointFile::save(path(QStringLiteral("link.txt")), points(1)));
+        QVERIFY(QFileInfo(path(QStringLiteral("link.txt"))).isSymLink());
+        QCOMPARE(contentOf(path(QStringLiteral("target.txt"))), QByteArray("1 1.00 2.00 3.00\n"));
+        QCOMPARE(QFile::permissions(path(QStringLiteral("target.txt"))) & QFile::ReadGroup,
+                 QFile::Permissions());
     }
 };
 
