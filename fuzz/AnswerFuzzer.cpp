@@ -2,7 +2,6 @@
 #include "AnswerReadings.h"
 #include "AnswerTexts.h"
 #include "BackendVersions.h"
-#include "ControllerAccess.h"
 #include "Requirement.h"
 
 #include <cstddef>
@@ -61,7 +60,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     BackendVersions versions;
     versions.interfaceMajor = 1;
     versions.interfaceMinor = 24;
-    const ControllerAccess access(&host, &versions);
+    const AnswerReadings::Accesses access{{&host, &versions}, {&host, &versions}, {&host, &versions}};
     std::size_t first = 0;
     for (const AnswerReadings::Reading reading : AnswerReadings::all()) {
         requireSame([&] {

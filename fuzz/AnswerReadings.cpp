@@ -3,7 +3,6 @@
 #include "AnswerHost.h"
 #include "AnswerTexts.h"
 #include "CalibrationRun.h"
-#include "ControllerAccess.h"
 #include "MeasuringFrame.h"
 #include "Requirement.h"
 #include "ToolSurvey.h"
@@ -14,6 +13,8 @@
 
 namespace
 {
+
+using AnswerReadings::Accesses;
 
 constexpr int mostAsked = 1000;
 
@@ -29,15 +30,16 @@ void checkReply(const AnswerHost::Answer &told, Reply reply)
     require((reply == Reply::No) == saysWhole(told, "no"));
 }
 
-std::string readReplies(const ControllerAccess &access, AnswerHost &host)
+std::string readReplies(const Accesses &access, AnswerHost &host)
 {
     Transcript transcript;
-    using Question = Reply (ControllerAccess::*)() const;
+    using Question = Reply (*)(const Accesses &);
     for (const Question question :
-         {&ControllerAccess::trackingAvailable, &ControllerAccess::configurationChangeable,
-          &ControllerAccess::measurementToolAvailable}) {
+         {Question([](const Accesses &a) { return a.tracking.trackingAvailable(); }),
+          Question([](const Accesses &a) { return a.tracking.configurationChangeable(); }),
+          Question([](const Accesses &a) { return a.measurement.measurementToolAvailable(); })}) {
         const AnswerHost::Answer told = host.next();
-        const Reply reply = (access.*question)();
+        const Reply reply = question(access);
         checkReply(told, reply);
         transcript.note(reply);
     }
@@ -45,70 +47,72 @@ std::string readReplies(const ControllerAccess &access, AnswerHost &host)
     return transcript.text();
 }
 
-std::string readStates(const ControllerAccess &access, AnswerHost &host)
+std::string readStates(const Accesses &access, AnswerHost &host)
 {
     Transcript transcript;
     AnswerHost::Answer told = host.next();
-    const Activity activity = access.activity();
+    const Activity activity = access.calibration.activity();
     require((activity == Activity::Failed) == told.fails);
     require((activity == Activity::Measuring) == saysWhole(told, "mea"));
     require((activity == Activity::None) == saysWhole(told, "none"));
     told = host.next();
-    const CameraRoom room = access.roomOfCamera(1);
+    const CameraRoom room = access.tracking.roomOfCamera(1);
     require((room == CameraRoom::None) == saysWhole(told, "none"));
     told = host.next();
-    const CalibrationStep step = access.activeStep();
+    const CalibrationStep step = access.calibration.activeStep();
     require((step == CalibrationStep::PauseAfterFirst) == saysWhole(told, "pause 1"));
     require((step == CalibrationStep::Failed) == told.fails);
     told = host.next();
-    const QByteArray target = access.referenceTarget();
+    const QByteArray target = access.measurement.referenceTarget();
     require(target == (told.fails || told.text == "none" ? "" : told.text.c_str()));
-    transcript.note(activity).note(room).note(step).note(target).note(access.coordinateType());
+    transcript.note(activity).note(room).note(step).note(target).note(access.tracking.coordinateType());
     return transcript.text();
 }
 
-std::string readCounts(const ControllerAccess &access, AnswerHost &host)
+std::string readCounts(const Accesses &access, AnswerHost &host)
 {
     Transcript transcript;
-    for (const auto question :
-         {&ControllerAccess::numberOfCameras, &ControllerAccess::numberOfCamerasToCalibrate}) {
+    using Question = std::optional<int> (*)(const Accesses &);
+    for (const Question question :
+         {Question([](const Accesses &a) { return a.tracking.numberOfCameras(); }),
+          Question([](const Accesses &a) { return a.calibration.numberOfCameras(); })}) {
         const AnswerHost::Answer told = host.next();
-        const std::optional<int> count = (access.*question)();
+        const std::optional<int> count = question(access);
         require(count.has_value() != told.fails);
         require(!count || (*count >= 0 && *count <= mostAsked));
         transcript.note(count.value_or(-1));
     }
     const bool fails = host.next().fails;
-    const int tools = access.numberOfMeasurementTools();
+    const int tools = access.measurement.numberOfMeasurementTools();
     require(!fails || tools == 0);
     const bool failsAgain = host.next().fails;
-    const int steps = access.calibrationSteps("room");
+    const int steps = access.calibration.steps("room");
     require(!failsAgain || steps == 1);
     return transcript.note(tools).note(steps).text();
 }
 
-std::string readCameras(const ControllerAccess &access, AnswerHost &host)
+std::string readCameras(const Accesses &access, AnswerHost &host)
 {
     Transcript transcript;
     for (int camera = 1; camera <= 3; ++camera) {
         const AnswerHost::Answer told = host.next();
-        const std::array<double, 3> position = access.positionOfCamera(camera);
+        const std::array<double, 3> position = access.tracking.positionOfCamera(camera);
         for (std::size_t i = 0; i < position.size(); ++i) {
             AnswerTexts::checkNumber(told.fails ? std::string() : AnswerTexts::word(told.text, i),
                                      position[i]);
             transcript.note(position[i]);
         }
-        transcript.note(access.cameraHasRoom(camera)).note(access.cameraSerial(camera));
-        transcript.note(access.cameraProgress(camera));
+        transcript.note(access.tracking.cameraHasRoom(camera)).note(access.calibration.cameraSerial(camera));
+        transcript.note(access.calibration.cameraProgress(camera));
     }
     return transcript.text();
 }
 
 /// Each of the three is neutral, or holds what the words say.
-std::string readRoomAdjustment(const ControllerAccess &access, AnswerHost &host)
+std::string readRoomAdjustment(const Accesses &access, AnswerHost &host)
 {
     const AnswerHost::Answer rotationTold = host.next();
-    const RoomTrafoData data = access.roomAdjustment();
+    const RoomTrafoData data = access.tracking.roomAdjustment();
     if (rotationTold.fails)
         require(data.rotation == RoomTrafoData().rotation);
     if (data.rotation != RoomTrafoData().rotation) {
@@ -119,48 +123,49 @@ std::string readRoomAdjustment(const ControllerAccess &access, AnswerHost &host)
     return Transcript().note(data).text();
 }
 
-std::string readNumbers(const ControllerAccess &access, AnswerHost &host)
+std::string readNumbers(const Accesses &access, AnswerHost &host)
 {
     Transcript transcript;
-    const auto take = [&](double fallback, double (*ask)(const ControllerAccess &)) {
+    const auto take = [&](double fallback, double (*ask)(const Accesses &)) {
         const bool fails = host.next().fails;
         const double value = ask(access);
         require(!fails || value == fallback);
         transcript.note(value);
     };
-    take(1.0, [](const ControllerAccess &a) { return a.measurementDuration(1); });
-    take(1.5, [](const ControllerAccess &a) { return a.tipTolerance(1); });
-    take(30.0, [](const ControllerAccess &a) { return a.roomCalibrationDuration(); });
-    take(-1.0, [](const ControllerAccess &a) { return a.extraScaling().value_or(-1.0); });
-    take(-1.0, [](const ControllerAccess &a) { return a.angleToolHeight().value_or(-1.0); });
-    take(-1.0, [](const ControllerAccess &a) { return a.calibrationProgress().value_or(-1.0); });
-    const bool fails = host.next().fails;
-    const auto distances = access.angleToolDistances();
-    require(!fails || !distances);
-    for (const double distance : distances.value_or(std::array<double, 3>{}))
-        transcript.note(distance);
+    take(1.0, [](const Accesses &a) { return a.measurement.measurementDuration(1); });
+    take(1.5, [](const Accesses &a) { return a.measurement.tipTolerance(1); });
+    take(-1.0, [](const Accesses &a) { return a.measurement.extraScaling().value_or(-1.0); });
+    take(-1.0, [](const Accesses &a) { return a.calibration.progress().value_or(-1.0); });
     return transcript.text();
 }
 
-std::string readCoordinateTypes(const ControllerAccess &access, AnswerHost &host)
+/// The duration is the third of the five calls.
+std::string setUpAngleTool(const Accesses &access, AnswerHost &host)
+{
+    const double seconds = access.calibration.setUpAngleTool(AngleToolSetup());
+    require(host.calls() == 5);
+    access.calibration.abandonAngleTool(seconds);
+    return Transcript().note(seconds).text();
+}
+
+std::string readAngleTool(const Accesses &access, AnswerHost &)
 {
     Transcript transcript;
-    const std::vector<OfferedCoordinateType> types = access.coordinateTypesForAngleTool();
-    require(types.size() <= mostAsked);
-    for (const OfferedCoordinateType &type : types) {
+    const AngleToolSettings settings = access.calibration.angleToolSettings();
+    require(settings.coordinateTypes.size() <= mostAsked);
+    for (const OfferedCoordinateType &type : settings.coordinateTypes) {
         require(type.identifier != "mid_camera" && type.identifier != "first_camera");
         transcript.note(type.identifier).note(type.description);
     }
-    const AnswerHost::Answer told = host.next();
-    const QByteArray chosen = access.chosenCoordinateType();
-    require(chosen == (told.fails ? "normal" : told.text.c_str()));
-    return transcript.note(chosen).text();
+    for (const double distance : settings.distances.value_or(std::array<double, 3>{}))
+        transcript.note(distance);
+    return transcript.note(settings.height.value_or(-1.0)).note(settings.coordinateType).text();
 }
 
-std::string readTools(const ControllerAccess &access, AnswerHost &)
+std::string readTools(const Accesses &access, AnswerHost &)
 {
     Transcript transcript;
-    const ToolSurvey survey = surveyTools(access);
+    const ToolSurvey survey = surveyTools(access.measurement);
     require(survey.toolCount >= 0 && survey.toolCount <= mostAsked);
     require(std::is_sorted(survey.calibrated.begin(), survey.calibrated.end()));
     for (const int tool : survey.calibrated) {
@@ -170,7 +175,7 @@ std::string readTools(const ControllerAccess &access, AnswerHost &)
     return transcript.note(survey.verdict).note(survey.toolCount).text();
 }
 
-std::string followCalibration(const ControllerAccess &access, bool pausesBetweenSteps)
+std::string followCalibration(const CalibrationAccess &access, bool pausesBetweenSteps)
 {
     constexpr int polls = 4;
     Transcript transcript;
@@ -198,14 +203,14 @@ std::string followCalibration(const ControllerAccess &access, bool pausesBetween
     return transcript.text();
 }
 
-std::string followPlainCalibration(const ControllerAccess &access, AnswerHost &)
+std::string followPlainCalibration(const Accesses &access, AnswerHost &)
 {
-    return followCalibration(access, false);
+    return followCalibration(access.calibration, false);
 }
 
-std::string followCalibrationWithPauses(const ControllerAccess &access, AnswerHost &)
+std::string followCalibrationWithPauses(const Accesses &access, AnswerHost &)
 {
-    return followCalibration(access, true);
+    return followCalibration(access.calibration, true);
 }
 
 /// Tracking that is stopped and started as the dialog does it.
@@ -217,17 +222,17 @@ public:
     {
     }
     void stopTracking() override { m_access.stopTrackingIfMeasuring(); }
-    void startTracking() override { (void)m_access.startTracking(); }
+    void startTracking() override { m_access.startTracking(); }
 
 private:
     const ControllerAccess &m_access;
 };
 
 /// Nothing half-read is ever written.
-std::string keepMeasuringFrame(const ControllerAccess &access, AnswerHost &host)
+std::string keepMeasuringFrame(const Accesses &access, AnswerHost &host)
 {
-    Tracking tracking(access);
-    MeasuringFrame frame(access, &tracking);
+    Tracking tracking(access.tracking);
+    MeasuringFrame frame(access.measurement, &tracking);
     const bool fails = host.next().fails;
     frame.prepareTransformation();
     require(!fails || host.written().empty());
@@ -253,7 +258,8 @@ const std::vector<Reading> &all()
                                                   readCameras,
                                                   readRoomAdjustment,
                                                   readNumbers,
-                                                  readCoordinateTypes,
+                                                  setUpAngleTool,
+                                                  readAngleTool,
                                                   readTools,
                                                   followPlainCalibration,
                                                   followCalibrationWithPauses,

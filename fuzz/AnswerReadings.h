@@ -1,10 +1,12 @@
 #pragma once
 
+#include "CalibrationAccess.h"
+#include "ControllerAccess.h"
+
 #include <string>
 #include <vector>
 
 class AnswerHost;
-class ControllerAccess;
 
 /// Everything of the product that reads the controller's answers, in groups that each begin with the host's
 /// next answer.
@@ -14,7 +16,13 @@ class ControllerAccess;
 namespace AnswerReadings
 {
 
-using Reading = std::string (*)(const ControllerAccess &, AnswerHost &);
+struct Accesses {
+    ControllerAccess tracking;
+    ControllerAccess measurement;
+    CalibrationAccess calibration;
+};
+
+using Reading = std::string (*)(const Accesses &, AnswerHost &);
 
 const std::vector<Reading> &all();
 

@@ -268,7 +268,7 @@ void RoomAdjustmentDlg2g::stopTracking()
 void RoomAdjustmentDlg2g::startTracking()
 {
     const ControllerAccess controller = m_controller;
-    (void)controller.startTracking();
+    controller.startTracking();
 }
 
 void RoomAdjustmentDlg2g::onDataChanged(bool changed)

@@ -60,21 +60,16 @@ void ControllerAccessTest::shouldSayTheRequiredWords_data()
     };
     row("tracking available", [](const ControllerAccess &c) { (void)c.trackingAvailable(); },
         {"read tracking available"});
-    row("activity", [](const ControllerAccess &c) { (void)c.activity(); }, {"read status active"});
-    row("start tracking", [](const ControllerAccess &c) { (void)c.startTracking(); },
+    row("start tracking", [](const ControllerAccess &c) { c.startTracking(); },
         {"command velmar2 tracking start"});
     row("stop tracking at rest", [](const ControllerAccess &c) { c.stopTrackingIfMeasuring(); },
         {"read status active"});
     row("stop tracking while measuring",
         [](const ControllerAccess &c) {
-            (void)c.startTracking();
+            c.startTracking();
             c.stopTrackingIfMeasuring();
         },
         {"command velmar2 tracking start", "read status active", "command velmar2 tracking stop"});
-    row("bare start", [](const ControllerAccess &c) { c.sendTrackingStart(); },
-        {"command velmar2 tracking start"});
-    row("bare stop", [](const ControllerAccess &c) { c.sendTrackingStop(); },
-        {"command velmar2 tracking stop"});
     row("configuration", [](const ControllerAccess &c) { (void)c.configurationChangeable(); },
         {"read config is_changeable"});
     row("cameras", [](const ControllerAccess &c) { (void)c.numberOfCameras(); },
@@ -149,18 +144,15 @@ void ControllerAccessTest::shouldReportAFailureInTheRequiredWords_data()
         QTest::newRow(name) << operation << expected;
     };
     row("tracking available", [](const ControllerAccess &c) { (void)c.trackingAvailable(); }, {});
-    row("activity", [](const ControllerAccess &c) { (void)c.activity(); }, {});
     row("configuration", [](const ControllerAccess &c) { (void)c.configurationChangeable(); }, {});
     row("has room", [](const ControllerAccess &c) { (void)c.cameraHasRoom(1); }, {});
     row("room", [](const ControllerAccess &c) { (void)c.roomOfCamera(1); }, {});
     row("room adjustment", [](const ControllerAccess &c) { (void)c.roomAdjustment(); }, {});
     row("scaling", [](const ControllerAccess &c) { (void)c.extraScaling(); }, {});
-    row("bare start", [](const ControllerAccess &c) { c.sendTrackingStart(); }, {});
-    row("bare stop", [](const ControllerAccess &c) { c.sendTrackingStop(); }, {});
     row("tool available", [](const ControllerAccess &c) { (void)c.measurementToolAvailable(); }, {});
     row("quiet tip", [](const ControllerAccess &c) { (void)c.tipIsCalibratedQuietly(1); }, {});
     row("duration", [](const ControllerAccess &c) { (void)c.measurementDuration(1); }, {});
-    row("start tracking", [](const ControllerAccess &c) { (void)c.startTracking(); },
+    row("start tracking", [](const ControllerAccess &c) { c.startTracking(); },
         {"Error: Unable to start tracking"});
     row("status", [](const ControllerAccess &c) { c.stopTrackingIfMeasuring(); },
         {"Error: Unable to check tracking status"});
@@ -265,7 +257,6 @@ void ControllerAccessTest::shouldTakeAnyNonZeroResultAsFailure()
     QVERIFY(!controller.numberOfCameras());
     QVERIFY(!controller.cameraHasRoom(1));
     QVERIFY(!controller.unsetReferenceTarget());
-    QVERIFY(!controller.startTracking());
 }
 
 void ControllerAccessTest::shouldFailEverywhereWithoutAChannel()
@@ -273,12 +264,10 @@ void ControllerAccessTest::shouldFailEverywhereWithoutAChannel()
     const ControllerAccess controller(nullptr, &current);
 
     QCOMPARE(controller.trackingAvailable(), Reply::Failed);
-    QCOMPARE(controller.activity(), Activity::Failed);
     QCOMPARE(controller.roomOfCamera(1), CameraRoom::Failed);
     QCOMPARE(controller.roomAdjustment(), RoomTrafoData());
     QCOMPARE(controller.coordinateType(), CoordinateType::Unknown);
     QVERIFY(!controller.numberOfCameras());
-    QVERIFY(!controller.startTracking());
     QVERIFY(!controller.extraTransformation());
     controller.writeRoomAdjustment(RoomTrafoData());
     controller.subscribe(nullptr);

@@ -1,3 +1,4 @@
+#include "CalibrationAccess.h"
 #include "ControllerAccess.h"
 #include "InterfaceVersion.h"
 #include "RecordingHost.h"
@@ -186,7 +187,7 @@ void ControllerAnswersTest::shouldTellWhatTheControllerIsDoing()
     RecordingHost host;
     host.setAnswer("status active", answer);
 
-    QTEST(int(ControllerAccess(&host, &current).activity()), "expected");
+    QTEST(int(CalibrationAccess(&host, &current).activity()), "expected");
 }
 
 void ControllerAnswersTest::shouldTellWhetherACameraHasARoom_data()

@@ -13,7 +13,7 @@ constexpr int secondStep = 2;
 
 } // namespace
 
-CalibrationRun::CalibrationRun(const ControllerAccess &controller, bool pausesBetweenSteps)
+CalibrationRun::CalibrationRun(const CalibrationAccess &controller, bool pausesBetweenSteps)
     : m_controller(controller)
     , m_pausesBetweenSteps(pausesBetweenSteps)
 {
@@ -23,8 +23,8 @@ void CalibrationRun::prepare(const QByteArray &kind)
 {
     m_phase = Phase::Preparing;
     m_kind = kind;
-    m_description = m_controller.calibrationDescription(kind);
-    m_steps = m_controller.calibrationSteps(kind);
+    m_description = m_controller.description(kind);
+    m_steps = m_controller.steps(kind);
     m_pauseOfFirstStep = m_controller.announcedPause(kind, firstStep);
     if (hasTwoSteps())
         askForPausesBetweenSteps();
@@ -51,8 +51,8 @@ bool CalibrationRun::begin()
     if (m_phase != Phase::Preparing)
         return false;
     if (activity != Activity::None && activity != Activity::Error)
-        m_controller.sendTrackingStop();
-    if (m_phase != Phase::Preparing || !m_controller.startCalibration(m_kind) || m_phase != Phase::Preparing)
+        m_controller.stopTracking();
+    if (m_phase != Phase::Preparing || !m_controller.start(m_kind) || m_phase != Phase::Preparing)
         return false;
     m_phase = Phase::Running;
     return true;
@@ -133,7 +133,7 @@ CalibrationPoll CalibrationRun::paused()
 
 void CalibrationRun::readOverall(CalibrationPoll *poll)
 {
-    const std::optional<double> progress = m_controller.calibrationProgress();
+    const std::optional<double> progress = m_controller.progress();
     if (!progress || !std::isfinite(*progress))
         return;
     poll->overallPercent = hasTwoSteps() ? Percentage::truncated(*progress) : Percentage::floored(*progress);
@@ -171,11 +171,9 @@ void CalibrationRun::resume()
 
 QByteArray CalibrationRun::fetchError()
 {
-    const QByteArray error = m_controller.calibrationError();
-    if (hasTwoSteps()) {
-        m_controller.sendTrackingStart();
-        m_controller.sendTrackingStop();
-    }
+    const QByteArray error = m_controller.error();
+    if (hasTwoSteps())
+        m_controller.clearError();
     return error;
 }
 
@@ -187,5 +185,5 @@ bool CalibrationRun::canBeStopped() const
 void CalibrationRun::stop()
 {
     end();
-    m_controller.stopCalibration(m_kind);
+    m_controller.stop(m_kind);
 }

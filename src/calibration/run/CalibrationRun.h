@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControllerAccess.h"
+#include "CalibrationAccess.h"
 
 #include <QByteArray>
 
@@ -31,7 +31,7 @@ class CalibrationRun
 {
 public:
     /// Without `pausesBetweenSteps` a calibration of two steps is followed as if it had one.
-    CalibrationRun(const ControllerAccess &controller, bool pausesBetweenSteps);
+    CalibrationRun(const CalibrationAccess &controller, bool pausesBetweenSteps);
 
     /// Asks for the description, the number of steps and the pauses of this kind of calibration.
     void prepare(const QByteArray &kind);
@@ -85,7 +85,7 @@ private:
     void readStep(CalibrationPoll *poll);
     void noteMovement(CalibrationPoll *poll);
 
-    ControllerAccess m_controller;
+    CalibrationAccess m_controller;
     bool m_pausesBetweenSteps;
     QByteArray m_kind;
     QByteArray m_description;

@@ -2,6 +2,7 @@
 
 #include "CalibrationKind.h"
 #include "CalibrationProgressDlg.h"
+#include "ControllerName.h"
 #include "Prompt.h"
 #include "Resources.h"
 #include "ui_AdjustToToolDlg.h"
@@ -62,34 +63,30 @@ int AdjustToToolDlg::openAndExec()
     if (isVisible() || m_isCalibrating)
         return Rejected;
     const QPointer<AdjustToToolDlg> self(this);
-    const ControllerAccess controller = m_controller;
-    const std::vector<OfferedCoordinateType> types = controller.coordinateTypesForAngleTool();
-    const auto distances = controller.angleToolDistances();
-    const std::optional<double> height = controller.angleToolHeight();
-    const QByteArray chosenType = controller.chosenCoordinateType();
+    const AngleToolSettings settings = m_controller.angleToolSettings();
     if (self.isNull() || isVisible())
         return Rejected;
-    showTool(distances, height);
-    showCoordinateTypes(types, chosenType);
+    showTool(settings);
+    showCoordinateTypes(settings);
     return exec();
 }
 
-void AdjustToToolDlg::showCoordinateTypes(const std::vector<OfferedCoordinateType> &types,
-                                          const QByteArray &chosen)
+void AdjustToToolDlg::showCoordinateTypes(const AngleToolSettings &settings)
 {
     QComboBox *list = m_ui->comboBox_coordinateSystem;
     list->clear();
-    for (const OfferedCoordinateType &type : types) {
+    for (const OfferedCoordinateType &type : settings.coordinateTypes) {
         QString text = QString::fromUtf8(type.description);
         text.remove(QLatin1Char('"'));
         list->addItem(text, QString::fromLatin1(type.identifier));
     }
-    list->setCurrentIndex(std::max(0, list->findData(QString::fromLatin1(chosen))));
+    list->setCurrentIndex(std::max(0, list->findData(QString::fromLatin1(settings.coordinateType))));
 }
 
-void AdjustToToolDlg::showTool(const std::optional<std::array<double, 3>> &distances,
-                               std::optional<double> height)
+void AdjustToToolDlg::showTool(const AngleToolSettings &settings)
 {
+    const auto &distances = settings.distances;
+    const auto &height = settings.height;
     const bool isWhole = distances.has_value() && height.has_value();
     const QString name =
         isWhole ? AngleTools::nameOf({(*distances)[0], (*distances)[1], (*distances)[2], *height})
@@ -177,13 +174,12 @@ void AdjustToToolDlg::on_pushButton_calibrate_clicked()
 void AdjustToToolDlg::calibrate()
 {
     if (!m_controller.supports(ControllerFeature::AngleToolCalibration)) {
-        Prompt::ask(this, QMessageBox::Critical, QStringLiteral("VELMAR3"),
+        Prompt::ask(this, QMessageBox::Critical, QLatin1String(controllerName),
                     tr("This function is not supported by the Controller!"), QMessageBox::Ok);
         return;
     }
     const QPointer<AdjustToToolDlg> self(this);
-    const ControllerAccess controller = m_controller;
-    const bool isChosen = controller.chooseAngleToolCalibration();
+    const bool isChosen = m_controller.chooseAngleTool();
     if (self.isNull())
         return;
     if (!isChosen) {
@@ -201,22 +197,15 @@ void AdjustToToolDlg::calibrate()
         giveUp(oldDuration);
 }
 
-/// Returns the duration to be restored afterwards, in seconds. Each step is made whatever became of the
-/// others.
+/// Returns the duration to be restored afterwards, in seconds.
 double AdjustToToolDlg::setUpCalibration()
 {
-    const ControllerAccess controller = m_controller;
-    const std::array<double, 3> distances{m_ui->doubleSpinBox_a->value(), m_ui->doubleSpinBox_b->value(),
-                                          m_ui->doubleSpinBox_c->value()};
-    const double height = m_ui->doubleSpinBox_height->value();
-    const QByteArray type = m_ui->comboBox_coordinateSystem->currentData().toString().toLatin1();
-    controller.setAngleToolDistances(distances);
-    controller.setAngleToolHeight(height);
-    const double oldDuration = controller.roomCalibrationDuration();
-    controller.shortenRoomCalibration();
-    controller.chooseCoordinateType(type);
-    controller.noteCalibrationStarted();
-    return oldDuration;
+    AngleToolSetup setup;
+    setup.distances = {m_ui->doubleSpinBox_a->value(), m_ui->doubleSpinBox_b->value(),
+                       m_ui->doubleSpinBox_c->value()};
+    setup.height = m_ui->doubleSpinBox_height->value();
+    setup.coordinateType = m_ui->comboBox_coordinateSystem->currentData().toString().toLatin1();
+    return m_controller.setUpAngleTool(setup);
 }
 
 int AdjustToToolDlg::runCalibration()
@@ -232,8 +221,7 @@ int AdjustToToolDlg::runCalibration()
 void AdjustToToolDlg::takeOver(double oldDurationSeconds)
 {
     const QPointer<AdjustToToolDlg> self(this);
-    const ControllerAccess controller = m_controller;
-    const bool isAccepted = controller.acceptNewCalibration();
+    const bool isAccepted = m_controller.acceptNewCalibration();
     if (self.isNull())
         return;
     if (!isAccepted) {
@@ -245,16 +233,12 @@ void AdjustToToolDlg::takeOver(double oldDurationSeconds)
                 tr("Calibration successful!\nNew calibration is set to Controller."), QMessageBox::Ok);
     if (self.isNull())
         return;
-    controller.restartTrackingAfterCalibration();
-    controller.restoreRoomCalibrationDuration(oldDurationSeconds);
+    m_controller.concludeAngleTool(oldDurationSeconds);
     if (!self.isNull())
         accept();
 }
 
 void AdjustToToolDlg::giveUp(double oldDurationSeconds)
 {
-    const ControllerAccess controller = m_controller;
-    controller.noteCalibrationCancelled();
-    controller.restoreRoomCalibrationDuration(oldDurationSeconds);
-    controller.restartTrackingAfterCalibration();
+    m_controller.abandonAngleTool(oldDurationSeconds);
 }

@@ -1,14 +1,12 @@
 #pragma once
 
 #include "AngleTools.h"
-#include "ControllerAccess.h"
+#include "CalibrationAccess.h"
 
 #include <QDialog>
 
 #include <array>
 #include <memory>
-#include <optional>
-#include <vector>
 
 class IOManager;
 class QDoubleSpinBox;
@@ -49,8 +47,8 @@ private:
     void keepValuesReadable();
     void nameExpert();
     static int indexOf(const QString &model);
-    void showCoordinateTypes(const std::vector<OfferedCoordinateType> &types, const QByteArray &chosen);
-    void showTool(const std::optional<std::array<double, 3>> &distances, std::optional<double> height);
+    void showCoordinateTypes(const AngleToolSettings &settings);
+    void showTool(const AngleToolSettings &settings);
     void selectModel(const QString &name);
     std::array<QDoubleSpinBox *, 4> fields() const;
     void calibrate();
@@ -62,6 +60,6 @@ private:
     std::unique_ptr<Ui::AdjustToToolDlg> m_ui;
     IOManager *m_commands;
     const BackendVersions *m_versions;
-    ControllerAccess m_controller;
+    CalibrationAccess m_controller;
     bool m_isCalibrating = false;
 };

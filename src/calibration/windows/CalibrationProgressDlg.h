@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControllerAccess.h"
+#include "CalibrationAccess.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -78,7 +78,7 @@ private:
     QString composedInformation(const QString &kind) const;
 
     std::unique_ptr<Ui::CalibrationProgressDialog> m_ui;
-    ControllerAccess m_controller;
+    CalibrationAccess m_controller;
     QTimer m_statusTimer{this};
     std::shared_ptr<CalibrationRun> m_run;
     QString m_information;

@@ -22,7 +22,7 @@ CameraGrid::CameraGrid(QGridLayout *layout, IOManager *commands, const BackendVe
 void CameraGrid::build()
 {
     const QPointer<CameraGrid> self(this);
-    const std::optional<int> count = ControllerAccess(m_commands, m_versions).numberOfCamerasToCalibrate();
+    const std::optional<int> count = CalibrationAccess(m_commands, m_versions).numberOfCameras();
     if (!count || self.isNull())
         return;
     clear();

@@ -129,8 +129,7 @@ void CameraStatus::set_tab_number(int value)
 void CameraStatus::update_progressBar()
 {
     const QPointer<CameraStatus> self(this);
-    const ControllerAccess controller = m_controller;
-    const float fraction = controller.cameraProgress(m_index + 1);
+    const float fraction = m_controller.cameraProgress(m_index + 1);
     if (!self.isNull())
         showProgress(fraction);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControllerAccess.h"
+#include "CalibrationAccess.h"
 
 #include <QGroupBox>
 #include <QString>
@@ -48,7 +48,7 @@ private:
     void showTexts();
 
     std::unique_ptr<Ui::CameraStatus> m_ui;
-    ControllerAccess m_controller;
+    CalibrationAccess m_controller;
     int m_index;
     QString m_serial;
     int m_tabNumber = 0;

@@ -451,7 +451,7 @@ private:
 
     CalibrationRun newRun(bool pausesBetweenSteps)
     {
-        return CalibrationRun(ControllerAccess(m_host.get(), &m_versions), pausesBetweenSteps);
+        return CalibrationRun(CalibrationAccess(m_host.get(), &m_versions), pausesBetweenSteps);
     }
 
     /// With two steps when there are pauses between steps.
