@@ -43,8 +43,11 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     , m_room(new RoomPanel(m_controls, this))
     , m_connectionLabel(new QLabel(this))
     , m_moduleLabel(new QLabel(this))
+    , m_droppedLabel(new QLabel(this))
 {
     setCentralWidget(m_conversation);
+    m_droppedLabel->setObjectName(QStringLiteral("droppedLabel"));
+    statusBar()->addPermanentWidget(m_droppedLabel);
     statusBar()->addPermanentWidget(m_moduleLabel);
     statusBar()->addPermanentWidget(m_connectionLabel);
     resize(startSize);
@@ -61,6 +64,10 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
             [this](const QString &, const QString &, int, const QString &message) {
                 statusBar()->showMessage(tr("Reported: %1").arg(message), reportShownMs);
             });
+    connect(&m_channel.link(), &ControllerLink::framesDropped, this, [this](long count) {
+        m_droppedFrames = count;
+        showDropped();
+    });
     connect(&m_channel.link(), &ControllerLink::connectionChanged, this, [this](bool, const QString &text) {
         m_connectionLabel->setText(m_channel.link().description());
         statusBar()->showMessage(text, reportShownMs);
@@ -127,7 +134,15 @@ void BenchWindow::showTexts()
     if (m_roomLanguageMenu != nullptr)
         m_roomLanguageMenu->setTitle(tr("Language")); // every letter is taken there
     m_connectionLabel->setText(m_channel.link().description());
+    showDropped();
     showModuleState();
+}
+
+void BenchWindow::showDropped()
+{
+    m_droppedLabel->setVisible(m_droppedFrames > 0);
+    m_droppedLabel->setText(tr("Frames dropped: %1").arg(m_droppedFrames));
+    m_droppedLabel->setToolTip(tr("So many frames came faster than they could be handled."));
 }
 
 bool BenchWindow::loadModule()

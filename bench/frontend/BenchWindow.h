@@ -56,6 +56,7 @@ private:
     void buildMenus();
     void showTexts();
     void readVersion();
+    void showDropped();
     void showModuleState();
     void retitleModule();
     void showRoom();
@@ -71,6 +72,8 @@ private:
     ModalCompanion *m_companion = nullptr;
     QLabel *m_connectionLabel;
     QLabel *m_moduleLabel;
+    QLabel *m_droppedLabel;
+    long m_droppedFrames = 0;
     QMenu *m_benchMenu = nullptr;
     QAction *m_loadAction = nullptr;
     QAction *m_unloadAction = nullptr;

@@ -46,6 +46,10 @@ signals:
     /// The records of a frame, in their order; kinds that nobody asked for may be among them.
     void recordsArrived(const std::vector<SimRecord> &records);
 
+    /// So many frames have been dropped since the link was made, because they came faster than they were
+    /// handled.
+    void framesDropped(long count);
+
     /// The connection was made or lost; the text says it in a sentence.
     void connectionChanged(bool connected, const QString &text);
 

@@ -2,13 +2,13 @@
 
 #include "SimAnswer.h"
 
-#include <utility>
-
 namespace
 {
 
 constexpr int longestLine = 200000;
-constexpr std::size_t mostRecords = 100000;
+constexpr qint64 mostUnread = 1024 * 1024;
+constexpr qint64 bytesPerTurn = 256 * 1024;
+constexpr std::chrono::milliseconds longestDelivery{20};
 constexpr std::chrono::milliseconds firstRetryPause{500};
 const QByteArray recordLead = "record ";
 
@@ -25,6 +25,7 @@ RemoteController::RemoteController(const QString &host, quint16 port, QObject *p
     , m_port(port)
 {
     m_clock.start();
+    m_socket.setReadBufferSize(mostUnread);
     m_retry.setSingleShot(true);
     m_retry.setInterval(firstRetryPause);
     connect(&m_retry, &QTimer::timeout, this, [this] { m_socket.connectToHost(m_host, m_port); });
@@ -103,8 +104,7 @@ LinkAnswer RemoteController::exchange(const std::string &line)
     m_socket.flush();
     LinkAnswer answer = nextAnswer();
     m_asking = false;
-    if (!m_records.empty())
-        QTimer::singleShot(0, this, &RemoteController::deliver);
+    readLater(); // what came with the answer, and before it
     return answer;
 }
 
@@ -113,13 +113,12 @@ LinkAnswer RemoteController::nextAnswer()
     QElapsedTimer waiting;
     waiting.start();
     while (true) {
-        m_received += m_socket.readAll();
-        QByteArray line;
-        while (takeLine(&line)) {
-            if (isAnswer(line))
-                return {true, line.toStdString()};
-            if (!keepRecord(line))
-                return fail(tr("the answer is garbage: %1").arg(QString::fromLatin1(line.left(60))));
+        m_received.append(m_socket.readAll());
+        while (const auto line = m_received.take()) {
+            if (isAnswer(*line))
+                return {true, line->toStdString()};
+            if (!keepRecord(*line))
+                return fail(tr("the answer is garbage: %1").arg(QString::fromLatin1(line->left(60))));
         }
         if (m_received.size() > longestLine)
             return fail(tr("the answer does not end"));
@@ -133,34 +132,21 @@ LinkAnswer RemoteController::nextAnswer()
     }
 }
 
-bool RemoteController::takeLine(QByteArray *line)
-{
-    const int end = m_received.indexOf('\n');
-    if (end < 0)
-        return false;
-    *line = m_received.left(end);
-    if (line->endsWith('\r'))
-        line->chop(1);
-    m_received.remove(0, end + 1);
-    return true;
-}
-
 // A pushed line is "record <kind> <line>".
 bool RemoteController::keepRecord(const QByteArray &line)
 {
     const int kindEnd = line.indexOf(' ', recordLead.size());
     if (!line.startsWith(recordLead) || kindEnd < 0)
         return false;
-    if (m_records.size() < mostRecords)
-        m_records.push_back({line.mid(recordLead.size(), kindEnd - recordLead.size()).toStdString(),
-                             line.mid(kindEnd + 1).toStdString()});
+    m_backlog.push({line.mid(recordLead.size(), kindEnd - recordLead.size()).toStdString(),
+                    line.mid(kindEnd + 1).toStdString()});
     return true;
 }
 
 void RemoteController::connected()
 {
     m_received.clear();
-    m_records.clear();
+    m_backlog.clear();
     m_socket.setSocketOption(QAbstractSocket::LowDelayOption, 1);
     const LinkAnswer answer = exchange(subscriptionLine());
     if (!answer.arrived)
@@ -201,26 +187,51 @@ LinkAnswer RemoteController::fail(const QString &reason)
 
 void RemoteController::readUnasked()
 {
-    if (m_asking)
+    if (m_asking || (m_socket.isOpen() && !takeUnasked()))
         return;
-    m_received += m_socket.readAll();
-    QByteArray line;
-    while (takeLine(&line)) {
-        if (keepRecord(line))
-            continue;
-        fail(tr("an answer that nobody asked for: %1").arg(QString::fromLatin1(line.left(60))));
-        return;
-    }
-    if (m_received.size() > longestLine)
-        fail(tr("a line does not end"));
+    if (m_socket.bytesAvailable() > 0)
+        readLater();
     deliver();
+}
+
+/// False when the connection was given up.
+bool RemoteController::takeUnasked()
+{
+    m_received.append(m_socket.read(bytesPerTurn));
+    while (const auto line = m_received.take()) {
+        if (keepRecord(*line))
+            continue;
+        fail(tr("an answer that nobody asked for: %1").arg(QString::fromLatin1(line->left(60))));
+        return false;
+    }
+    if (m_received.size() <= longestLine)
+        return true;
+    fail(tr("a line does not end"));
+    return false;
+}
+
+void RemoteController::readLater()
+{
+    QTimer::singleShot(0, this, &RemoteController::readUnasked);
 }
 
 void RemoteController::deliver()
 {
-    const std::vector<SimRecord> records = std::exchange(m_records, {});
-    if (!records.empty())
-        emit recordsArrived(records);
+    QElapsedTimer turn;
+    turn.start();
+    while (!m_backlog.isEmpty() && !turn.hasExpired(longestDelivery.count()))
+        emit recordsArrived(m_backlog.take());
+    if (!m_backlog.isEmpty())
+        readLater();
+    tellDropped();
+}
+
+void RemoteController::tellDropped()
+{
+    if (m_backlog.droppedCount() == m_toldDropped)
+        return;
+    m_toldDropped = m_backlog.droppedCount();
+    emit framesDropped(m_toldDropped);
 }
 
 // Never from inside a call of ask().

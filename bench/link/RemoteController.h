@@ -1,6 +1,8 @@
 #pragma once
 
 #include "ControllerLink.h"
+#include "FrameBacklog.h"
+#include "LineBuffer.h"
 
 #include <QByteArray>
 #include <QElapsedTimer>
@@ -16,6 +18,9 @@
 /// a failed answer that says so. After any of these the connection is given up, since a late answer would be
 /// taken for that of the next line, and made again as soon as the controller can be reached; until then every
 /// line fails at once.
+///
+/// Records that come faster than they are handled are dropped by whole frames; the event loop has its turn in
+/// between.
 class RemoteController : public ControllerLink
 {
     Q_OBJECT
@@ -48,12 +53,14 @@ public:
 private:
     LinkAnswer exchange(const std::string &line);
     LinkAnswer nextAnswer();
-    bool takeLine(QByteArray *line);
     bool keepRecord(const QByteArray &line);
     void connected();
     void lost(const QString &reason);
     void readUnasked();
+    bool takeUnasked();
+    void readLater();
     void deliver();
+    void tellDropped();
     LinkAnswer fail(const QString &reason);
     void announce(bool connected, const QString &text);
     std::string subscriptionLine() const;
@@ -64,8 +71,9 @@ private:
     QTimer m_retry;
     QElapsedTimer m_clock;
     std::chrono::milliseconds m_timeout{2000};
-    QByteArray m_received;
-    std::vector<SimRecord> m_records; ///< arrived but not handed out yet
+    LineBuffer m_received;
+    FrameBacklog m_backlog; ///< arrived but not handed out yet
+    long m_toldDropped = 0;
     std::set<std::string> m_kinds;
     QString m_failure;
     bool m_ready = false; ///< connected, and the other side has answered

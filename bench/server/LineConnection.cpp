@@ -5,6 +5,8 @@
 #include <QTcpSocket>
 #include <QTimer>
 
+#include <utility>
+
 namespace
 {
 
@@ -61,7 +63,7 @@ void LineConnection::read()
 
 void LineConnection::takeLines()
 {
-    m_received += m_socket->read(readBuffer - m_received.size());
+    m_received.append(m_socket->read(readBuffer - m_received.size()));
     for (int i = 0; i < linesPerTurn; ++i) {
         if (m_paused || isCongested() || !takeLine())
             return;
@@ -71,24 +73,19 @@ void LineConnection::takeLines()
 
 bool LineConnection::takeLine()
 {
-    const int end = m_received.indexOf('\n');
-    const bool isTooLong = (end < 0 ? m_received.size() : end) > longestLine + 1;
+    const std::optional<QByteArray> line = m_received.take();
+    const bool isTooLong = line ? line->size() > longestLine : m_received.size() > longestLine + 1;
     if (isTooLong && !m_skipping)
         emit lineTooLong();
     m_skipping = m_skipping || isTooLong;
-    if (end < 0) {
+    if (!line) {
         if (m_skipping)
             m_received.clear();
         return false;
     }
-    QByteArray line = m_received.left(end);
-    m_received.remove(0, end + 1);
-    if (line.endsWith('\r'))
-        line.chop(1);
-    const bool isSkipped = m_skipping;
-    m_skipping = false;
+    const bool isSkipped = std::exchange(m_skipping, false);
     if (!isSkipped)
-        emit lineArrived(line.toStdString());
+        emit lineArrived(line->toStdString());
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QByteArray>
+#include "LineBuffer.h"
+
 #include <QObject>
 
 #include <set>
@@ -46,7 +47,7 @@ private:
     bool isCongested() const;
 
     QTcpSocket *m_socket;
-    QByteArray m_received;
+    LineBuffer m_received;
     bool m_skipping = false;
     bool m_paused = false;
     bool m_taking = false;

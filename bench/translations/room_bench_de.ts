@@ -71,6 +71,14 @@
         <source>&lt;ol&gt;&lt;li&gt;Press Shift+F5: the dialog &quot;Room Adjustment&quot; opens.&lt;/li&gt;&lt;li&gt;Choose the tab &quot;Fine&quot; and press &quot;Start&quot; under &quot;Adjust based on reference points&quot;.&lt;/li&gt;&lt;li&gt;In the window &quot;Simulated Room&quot; press &quot;Point 1&quot;, then &quot;Press the tool button&quot;, and wait until the point stands in the dialog&apos;s table.&lt;/li&gt;&lt;li&gt;Do the same with the points 2 and 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 switches between the dialog and the simulated room.&lt;/p&gt;</source>
         <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie Umschalt+F5: Der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den Punkten 2 und 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum.&lt;/p&gt;</translation>
     </message>
+    <message>
+        <source>Frames dropped: %1</source>
+        <translation>Verworfene Bilder: %1</translation>
+    </message>
+    <message>
+        <source>So many frames came faster than they could be handled.</source>
+        <translation>So viele Bilder kamen schneller, als sie verarbeitet werden konnten.</translation>
+    </message>
 </context>
 <context>
     <name>CallLog</name>

@@ -100,6 +100,18 @@ private slots:
         QVERIFY(window.statusBar()->currentMessage().contains(QStringLiteral("Error: something")));
     }
 
+    void shouldCountTheDroppedFramesInTheStatusBar()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        window.show();
+        const auto *label = window.statusBar()->findChild<QLabel *>(QStringLiteral("droppedLabel"));
+        QVERIFY(!label->isVisible());
+        emit fake.link.framesDropped(17);
+        QVERIFY(label->isVisible());
+        QCOMPARE(label->text(), QStringLiteral("Frames dropped: 17"));
+    }
+
     void shouldOpenTheSimulatedRoomBesideItself()
     {
         FakeController fake;

@@ -9,10 +9,13 @@
 /// A server of one thread of its own that answers the n-th line with the n-th text, whatever the line is.
 ///
 /// A text "close" closes the connection, "part" sends an answer without its end and closes, "silence" sends
-/// nothing, "flood" sends a line without an end. After the last text every line is answered "velmar2 ok".
+/// nothing, "flood" sends a line without an end, "records" an answer and behind it 11 MB of short records.
+/// After the last text every line is answered "velmar2 ok".
 class OddServer : public QThread
 {
 public:
+    static constexpr int recordCount = 750000;
+
     explicit OddServer(const QList<QByteArray> &answers)
         : m_answers(answers)
     {
@@ -64,6 +67,8 @@ private:
             socket->write("velmar2 get sta");
         else if (text == "flood")
             socket->write(QByteArray(300000, 'x'));
+        else if (text == "records")
+            socket->write("velmar2 ok\n" + QByteArray("record fr fr 1\n").repeated(recordCount));
         else if (text != "close" && text != "silence")
             socket->write(text + "\n");
         while (socket->bytesToWrite() > 0 && socket->waitForBytesWritten(1000)) {

@@ -50,6 +50,7 @@ private slots:
     void shouldReportARefusedConnection();
     void shouldReportWhatBroke_data();
     void shouldReportWhatBroke();
+    void shouldDropByFramesWhatComesFasterThanItIsHandled();
     void shouldFailAtOnceWhileNotConnected();
     void shouldReconnectAfterTheServerWasKilled();
     void shouldRefuseAddressesOfAnotherForm();
@@ -171,6 +172,30 @@ void RemoteControllerTest::shouldReportWhatBroke()
     QTRY_VERIFY(changes.count() >= 3);
     QCOMPARE(changes[1][0].toBool(), false);
     QCOMPARE(changes.last()[1].toString(), QStringLiteral("Reconnected to 127.0.0.1:%1.").arg(server.port()));
+}
+
+void RemoteControllerTest::shouldDropByFramesWhatComesFasterThanItIsHandled()
+{
+    // GIVEN
+    OddServer server({"velmar2 ok", "records"});
+    RemoteController link(loopback, server.port());
+    QVERIFY(link.open());
+    long handled = 0;
+    long dropped = 0;
+    std::size_t largestFrame = 0;
+    connect(&link, &ControllerLink::recordsArrived, this, [&](const std::vector<SimRecord> &records) {
+        ++handled;
+        largestFrame = std::max(largestFrame, records.size());
+    });
+    connect(&link, &ControllerLink::framesDropped, this, [&](long count) { dropped = count; });
+    // WHEN
+    QCOMPARE(link.ask("velmar2 tracking start").text, std::string("velmar2 ok"));
+    // THEN
+    QTRY_COMPARE_WITH_TIMEOUT(handled + dropped, long(OddServer::recordCount), 30000);
+    QVERIFY(handled > 0);
+    QVERIFY(dropped > 0);
+    QCOMPARE(largestFrame, std::size_t(1));
+    QVERIFY(link.isConnected());
 }
 
 void RemoteControllerTest::shouldFailAtOnceWhileNotConnected()
