@@ -1,5 +1,7 @@
 #pragma once
 
+#include "HideWatch.h"
+
 #include <QDialog>
 #include <QPointer>
 
@@ -27,9 +29,11 @@ public:
     ModalWindow(const ModalWindow &) = delete;
     ModalWindow &operator=(const ModalWindow &) = delete;
 
-    /// Runs the window and returns its result; QDialog::Rejected when it was destroyed meanwhile.
+    /// Runs the window and returns its result; QDialog::Rejected when it was destroyed meanwhile, or when the
+    /// window behind it was hidden.
     int exec()
     {
+        const HideWatch watch(m_window.data());
         const int result = m_window->exec();
         return m_window.isNull() ? int(QDialog::Rejected) : result;
     }

@@ -167,6 +167,10 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>The distance of this point, %1 mm, is the largest and more than three times the median distance. Check it or measure it again.</source>
         <translation>Der Abstand dieses Punktes, %1 mm, ist der größte und mehr als das Dreifache des mittleren Abstands (Median). Prüfen Sie den Punkt oder messen Sie ihn erneut.</translation>
     </message>
+    <message>
+        <source>No measurement data arrives from the controller. Check the connection, and whether the controller is tracking.</source>
+        <translation>Es kommen keine Messdaten vom Controller. Prüfen Sie die Verbindung und ob der Controller misst.</translation>
+    </message>
 </context>
 <context>
     <name>AbcMatchingDialogClass</name>

@@ -1,6 +1,7 @@
 #include "AbcMatchingDialog.h"
 
 #include "EvaluationThread.h"
+#include "HideWatch.h"
 #include "IOManager.h"
 #include "ListEditing.h"
 #include "MatchingControls.h"
@@ -10,6 +11,7 @@
 #include "MatchingReport.h"
 #include "MeasuringView.h"
 #include "ModalWindow.h"
+#include "NoticeLine.h"
 #include "ObjectWatch.h"
 #include "Resources.h"
 #include "ResultView.h"
@@ -49,7 +51,9 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_editing = new ListEditing(*m_lists, this);
     m_controls = std::make_unique<MatchingControls>(*m_ui, *this);
     m_measuring = std::make_unique<MeasuringView>(*m_ui);
-    m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
+    m_notices = std::make_unique<NoticeLine>(m_ui->label_notice);
+    m_result =
+        std::make_unique<ResultView>(*m_ui, *m_notices, m_lists->referenceTable(), m_lists->measuredTable());
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
     connectOwnSignals();
@@ -67,7 +71,7 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
-    connect(m_editing, &ListEditing::noticeChanged, this, &AbcMatchingDialog::showSurveyTexts);
+    connect(m_editing, &ListEditing::noticeChanged, this, &AbcMatchingDialog::showListNotice);
     connect(m_evaluation, &EvaluationThread::finished, this, &AbcMatchingDialog::showEvaluation);
     connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
 }
@@ -76,25 +80,34 @@ void AbcMatchingDialog::connectOwnSignals()
 
 int AbcMatchingDialog::update_and_exec()
 {
-    if (!isVisible() && !m_state.isOpening())
-        return surveyAndExec();
-    raise();
-    activateWindow();
-    return noResult;
-}
-
-int AbcMatchingDialog::surveyAndExec()
-{
-    const ObjectWatch self(this);
+    const ObjectWatch self(this, m_running);
+    if (!self) {
+        raise();
+        activateWindow();
+        return noResult;
+    }
     m_state.beginOpening();
     m_sampler.restart();
     const ToolSurvey survey = surveyTools(m_controller);
     if (!self)
         return noResult;
     showSurvey(survey);
-    const int result = exec();
+    const int result = execInFrontOfAWindow();
     if (self)
         endOpening(); // a host may have hidden or rejected the dialog, which closes nothing
+    return result;
+}
+
+/// Leaves as Cancel does also when the application quits, which ends the loop and hides nothing.
+int AbcMatchingDialog::execInFrontOfAWindow()
+{
+    const HideWatch watch(this);
+    if (watch.isHidden())
+        return noResult;
+    const ObjectWatch self(this);
+    const int result = exec();
+    if (self && isVisible())
+        close();
     return result;
 }
 
@@ -107,23 +120,28 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
     showSurveyTexts();
     m_ui->progressBar->setValue(0);
     m_measuring->showTracking(m_sampler.isTracked());
+    m_records.seen(RecordWatch::Clock::now());
+    showWhetherRecordsArrive();
     if (m_state.isToolReady())
         m_timer.start();
 }
 
-/// What the survey of the tools found goes before what the last evaluation found.
 void AbcMatchingDialog::showSurveyTexts()
 {
-    using Verdict = ToolSurvey::Verdict;
-    m_result->setListNotice(m_editing->notice());
-    m_measuring->showNoToolNotice(m_state.verdict() == Verdict::NotCalibrated);
-    if (m_state.verdict() == Verdict::NotSupported)
-        m_result->showNotice(
-            tr("This controller does not support measuring points with a measurement tool."));
-    else if (m_state.verdict() == Verdict::NotAvailable)
-        m_result->showNotice(tr("The controller offers no measurement tool."));
-    else
-        m_result->showNotice();
+    const ToolSurvey::Verdict verdict = m_state.verdict();
+    m_measuring->showNoToolNotice(verdict == ToolSurvey::Verdict::NotCalibrated);
+    m_notices->say(NoticeLine::Side::Tools, [verdict] { return MatchingReport::noTool(verdict); });
+}
+
+void AbcMatchingDialog::showListNotice()
+{
+    m_notices->say(NoticeLine::Side::Lists, [this] { return m_editing->notice(); });
+}
+
+void AbcMatchingDialog::showWhetherRecordsArrive()
+{
+    const bool silent = m_state.isOpen() && m_records.isSilent(RecordWatch::Clock::now());
+    m_notices->say(NoticeLine::Side::Data, silent ? &MatchingReport::noData : NoticeLine::Text());
 }
 
 void AbcMatchingDialog::showState()
@@ -190,6 +208,7 @@ void AbcMatchingDialog::on_pushButton_help_clicked()
 
 int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
 {
+    m_records.seen(RecordWatch::Clock::now());
     if (!m_sampler.decode(text))
         return undecodable;
     constexpr char endingKind[] = "6dmt ";
@@ -282,6 +301,7 @@ void AbcMatchingDialog::showTrackingStatus()
     m_state.looked(tracked);
     showState();
     m_measuring->showTracking(tracked);
+    showWhetherRecordsArrive();
 }
 
 void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)

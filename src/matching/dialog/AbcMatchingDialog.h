@@ -4,6 +4,7 @@
 #include "MatchingEvaluation.h"
 #include "MatchingPoint.h"
 #include "MatchingState.h"
+#include "RecordWatch.h"
 #include "ToolSampler.h"
 #include "bsMatrix.h"
 
@@ -20,6 +21,7 @@ class ListEditing;
 class MatchingControls;
 class MatchingLists;
 class MeasuringView;
+class NoticeLine;
 class QTableWidgetItem;
 class ResultView;
 class SearchProgress;
@@ -96,11 +98,13 @@ protected:
 private:
     void connectOwnSignals();
 
-    int surveyAndExec();
+    int execInFrontOfAWindow();
     void endOpening();
     void showSurvey(const ToolSurvey &survey);
     void showState();
     void showSurveyTexts();
+    void showListNotice();
+    void showWhetherRecordsArrive();
     void report(const std::function<QString()> &text);
 
     void startMeasurement(int tool);
@@ -119,11 +123,14 @@ private:
     ListEditing *m_editing;
     std::unique_ptr<MatchingControls> m_controls;
     std::unique_ptr<MeasuringView> m_measuring;
+    std::unique_ptr<NoticeLine> m_notices;
     std::unique_ptr<ResultView> m_result;
     EvaluationThread *m_evaluation;
     SearchProgress *m_progress;
 
     MatchingState m_state;
+    RecordWatch m_records;
+    bool m_running = false;
     MatchingPoint m_mean{};
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;

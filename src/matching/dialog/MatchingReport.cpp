@@ -73,6 +73,20 @@ QString MatchingReport::notice(const MatchingEvaluation &evaluation)
     return reasons.join(QLatin1Char('\n'));
 }
 
+QString MatchingReport::noTool(ToolSurvey::Verdict verdict)
+{
+    using Verdict = ToolSurvey::Verdict;
+    if (verdict == Verdict::NotSupported)
+        return tr("This controller does not support measuring points with a measurement tool.");
+    return verdict == Verdict::NotAvailable ? tr("The controller offers no measurement tool.") : QString();
+}
+
+QString MatchingReport::noData()
+{
+    return tr("No measurement data arrives from the controller. Check the connection, and whether the "
+              "controller is tracking.");
+}
+
 QString MatchingReport::cancelled()
 {
     return tr("The search for the best order of the measured points was cancelled.\nMeasure the points in "

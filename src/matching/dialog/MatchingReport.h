@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ToolSurvey.h"
+
 #include <QCoreApplication>
 #include <QString>
 
@@ -15,6 +17,11 @@ public:
 
     /// Why the result is not reliable, one sentence per reason; empty when nothing speaks against it.
     [[nodiscard]] static QString notice(const MatchingEvaluation &evaluation);
+
+    /// Why nothing can be measured; empty when something can, or when no tip is calibrated, which another
+    /// line tells.
+    [[nodiscard]] static QString noTool(ToolSurvey::Verdict verdict);
+    [[nodiscard]] static QString noData();
 
     [[nodiscard]] static QString cancelled();
     [[nodiscard]] static QString searching();

@@ -1,13 +1,14 @@
 #include "ResultView.h"
 
 #include "MatchingReport.h"
+#include "NoticeLine.h"
 #include "PointTable.h"
 #include "ui_AbcMatchingDialog.h"
 
-#include <QStringList>
-
-ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured)
+ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, NoticeLine &notices, PointTable &references,
+                       PointTable &measured)
     : m_ui(ui)
+    , m_notices(notices)
     , m_references(references)
     , m_measured(measured)
 {
@@ -25,7 +26,7 @@ void ResultView::show(const MatchingEvaluation &evaluation)
     clear();
     m_evaluation = evaluation;
     markWorstRows();
-    showNotice();
+    m_notices.say(NoticeLine::Side::Evaluation, [evaluation] { return MatchingReport::notice(evaluation); });
     showReport(MatchingReport::report(evaluation));
     m_report = [evaluation] { return MatchingReport::report(evaluation); };
 }
@@ -33,7 +34,7 @@ void ResultView::show(const MatchingEvaluation &evaluation)
 void ResultView::showSearching()
 {
     clear();
-    showNotice();
+    m_notices.beSilent(NoticeLine::Side::Evaluation);
     showReport(MatchingReport::searching());
     m_report = [] { return MatchingReport::searching(); };
 }
@@ -42,19 +43,6 @@ void ResultView::showReport(const QString &text)
 {
     m_report = nullptr;
     m_ui.w_trafoText->setPlainText(text);
-}
-
-void ResultView::showNotice(const QString &text)
-{
-    m_ui.label_notice->setText(text);
-    m_ui.label_notice->setVisible(!text.isEmpty());
-}
-
-void ResultView::showNotice()
-{
-    QStringList notices{m_listNotice, m_evaluation ? MatchingReport::notice(*m_evaluation) : QString()};
-    notices.removeAll(QString());
-    showNotice(notices.join(QLatin1Char('\n')));
 }
 
 void ResultView::retranslate()

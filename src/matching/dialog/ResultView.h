@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 
+class NoticeLine;
 class PointTable;
 
 namespace Ui
@@ -18,8 +19,9 @@ class AbcMatchingDialogClass;
 class ResultView
 {
 public:
-    /// Form and tables must outlive this.
-    ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured);
+    /// All of these must outlive this.
+    ResultView(Ui::AbcMatchingDialogClass &ui, NoticeLine &notices, PointTable &references,
+               PointTable &measured);
 
     /// Forgets the last evaluation; the report stays until there is another text.
     void clear();
@@ -30,13 +32,6 @@ public:
     /// The text that is shown as report can be told anew in another language.
     void setReportSource(std::function<QString()> text) { m_report = std::move(text); }
 
-    /// Shows another sentence in the place of the evaluation's, until the next one or showNotice().
-    void showNotice(const QString &text);
-    /// Shows what the editing of the lists has to tell, and what the last evaluation found.
-    void showNotice();
-    /// Another sentence of the editing of the lists; it stays over evaluations.
-    void setListNotice(const QString &text) { m_listNotice = text; }
-
     /// Tells report and marks in the present language.
     void retranslate();
 
@@ -44,9 +39,9 @@ private:
     void markWorstRows();
 
     Ui::AbcMatchingDialogClass &m_ui;
+    NoticeLine &m_notices;
     PointTable &m_references;
     PointTable &m_measured;
     std::optional<MatchingEvaluation> m_evaluation;
     std::function<QString()> m_report;
-    QString m_listNotice;
 };

@@ -17,7 +17,7 @@ MatchingState::Controls MatchingState::controls(const Rows &rows) const
 
 void MatchingState::beginOpening()
 {
-    m_phase = Phase::Opening;
+    m_open = false;
     m_toolCount = 0;
     m_toolReady = false;
     m_measuring = false;
@@ -26,7 +26,7 @@ void MatchingState::beginOpening()
 void MatchingState::opened(const ToolSurvey &survey)
 {
     using Verdict = ToolSurvey::Verdict;
-    m_phase = Phase::Open;
+    m_open = true;
     m_verdict = survey.verdict;
     m_toolCount = survey.toolCount;
     m_toolReady = m_verdict == Verdict::Ready;
@@ -36,8 +36,7 @@ void MatchingState::opened(const ToolSurvey &survey)
 
 void MatchingState::closed()
 {
-    if (m_phase == Phase::Open)
-        m_phase = Phase::Closed;
+    m_open = false;
 }
 
 void MatchingState::beginStart()

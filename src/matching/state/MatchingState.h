@@ -32,13 +32,10 @@ public:
     /// The controller is asked for its tools. Nothing is known of them, and nothing is measured.
     void beginOpening();
     void opened(const ToolSurvey &survey);
-    /// Does nothing while an opening goes on.
     void closed();
 
-    /// A second opening would only bring the window to the front.
-    [[nodiscard]] bool isOpening() const { return m_phase == Phase::Opening; }
     /// Open, with controls that can be used.
-    [[nodiscard]] bool isOpen() const { return m_phase == Phase::Open && m_usable; }
+    [[nodiscard]] bool isOpen() const { return m_open && m_usable; }
     [[nodiscard]] ToolSurvey::Verdict verdict() const { return m_verdict; }
     [[nodiscard]] int toolCount() const { return m_toolCount; }
     /// At least one tool has a calibrated tip.
@@ -61,9 +58,7 @@ public:
     [[nodiscard]] bool isSearching() const { return m_searching; }
 
 private:
-    enum class Phase { Closed, Opening, Open };
-
-    Phase m_phase = Phase::Closed;
+    bool m_open = false;
     ToolSurvey::Verdict m_verdict = ToolSurvey::Verdict::Ready;
     int m_toolCount = 0;
     bool m_toolReady = false;

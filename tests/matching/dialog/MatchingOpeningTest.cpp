@@ -1,3 +1,4 @@
+#include "InterfaceVersion.h"
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
 
@@ -34,6 +35,12 @@ private slots:
     void shouldOwnTheTimerOfTheTrackingStatus();
     void shouldStopTheTimerHoweverItEnds_data();
     void shouldStopTheTimerHoweverItEnds();
+    void shouldLeaveLikeCancelWhenTheApplicationQuits();
+    void shouldLeaveWithTheWindowBehindIt_data();
+    void shouldLeaveWithTheWindowBehindIt();
+    void shouldNotOpenInFrontOfAHiddenWindow();
+    void shouldRefuseASecondOpeningWhileItIsLeaving();
+    void shouldTellThatNoDataArrives();
     void shouldShowTheHelp();
 };
 
@@ -350,6 +357,90 @@ void MatchingOpeningTest::shouldStopTheTimerHoweverItEnds()
     opened.dialog().update_and_exec();
     QVERIFY(answers.isDone());
     QVERIFY(!opened.dialog().findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly)->isActive());
+}
+
+void MatchingOpeningTest::shouldLeaveLikeCancelWhenTheApplicationQuits()
+{
+    OpenedDialog opened;
+    bool left = false;
+    QTimer::singleShot(0, &opened.dialog(), [&] {
+        QTimer::singleShot(0, &opened.dialog(), &QCoreApplication::quit);
+        opened.dialog().update_and_exec();
+        left = true;
+        QVERIFY(!opened.dialog().isVisible());
+        QVERIFY(!opened.dialog().findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly)->isActive());
+    });
+    QApplication::exec();
+    QVERIFY(left);
+    opened.run([&] { QVERIFY(opened.dialog().isVisible()); });
+}
+
+void MatchingOpeningTest::shouldLeaveWithTheWindowBehindIt_data()
+{
+    QTest::addColumn<bool>("helped");
+    QTest::newRow("alone") << false;
+    QTest::newRow("with its help open") << true;
+}
+
+void MatchingOpeningTest::shouldLeaveWithTheWindowBehindIt()
+{
+    QFETCH(bool, helped);
+    RecordingHost host;
+    const BackendVersions versions = interfaceVersion(1, 23);
+    QDialog window;
+    AbcMatchingDialog dialog(&host, &versions, &window);
+    window.show();
+    ModalAnswer answers;
+    answers.then([&](QWidget *) {
+        if (helped)
+            answers.then([&](QWidget *) { window.hide(); });
+        helped ? dialog.on_pushButton_help_clicked() : window.hide();
+    });
+    dialog.update_and_exec();
+    QVERIFY(answers.isDone());
+    QCOMPARE(answers.unexpected(), QStringList());
+    QVERIFY(!dialog.isVisible());
+    QVERIFY(!dialog.findChild<QTimer *>(QString(), Qt::FindDirectChildrenOnly)->isActive());
+}
+
+void MatchingOpeningTest::shouldNotOpenInFrontOfAHiddenWindow()
+{
+    RecordingHost host;
+    const BackendVersions versions = interfaceVersion(1, 23);
+    QDialog window;
+    AbcMatchingDialog dialog(&host, &versions, &window);
+    window.show();
+    host.onCall([&](const QString &) { window.hide(); });
+    ModalAnswer answers;
+    dialog.update_and_exec();
+    QVERIFY(!dialog.isVisible());
+    QVERIFY(!host.calls().isEmpty());
+    QCOMPARE(answers.unexpected(), QStringList());
+}
+
+void MatchingOpeningTest::shouldRefuseASecondOpeningWhileItIsLeaving()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.dialog().hide();
+        opened.host().clear();
+        QCOMPARE(opened.dialog().update_and_exec(), 0);
+        QVERIFY(opened.host().calls().isEmpty());
+        QVERIFY(!opened.dialog().isVisible());
+    });
+    opened.run([&] { QVERIFY(opened.dialog().isVisible()); });
+}
+
+void MatchingOpeningTest::shouldTellThatNoDataArrives()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.frame(1.0, false, {0, 0, 0});
+        QVERIFY(opened.notice().isEmpty());
+        QTRY_VERIFY(opened.notice().startsWith(QStringLiteral("No measurement data arrives")));
+        opened.frame(2.0, false, {0, 0, 0});
+        QTRY_VERIFY(opened.notice().isEmpty());
+    });
 }
 
 void MatchingOpeningTest::shouldShowTheHelp()

@@ -66,6 +66,7 @@ private slots:
     void shouldFindTheOrderAndReportIt();
     void shouldKeepTheOrderWhenTold();
     void shouldReportACollinearStart();
+    void shouldReportCoincidingPointsByTheStart();
     void shouldReportThatNoOrderIsValid();
     void shouldReportAFailedRefinement();
     void shouldPrintWithThePointInEveryLocale();
@@ -163,6 +164,21 @@ void MatchingResultTest::shouldReportACollinearStart()
                  QStringLiteral("Error when calculating matching transformation (trafo3d_3trafo) : -1"));
         QVERIFY(!opened.isEnabled("w_applyButton"));
         QVERIFY(opened.notice().contains(QStringLiteral("Put three points first that are not on a line")));
+    });
+}
+
+void MatchingResultTest::shouldReportCoincidingPointsByTheStart()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, corners);
+        for (std::size_t i = 0; i < corners.size(); ++i)
+            opened.measure({10, 20, 30});
+        QCOMPARE(opened.report(), QStringLiteral("No valid permutation to match transformation."));
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        QVERIFY(opened.report().startsWith(
+            QStringLiteral("Error when calculating matching transformation (trafo3d_3trafo) : -")));
+        QVERIFY(!opened.isEnabled("w_applyButton"));
     });
 }
 

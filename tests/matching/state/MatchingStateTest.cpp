@@ -48,7 +48,6 @@ private slots:
     void shouldApplyOnlyWhatIsValid();
     void shouldTakeRecordsOnlyWhileItIsOpen();
     void shouldForgetMeasuringAtTheNextOpening();
-    void shouldKeepOpeningWhenItIsClosedMeanwhile();
 };
 
 void MatchingStateTest::shouldLetEverythingBeUsedByWhatTheToolsAllow_data()
@@ -195,7 +194,6 @@ void MatchingStateTest::shouldTakeRecordsOnlyWhileItIsOpen()
     QVERIFY(!state.takesRecords());
     state.beginOpening();
     QVERIFY(!state.takesRecords());
-    QVERIFY(state.isOpening());
     state.opened(surveyOf(Verdict::Ready));
     QVERIFY(state.takesRecords());
     QCOMPARE(state.toolCount(), 2);
@@ -216,14 +214,6 @@ void MatchingStateTest::shouldForgetMeasuringAtTheNextOpening()
     state.looked(false);
     state.looked(true);
     QVERIFY(state.controls(filled).measure);
-}
-
-void MatchingStateTest::shouldKeepOpeningWhenItIsClosedMeanwhile()
-{
-    MatchingState state;
-    state.beginOpening();
-    state.closed();
-    QVERIFY(state.isOpening());
 }
 
 ROOM_TEST_CLASS(MatchingStateTest)

@@ -1,0 +1,62 @@
+#include "NoticeLine.h"
+#include "TestRegistry.h"
+
+#include <QLabel>
+#include <QtTest>
+
+using Side = NoticeLine::Side;
+
+namespace
+{
+
+NoticeLine::Text text(const char *words)
+{
+    return [words] { return QString::fromLatin1(words); };
+}
+
+} // namespace
+
+class NoticeLineTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldPutTheMostPressingFirst()
+    {
+        QLabel label;
+        NoticeLine line(&label);
+        line.say(Side::Evaluation, text("The points do not fit."));
+        line.say(Side::Data, text("No data."));
+        QCOMPARE(label.text(), QStringLiteral("No data.\nThe points do not fit."));
+        line.beSilent(Side::Data);
+        QCOMPARE(label.text(), QStringLiteral("The points do not fit."));
+        line.say(Side::Evaluation, text(""));
+        QCOMPARE(label.text(), QString());
+    }
+
+    void shouldLetTheToolsSpeakAlone()
+    {
+        QLabel label;
+        NoticeLine line(&label);
+        line.say(Side::Evaluation, text("The points do not fit."));
+        line.say(Side::Tools, text("No tool."));
+        QCOMPARE(label.text(), QStringLiteral("No tool."));
+        line.say(Side::Tools, text(""));
+        QCOMPARE(label.text(), QStringLiteral("The points do not fit."));
+    }
+
+    void shouldAskForItsTextsAgain()
+    {
+        QLabel label;
+        NoticeLine line(&label);
+        QString words = QStringLiteral("good");
+        line.say(Side::Lists, [&words] { return words; });
+        words = QStringLiteral("gut");
+        line.show();
+        QCOMPARE(label.text(), QStringLiteral("gut"));
+    }
+};
+
+ROOM_TEST_CLASS(NoticeLineTest)
+
+#include "NoticeLineTest.moc"
