@@ -330,6 +330,10 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>Close without adjusting the room</source>
         <translation>Schließen, ohne den Raum zu justieren</translation>
     </message>
+    <message>
+        <source>Notices</source>
+        <translation>Hinweise</translation>
+    </message>
 </context>
 <context>
     <name>AdjustToToolDlg</name>
@@ -1016,6 +1020,10 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>Close the help</source>
         <translation>Die Hilfe schließen</translation>
+    </message>
+    <message>
+        <source>How to adjust the room based on reference points</source>
+        <translation>So wird der Raum anhand von Referenzpunkten justiert</translation>
     </message>
 </context>
 <context>

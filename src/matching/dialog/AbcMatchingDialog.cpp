@@ -15,6 +15,7 @@
 #include "ObjectWatch.h"
 #include "Resources.h"
 #include "ResultView.h"
+#include "ScreenFit.h"
 #include "SearchProgress.h"
 #include "ui_AbcMatchingDialog.h"
 
@@ -51,7 +52,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_editing = new ListEditing(*m_lists, this);
     m_controls = std::make_unique<MatchingControls>(*m_ui, *this);
     m_measuring = std::make_unique<MeasuringView>(*m_ui);
-    m_notices = std::make_unique<NoticeLine>(m_ui->label_notice);
+    m_notices = std::make_unique<NoticeLine>(m_ui->scrollArea_notice, m_ui->label_notice);
     m_result =
         std::make_unique<ResultView>(*m_ui, *m_notices, m_lists->referenceTable(), m_lists->measuredTable());
     m_timer.setInterval(trackingStatusInterval);
@@ -104,6 +105,7 @@ int AbcMatchingDialog::execInFrontOfAWindow()
     const HideWatch watch(this);
     if (watch.isHidden())
         return noResult;
+    fitToScreen(this);
     const ObjectWatch self(this);
     const int result = exec();
     if (self && isVisible())

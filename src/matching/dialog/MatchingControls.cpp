@@ -10,7 +10,7 @@ MatchingControls::MatchingControls(Ui::AbcMatchingDialogClass &ui, const QDialog
              ui.tableWidget_referencePoints, ui.w_loadButton, ui.pushButton_save, ui.pushButton_addRefPoint,
              ui.pushButton_removeRefPoint, ui.w_orderCheckBox, ui.w_replaceCheckBox, ui.w_removeButton,
              ui.pushButton_clearMeaPoints, ui.w_measureButton, ui.progressBar, ui.w_applyButton,
-             ui.w_closeButton})
+             ui.w_closeButton, ui.scrollArea_notice})
         m_others.removeOne(ruled);
 }
 

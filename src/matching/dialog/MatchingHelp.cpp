@@ -1,6 +1,7 @@
 #include "MatchingHelp.h"
 
 #include "Resources.h"
+#include "ScreenFit.h"
 #include "ui_MatchingHelp.h"
 
 #include <QEvent>
@@ -17,10 +18,13 @@ MatchingHelp::MatchingHelp(QWidget *parent)
 
 MatchingHelp::~MatchingHelp() = default;
 
-/// The wrapped texts need this height; the layout alone would let the window open lower and cut them.
+/// The height that the wrapped texts need, where the screen has it; otherwise they scroll.
 void MatchingHelp::fitHeight()
 {
-    resize(width(), layout()->totalHeightForWidth(width()));
+    layout()->activate();
+    const int texts = m_ui->scrollAreaContents->layout()->totalHeightForWidth(m_ui->scrollArea->width());
+    resize(width(), height() - m_ui->scrollArea->height() + texts);
+    fitToScreen(this);
 }
 
 void MatchingHelp::changeEvent(QEvent *event)

@@ -1,12 +1,22 @@
 #include "NoticeLine.h"
 
 #include <QLabel>
+#include <QScrollArea>
 
 #include <utility>
 
-NoticeLine::NoticeLine(QLabel *label)
-    : m_label(label)
+namespace
 {
+
+constexpr int lines = 3;
+
+} // namespace
+
+NoticeLine::NoticeLine(QScrollArea *area, QLabel *label)
+    : m_area(area)
+    , m_label(label)
+{
+    show();
 }
 
 void NoticeLine::say(Side side, Text text)
@@ -26,4 +36,5 @@ void NoticeLine::show()
             break;
     }
     m_label->setText(sentences.join(QLatin1Char('\n')));
+    m_area->setFixedHeight(lines * m_label->fontMetrics().height());
 }

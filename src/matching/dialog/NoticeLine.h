@@ -6,6 +6,7 @@
 #include <functional>
 
 class QLabel;
+class QScrollArea;
 
 /// The line below the report. Several sides of the dialog tell their sentences in it, the most pressing
 /// first.
@@ -17,8 +18,8 @@ public:
 
     using Text = std::function<QString()>;
 
-    /// The label must outlive this.
-    explicit NoticeLine(QLabel *label);
+    /// Both must outlive this; the label stands in the area.
+    NoticeLine(QScrollArea *area, QLabel *label);
 
     /// Replaces what a side says. The text is asked for again when the language changes; none or an empty one
     /// says nothing.
@@ -31,6 +32,7 @@ public:
 private:
     static constexpr std::size_t sides = 4;
 
+    QScrollArea *m_area;
     QLabel *m_label;
     std::array<Text, sides> m_texts;
 };

@@ -15,7 +15,8 @@ public:
         bool measuredIsSelected = false;
     };
 
-    /// What the user can use. Cancel can always be used and is not among them.
+    /// What the user can use. Cancel can always be used and the notices always be read; they are not among
+    /// them.
     struct Controls {
         bool others = false; ///< everything that has no rule of its own
         bool lists = false;  ///< what changes a list or the order

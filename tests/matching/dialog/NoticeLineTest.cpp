@@ -2,6 +2,7 @@
 #include "TestRegistry.h"
 
 #include <QLabel>
+#include <QScrollArea>
 #include <QtTest>
 
 using Side = NoticeLine::Side;
@@ -23,8 +24,9 @@ class NoticeLineTest : public QObject
 private slots:
     void shouldPutTheMostPressingFirst()
     {
+        QScrollArea area;
         QLabel label;
-        NoticeLine line(&label);
+        NoticeLine line(&area, &label);
         line.say(Side::Evaluation, text("The points do not fit."));
         line.say(Side::Data, text("No data."));
         QCOMPARE(label.text(), QStringLiteral("No data.\nThe points do not fit."));
@@ -36,8 +38,9 @@ private slots:
 
     void shouldLetTheToolsSpeakAlone()
     {
+        QScrollArea area;
         QLabel label;
-        NoticeLine line(&label);
+        NoticeLine line(&area, &label);
         line.say(Side::Evaluation, text("The points do not fit."));
         line.say(Side::Tools, text("No tool."));
         QCOMPARE(label.text(), QStringLiteral("No tool."));
@@ -45,10 +48,23 @@ private slots:
         QCOMPARE(label.text(), QStringLiteral("The points do not fit."));
     }
 
+    void shouldKeepItsPlaceWhateverItSays()
+    {
+        QScrollArea area;
+        QLabel label;
+        NoticeLine line(&area, &label);
+        const int height = area.minimumHeight();
+        QVERIFY(height >= 3 * label.fontMetrics().height());
+        line.say(Side::Data, text("one\ntwo\nthree\nfour\nfive"));
+        QCOMPARE(area.minimumHeight(), height);
+        QCOMPARE(area.maximumHeight(), height);
+    }
+
     void shouldAskForItsTextsAgain()
     {
+        QScrollArea area;
         QLabel label;
-        NoticeLine line(&label);
+        NoticeLine line(&area, &label);
         QString words = QStringLiteral("good");
         line.say(Side::Lists, [&words] { return words; });
         words = QStringLiteral("gut");
