@@ -1,0 +1,158 @@
+#include "FitTrust.h"
+
+#include "MatchingEvaluation.h"
+#include "trafo3d.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace
+{
+
+constexpr std::size_t fewestForLeavingOut = 5;
+constexpr double betterBy = 3.0;
+constexpr double smallestResidualMm = 0.01;
+
+/// Below this share of the largest product of inertias a set counts as a line.
+constexpr double smallestDeterminant = 1e-9;
+
+using Inertia = std::array<std::array<double, 3>, 3>;
+
+MatchingPoint centreOf(const MatchingPoints &points)
+{
+    MatchingPoint centre{};
+    for (const MatchingPoint &point : points) {
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            centre[axis] += point[axis] / static_cast<double>(points.size());
+    }
+    return centre;
+}
+
+MatchingPoint farthestCorner(const MatchingPoints &points, const MatchingPoint &centre)
+{
+    MatchingPoint corner{};
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const auto [low, high] =
+            std::minmax_element(points.begin(), points.end(), [axis](const auto &left, const auto &right) {
+                return left[axis] < right[axis];
+            });
+        const bool upper = (*high)[axis] - centre[axis] >= centre[axis] - (*low)[axis];
+        corner[axis] = upper ? (*high)[axis] : (*low)[axis];
+    }
+    return corner;
+}
+
+/// The mean of |p|^2 - p p^T about the centre: its eigenvalues are the f_k^2, its eigenvectors the principal
+/// axes.
+Inertia inertiaOf(const MatchingPoints &points, const MatchingPoint &centre)
+{
+    Inertia inertia{};
+    const auto count = static_cast<double>(points.size());
+    for (const MatchingPoint &point : points) {
+        const MatchingPoint arm = {point[0] - centre[0], point[1] - centre[1], point[2] - centre[2]};
+        const double square = arm[0] * arm[0] + arm[1] * arm[1] + arm[2] * arm[2];
+        for (std::size_t row = 0; row < 3; ++row) {
+            for (std::size_t column = 0; column < 3; ++column)
+                inertia[row][column] += ((row == column ? square : 0.0) - arm[row] * arm[column]) / count;
+        }
+    }
+    return inertia;
+}
+
+double cofactor(const Inertia &matrix, std::size_t row, std::size_t column)
+{
+    const std::size_t nextRow = (row + 1) % 3;
+    const std::size_t lastRow = (row + 2) % 3;
+    const std::size_t nextColumn = (column + 1) % 3;
+    const std::size_t lastColumn = (column + 2) % 3;
+    return matrix[nextRow][nextColumn] * matrix[lastRow][lastColumn] -
+           matrix[nextRow][lastColumn] * matrix[lastRow][nextColumn];
+}
+
+/// The sum of d_k^2 / f_k^2 over the principal axes for a point at `arm` from the centre, by the inverse J of
+/// the inertia: |arm|^2 trace(J) - arm^T J arm. Missing when the points lie on a line.
+std::optional<double> leverage(const Inertia &inertia, const MatchingPoint &arm)
+{
+    const double determinant = inertia[0][0] * cofactor(inertia, 0, 0) +
+                               inertia[0][1] * cofactor(inertia, 0, 1) +
+                               inertia[0][2] * cofactor(inertia, 0, 2);
+    const double trace = inertia[0][0] + inertia[1][1] + inertia[2][2];
+    if (!(determinant > smallestDeterminant * trace * trace * trace))
+        return std::nullopt;
+    const double square = arm[0] * arm[0] + arm[1] * arm[1] + arm[2] * arm[2];
+    double sum = 0.0;
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t column = 0; column < 3; ++column) {
+            const double share = (row == column ? square : 0.0) - arm[row] * arm[column];
+            sum += share * cofactor(inertia, row, column) / determinant;
+        }
+    }
+    return sum;
+}
+
+std::optional<FitTrust::Expected> expectedErrors(const MatchingPoints &references, double rmsMm)
+{
+    const auto count = static_cast<double>(references.size());
+    const MatchingPoint centre = centreOf(references);
+    FitTrust::Expected expected;
+    expected.corner = farthestCorner(references, centre);
+    const MatchingPoint arm = {expected.corner[0] - centre[0], expected.corner[1] - centre[1],
+                               expected.corner[2] - centre[2]};
+    const std::optional<double> far = leverage(inertiaOf(references, centre), arm);
+    if (!far)
+        return std::nullopt;
+    expected.centreMm = rmsMm / std::sqrt(count - 2.0);
+    expected.cornerMm = expected.centreMm * std::sqrt(1.0 + *far / 3.0);
+    return expected;
+}
+
+std::optional<double> rmsWithout(std::size_t pair, MatchingPoints fixed, MatchingPoints moving)
+{
+    fixed.erase(fixed.begin() + static_cast<std::ptrdiff_t>(pair));
+    moving.erase(moving.begin() + static_cast<std::ptrdiff_t>(pair));
+    double transform[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    double rmsMm = 0.0;
+    if (trafo3d_opttrafo(transform, nullptr, fixed.front().data(), moving.front().data(),
+                         static_cast<int>(fixed.size()), &rmsMm) != 0)
+        return std::nullopt;
+    return rmsMm;
+}
+
+std::size_t largestDistance(const std::vector<double> &distancesMm)
+{
+    return static_cast<std::size_t>(std::max_element(distancesMm.begin(), distancesMm.end()) -
+                                    distancesMm.begin());
+}
+
+std::optional<FitTrust::WithoutWorst> leaveOut(const MatchingPoints &references,
+                                               const MatchingEvaluation &evaluation)
+{
+    const std::size_t count = references.size();
+    if (count < fewestForLeavingOut)
+        return std::nullopt;
+    const bool all = count <= FitTrust::mostFits;
+    const std::size_t first = all ? 0 : largestDistance(evaluation.distancesMm);
+    std::optional<FitTrust::WithoutWorst> worst;
+    for (std::size_t pair = first; pair < (all ? count : first + 1); ++pair) {
+        // A rigid motion of the measured points leaves the residual as it is, so the mapped ones serve.
+        const std::optional<double> rmsMm = rmsWithout(pair, references, evaluation.mapped);
+        if (rmsMm && (!worst || *rmsMm < worst->rmsMm))
+            worst = FitTrust::WithoutWorst{static_cast<int>(pair), *rmsMm, false};
+    }
+    if (worst)
+        worst->stands = evaluation.rmsMm >= smallestResidualMm && betterBy * worst->rmsMm <= evaluation.rmsMm;
+    return worst;
+}
+
+} // namespace
+
+FitTrust FitTrust::of(const MatchingPoints &references, const MatchingEvaluation &evaluation)
+{
+    FitTrust trust;
+    if (evaluation.outcome != MatchingEvaluation::Outcome::Matched)
+        return trust;
+    trust.withoutWorst = leaveOut(references, evaluation);
+    trust.expected = expectedErrors(references, evaluation.rmsMm);
+    return trust;
+}
