@@ -4,6 +4,7 @@
 #include "HideWatch.h"
 #include "IOManager.h"
 #include "ListEditing.h"
+#include "ListKeys.h"
 #include "MatchingControls.h"
 #include "MatchingEvaluation.h"
 #include "MatchingHelp.h"
@@ -50,6 +51,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_lists =
         std::make_unique<MatchingLists>(m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_editing = new ListEditing(*m_lists, this);
+    ListKeys::connectTo(*m_editing, m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_controls = std::make_unique<MatchingControls>(*m_ui, *this);
     m_measuring = std::make_unique<MeasuringView>(*m_ui);
     m_notices = std::make_unique<NoticeLine>(m_ui->scrollArea_notice, m_ui->label_notice);

@@ -21,6 +21,7 @@ ListEditing::ListEditing(MatchingLists &lists, QWidget *window)
 void ListEditing::addReference()
 {
     m_lists.addReference();
+    m_lists.referenceTable().beginTypingIntoLastRow();
     emit changed();
 }
 

@@ -62,6 +62,7 @@ void PointTable::setPoint(int row, const MatchingPoint &point)
 {
     const QSignalBlocker blocker(m_table);
     fillRow(row, point);
+    m_table->scrollToItem(m_table->item(row, 0));
 }
 
 void PointTable::removeRow(int row)
@@ -118,6 +119,13 @@ void PointTable::showSelectedRow()
     const int row = selectedRow();
     if (row >= 0)
         m_table->scrollToItem(m_table->item(row, 0));
+}
+
+void PointTable::beginTypingIntoLastRow()
+{
+    m_table->clearSelection();
+    m_table->setCurrentCell(rowCount() - 1, 0, QItemSelectionModel::NoUpdate);
+    m_table->setFocus();
 }
 
 void PointTable::mark(int row, const QString &reason)

@@ -28,7 +28,7 @@ public:
     void setPoints(const MatchingPoints &points);
     /// Adds a row and brings it into sight.
     void append(const MatchingPoint &point);
-    /// The row must exist.
+    /// Brings the row, which must exist, into sight.
     void setPoint(int row, const MatchingPoint &point);
     /// The row must exist. Nothing is selected afterwards.
     void removeRow(int row);
@@ -45,6 +45,9 @@ public:
     [[nodiscard]] bool isBeingEdited(const QTableWidgetItem *item) const;
     /// Scrolls the selected row into sight.
     void showSelectedRow();
+    /// Nothing is selected afterwards, the cursor is in the first cell of the last row, and what is typed
+    /// goes there.
+    void beginTypingIntoLastRow();
 
     /// Sets a row that exists off, with a tool tip that says why.
     void mark(int row, const QString &reason);

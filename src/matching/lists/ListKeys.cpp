@@ -1,0 +1,32 @@
+#include "ListKeys.h"
+
+#include "ListEditing.h"
+
+#include <QShortcut>
+#include <QTableWidget>
+
+namespace
+{
+
+using Operation = void (ListEditing::*)();
+
+void addKey(const QKeySequence &key, QWidget *owner, Qt::ShortcutContext context, ListEditing &editing,
+            Operation operation)
+{
+    auto *shortcut = new QShortcut(key, owner);
+    shortcut->setContext(context);
+    QObject::connect(shortcut, &QShortcut::activated, &editing, operation);
+}
+
+} // namespace
+
+namespace ListKeys
+{
+
+void connectTo(ListEditing &editing, QTableWidget *references, QTableWidget *measured)
+{
+    addKey(Qt::Key_Delete, references, Qt::WidgetShortcut, editing, &ListEditing::removeSelectedReference);
+    addKey(Qt::Key_Delete, measured, Qt::WidgetShortcut, editing, &ListEditing::removeSelectedMeasured);
+}
+
+} // namespace ListKeys
