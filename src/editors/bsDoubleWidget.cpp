@@ -1,7 +1,8 @@
 #include "bsDoubleWidget.h"
 
+#include "NumberBox.h"
+
 #include <QBoxLayout>
-#include <QDoubleSpinBox>
 #include <QEvent>
 #include <QLabel>
 #include <QSignalBlocker>
@@ -37,7 +38,7 @@ bsDoubleWidget::bsDoubleWidget(QWidget *parent)
     , m_outerLayout(new QBoxLayout(QBoxLayout::LeftToRight, this))
     , m_label(new QLabel(this))
     , m_innerLayout(new QBoxLayout(QBoxLayout::LeftToRight))
-    , m_spinBox(new QDoubleSpinBox(this))
+    , m_spinBox(new NumberBox(this))
     , m_wheel(new QwtWheel(this))
 {
     buildSpinBox();
@@ -59,7 +60,6 @@ bsDoubleWidget::bsDoubleWidget(QWidget *parent)
 void bsDoubleWidget::buildSpinBox()
 {
     m_spinBox->setObjectName(QStringLiteral("spinBox"));
-    m_spinBox->setLocale(QLocale::c());
     m_spinBox->setAlignment(Qt::AlignRight);
     m_spinBox->setMinimumWidth(minimumPartWidth);
 }

@@ -1027,6 +1027,13 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>NumberBox</name>
+    <message>
+        <source>Only one number from %1 to %2 fits here, with at most %3 decimals after one point or one comma. The value is still %4.</source>
+        <translation>Hier passt nur eine Zahl von %1 bis %2, mit höchstens %3 Nachkommastellen nach einem Punkt oder einem Komma. Der Wert ist weiterhin %4.</translation>
+    </message>
+</context>
+<context>
     <name>PointFilePrompt</name>
     <message>
         <source>File not found</source>

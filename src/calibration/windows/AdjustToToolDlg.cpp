@@ -5,6 +5,7 @@
 #include "ControllerName.h"
 #include "Prompt.h"
 #include "Resources.h"
+#include "WheelGuard.h"
 #include "ui_AdjustToToolDlg.h"
 
 #include <QEvent>
@@ -41,6 +42,7 @@ AdjustToToolDlg::AdjustToToolDlg(IOManager *commands, const BackendVersions *ver
     m_ui->setupUi(this);
     m_ui->label->setPixmap(QPixmap(QStringLiteral(":/att01.png")));
     m_ui->comboBox_md->addItems(AngleTools::names());
+    WheelGuard::protectAll(this);
     keepValuesReadable();
     nameExpert();
 }

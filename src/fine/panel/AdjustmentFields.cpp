@@ -1,5 +1,6 @@
 #include "AdjustmentFields.h"
 
+#include "WheelGuard.h"
 #include "ui_CooTrans.h"
 
 #include <cmath>
@@ -22,6 +23,16 @@ bool isNarrowScaling(double scaling)
 AdjustmentFields::AdjustmentFields(Ui::CooTransClass &ui)
     : m_ui(ui)
 {
+}
+
+void AdjustmentFields::guardAgainstTheWheel()
+{
+    for (QDoubleSpinBox *box : offsetBoxes())
+        WheelGuard::protect(box);
+    for (QDoubleSpinBox *box :
+         std::initializer_list<QDoubleSpinBox *>{m_ui.doubleSpinBox_rx, m_ui.doubleSpinBox_ry,
+                                                 m_ui.doubleSpinBox_rz, m_ui.doubleSpinBox_scalingFactor})
+        WheelGuard::protect(box);
 }
 
 std::array<QDoubleSpinBox *, 3> AdjustmentFields::offsetBoxes() const

@@ -25,6 +25,9 @@ public:
     /// The form must outlive this.
     explicit AdjustmentFields(Ui::CooTransClass &ui);
 
+    /// Once the form is set up: a mouse wheel changes none of the boxes unless it has the focus.
+    void guardAgainstTheWheel();
+
     [[nodiscard]] AdjustmentBoxes values() const;
     void show(const AdjustmentBoxes &values);
 

@@ -44,6 +44,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     , m_fields(*m_ui)
 {
     m_ui->setupUi(this);
+    m_fields.guardAgainstTheWheel();
     m_ui->label_notAvailable->hide();
     setLocale(QLocale::c());
     hideSwitches();

@@ -4,8 +4,10 @@
 #include "ModalAnswer.h"
 
 #include "TestRegistry.h"
+#include "WheelTurn.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QtTest>
 
@@ -14,6 +16,20 @@ namespace
 
 constexpr std::array<const char *, 4> fieldNames{"doubleSpinBox_a", "doubleSpinBox_b", "doubleSpinBox_c",
                                                  "doubleSpinBox_height"};
+
+/// Opens the dialog with fields that can be edited and the focus on a button, and does this inside.
+void openForAnExpert(CalibrationBench *bench, AngleToolFixture *dialog, const std::function<void()> &action)
+{
+    setUpAngleTool(bench);
+    bool isActive = false;
+    dialog->openAnd([&] {
+        isActive = QTest::qWaitForWindowActive(dialog);
+        dialog->models()->setCurrentText(QStringLiteral("expert"));
+        dialog->button("pushButton_exit")->setFocus();
+        action();
+    });
+    QVERIFY(isActive);
+}
 
 } // namespace
 
@@ -60,6 +76,43 @@ private slots:
         QCOMPARE(dialog.values(), (QList<double>{240.0, 90.0, 150.0, 40.0}));
         for (const char *name : fieldNames)
             QVERIFY(dialog.spinBox(name)->isEnabled());
+    }
+
+    void shouldTakeWhatIsTypedAndClickedAsItIsMeant()
+    {
+        CalibrationBench bench;
+        AngleToolFixture dialog(&bench);
+        openForAnExpert(&bench, &dialog, [&] {
+            for (const char *name : fieldNames) {
+                QDoubleSpinBox *field = dialog.spinBox(name);
+                auto *edit = field->findChild<QLineEdit *>();
+                QTest::mouseClick(edit, Qt::LeftButton);
+                QCOMPARE(edit->selectedText(), field->text());
+                QTest::keyClicks(field, QStringLiteral("278,5"));
+                QCOMPARE(field->value(), 278.5);
+                QTest::keyClicks(field, QStringLiteral(".1"));
+                dialog.button("pushButton_exit")->setFocus();
+                QVERIFY(field->value() != 278.5);
+            }
+        });
+        QCOMPARE(dialog.values(), (QList<double>{240.0, 90.0, 150.0, 40.0}));
+    }
+
+    void shouldKeepItsValuesWhenTheWheelPassesOverThem()
+    {
+        CalibrationBench bench;
+        AngleToolFixture dialog(&bench);
+        openForAnExpert(&bench, &dialog, [&] {
+            for (const char *name : fieldNames)
+                turnWheelOver(dialog.spinBox(name), 1);
+            for (QComboBox *list : {dialog.models(), dialog.types()})
+                turnWheelOver(list, 1);
+            QCOMPARE(dialog.values(), (QList<double>{240.0, 90.0, 150.0, 40.0}));
+            QCOMPARE(dialog.models()->currentText(), QStringLiteral("expert"));
+            QCOMPARE(dialog.types()->currentIndex(), 1);
+            turnWheelOver(dialog.types(), -1);
+            QCOMPARE(dialog.types()->currentIndex(), 1);
+        });
     }
 
     void shouldKeepTheValuesOfAModelReadable()
