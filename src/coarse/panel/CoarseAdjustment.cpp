@@ -4,6 +4,7 @@
 #include "RenderArea.h"
 #include "Resources.h"
 #include "RoomAngleExchange.h"
+#include "WheelGuard.h"
 #include "ui_CoarseAdjustment.h"
 
 #include <QEvent>
@@ -59,6 +60,7 @@ CoarseAdjustment::CoarseAdjustment(IOManager *commands, BackendVersions *version
 {
     loadResources();
     m_ui->setupUi(this);
+    WheelGuard::protectAll(this);
     buildTable();
     m_picture = new RenderArea(m_ui->stackedWidget->width(), m_ui->stackedWidget, versions);
     m_ui->stackedWidget->addWidget(m_picture);

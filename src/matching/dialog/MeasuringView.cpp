@@ -2,6 +2,7 @@
 
 #include "PercentText.h"
 #include "ToolSampler.h"
+#include "WheelGuard.h"
 #include "ui_AbcMatchingDialog.h"
 
 #include <QSignalBlocker>
@@ -25,6 +26,7 @@ int hundredths(double seconds)
 MeasuringView::MeasuringView(Ui::AbcMatchingDialogClass &ui)
     : m_ui(ui)
 {
+    WheelGuard::protect(m_ui.comboBox_meatool);
     showNoToolNotice(false);
     showPercentBeside(m_ui.progressBar, m_ui.label_progress);
 }

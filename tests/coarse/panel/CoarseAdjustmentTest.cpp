@@ -9,6 +9,7 @@
 #include "bsMatrix.h"
 
 #include "TestRegistry.h"
+#include "WheelTurn.h"
 
 #include <QFrame>
 #include <QGroupBox>
@@ -121,6 +122,20 @@ class CoarseAdjustmentTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldKeepItsAxesWhenTheWheelPassesOverTheLists()
+    {
+        Bench bench;
+        QVERIFY(bench.isReady);
+        bench.part<QPushButton>("pushButton_reset")->setFocus();
+        for (QComboBox *list : {bench.right(), bench.top()}) {
+            const int before = list->currentIndex();
+            turnWheelOver(list, 1);
+            turnWheelOver(list, -2);
+            QCOMPARE(list->currentIndex(), before);
+        }
+        QCOMPARE(bench.room.changes.size(), 0);
+    }
+
     void shouldOfferItsSignalAndSlotsInOrder()
     {
         const QMetaObject &meta = CoarseAdjustment::staticMetaObject;

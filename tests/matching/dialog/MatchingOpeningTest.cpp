@@ -1,6 +1,7 @@
 #include "InterfaceVersion.h"
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
+#include "WheelTurn.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -22,6 +23,7 @@ private slots:
     void shouldReportEachTipThatCannotBeAskedFor();
     void shouldNoticeThatNoToolIsCalibrated();
     void shouldListTheCalibratedTools();
+    void shouldKeepTheToolWhenTheWheelPassesOverItsList();
     void shouldKeepTheSelectedToolAtTheNextOpening();
     void shouldEnableByTheContentsOfTheTables();
     void shouldSurviveAnyFailingCall();
@@ -195,6 +197,20 @@ void MatchingOpeningTest::shouldListTheCalibratedTools()
         QCOMPARE(list->count(), 2);
         QCOMPARE(list->itemText(0), QStringLiteral("M2"));
         QCOMPARE(list->itemText(1), QStringLiteral("M12"));
+        QCOMPARE(list->currentIndex(), 0);
+    });
+}
+
+void MatchingOpeningTest::shouldKeepTheToolWhenTheWheelPassesOverItsList()
+{
+    OpenedDialog opened;
+    opened.host().setAnswer(QStringLiteral("measurementtool number_of_tools"), "2");
+    opened.host().setAnswer(QStringLiteral("measurementtool tip_calibrated b02"), "yes");
+    opened.run([&] {
+        auto *list = opened.find<QComboBox>("comboBox_meatool");
+        opened.find<QWidget>("w_measureButton")->setFocus();
+        turnWheelOver(list, -1);
+        QCOMPARE(list->count(), 2);
         QCOMPARE(list->currentIndex(), 0);
     });
 }
