@@ -27,6 +27,8 @@ struct SimReply {
     static SimReply locked() { return error(13, "configuration is locked"); }
     static SimReply fault(int code) { return error(code, "fault on request"); }
     static SimReply notMeasuring() { return error(40, "not measuring"); }
+    static SimReply tooManyConnections() { return error(50, "too many connections"); }
+    static SimReply idle() { return error(51, "idle while others wait"); }
 };
 
 /// The changing words of a request, in their order.

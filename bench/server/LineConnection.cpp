@@ -2,6 +2,7 @@
 
 #include "RecordFaults.h"
 
+#include <QHostAddress>
 #include <QTcpSocket>
 #include <QTimer>
 
@@ -22,6 +23,7 @@ LineConnection::LineConnection(QTcpSocket *socket, QObject *parent)
     : QObject(parent)
     , m_socket(socket)
 {
+    m_sinceLine.start();
     m_socket->setParent(this);
     m_socket->setReadBufferSize(readBuffer);
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -35,6 +37,12 @@ void LineConnection::send(const std::string &answer)
     m_socket->write((answer + "\n").c_str(), static_cast<qint64>(answer.size()) + 1);
 }
 
+void LineConnection::sendLast(const std::string &answer)
+{
+    send(answer);
+    m_socket->flush();
+}
+
 void LineConnection::push(const SimRecord &record)
 {
     if (kinds.count(record.kind) != 0 && !isCongested())
@@ -44,6 +52,11 @@ void LineConnection::push(const SimRecord &record)
 void LineConnection::close()
 {
     m_socket->disconnectFromHost();
+}
+
+QString LineConnection::peer() const
+{
+    return QStringLiteral("%1:%2").arg(m_socket->peerAddress().toString()).arg(m_socket->peerPort());
 }
 
 void LineConnection::resume()
@@ -83,6 +96,7 @@ bool LineConnection::takeLine()
             m_received.clear();
         return false;
     }
+    m_sinceLine.start();
     const bool isSkipped = std::exchange(m_skipping, false);
     if (!isSkipped)
         emit lineArrived(line->toStdString());

@@ -2,8 +2,11 @@
 
 #include "LineBuffer.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+#include <QString>
 
+#include <chrono>
 #include <set>
 #include <string>
 
@@ -29,9 +32,18 @@ public:
     void push(const SimRecord &record);
     void close();
 
+    /// Sends a last line as far as the client takes it at once; the connection may be deleted afterwards.
+    void sendLast(const std::string &answer);
+
     /// No line is read until resume(), however many have arrived.
     void pause() { m_paused = true; }
     void resume();
+
+    /// How long ago the last line came, or the client itself.
+    std::chrono::milliseconds idleTime() const { return std::chrono::milliseconds(m_sinceLine.elapsed()); }
+
+    /// Where the client is, as ADDRESS:PORT.
+    QString peer() const;
 
     std::set<std::string> kinds; ///< the records that are pushed
 
@@ -48,6 +60,7 @@ private:
 
     QTcpSocket *m_socket;
     LineBuffer m_received;
+    QElapsedTimer m_sinceLine;
     bool m_skipping = false;
     bool m_paused = false;
     bool m_taking = false;

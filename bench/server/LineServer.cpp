@@ -10,8 +10,13 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <set>
+
+#ifdef Q_OS_UNIX
+#include <sys/socket.h>
+#endif
 
 namespace
 {
@@ -56,7 +61,13 @@ LineServer::~LineServer()
 
 bool LineServer::listen(const QHostAddress &address, quint16 port)
 {
-    return m_server.listen(address, port);
+    if (!m_server.listen(address, port))
+        return false;
+#ifdef Q_OS_UNIX
+    // Qt lets 50 wait. Of more the system forgets the calls, and their clients repeat them after seconds.
+    ::listen(static_cast<int>(m_server.socketDescriptor()), SOMAXCONN);
+#endif
+    return true;
 }
 
 void LineServer::acceptAll()
@@ -73,8 +84,8 @@ void LineServer::admit(LineConnection *connection)
         connection->close();
         return;
     }
-    if (connectionCount() > m_mostConnections) {
-        connection->send(SimAnswer::error(50, "too many connections"));
+    if (connectionCount() > m_mostConnections && !makeRoom()) {
+        connection->send(SimAnswer::error(SimReply::tooManyConnections()));
         connection->close();
         return;
     }
@@ -82,6 +93,30 @@ void LineServer::admit(LineConnection *connection)
             [this, connection](const std::string &line) { handle(connection, line); });
     connect(connection, &LineConnection::lineTooLong, this,
             [connection] { connection->send(SimAnswer::error(SimReply::lineTooLong())); });
+}
+
+/// Whether the connection that came last has a place now.
+bool LineServer::makeRoom()
+{
+    const auto newest = std::prev(m_connections.end());
+    const auto idlest =
+        std::max_element(m_connections.begin(), newest, [](const auto *one, const auto *other) {
+            return one->idleTime() < other->idleTime();
+        });
+    if (idlest == newest || (*idlest)->idleTime() < m_idleTime)
+        return false;
+    letGo(*idlest);
+    return true;
+}
+
+void LineServer::letGo(LineConnection *connection)
+{
+    emit noted(QStringLiteral("%1 has sent nothing for %2 s and has been let go, since others wait")
+                   .arg(connection->peer())
+                   .arg(std::chrono::duration_cast<std::chrono::seconds>(connection->idleTime()).count()));
+    connection->sendLast(SimAnswer::error(SimReply::idle()));
+    connection->disconnect(this);
+    remove(connection);
 }
 
 void LineServer::remove(LineConnection *connection)

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QTcpServer>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -35,8 +36,12 @@ public:
     quint16 port() const { return m_server.serverPort(); }
     QString errorString() const { return m_server.errorString(); }
 
-    /// Connections above this number are told so and closed.
+    /// One more connection than this number takes the place of the one that has been idle for the longest
+    /// time, if that is the idle time at least; else it is told so and closed.
     void setLargestConnectionCount(int count) { m_mostConnections = count; }
+
+    /// How long a connection may send no line while others wait; a minute at first.
+    void setIdleTime(std::chrono::milliseconds time) { m_idleTime = time; }
 
     /// Whether clients may send control lines; they may at first.
     void setControlAllowed(bool allowed) { m_controlAllowed = allowed; }
@@ -45,9 +50,15 @@ public:
 
     int connectionCount() const { return static_cast<int>(m_connections.size()); }
 
+signals:
+    /// What happened to a connection, in a sentence.
+    void noted(const QString &text);
+
 private:
     void acceptAll();
     void admit(LineConnection *connection);
+    bool makeRoom();
+    void letGo(LineConnection *connection);
     void remove(LineConnection *connection);
     void handle(LineConnection *connection, const std::string &line);
     void request(LineConnection *connection, const std::string &line);
@@ -62,5 +73,6 @@ private:
     FaultPlan m_faults;
     std::vector<LineConnection *> m_connections; ///< children of this object
     int m_mostConnections = 16;
+    std::chrono::milliseconds m_idleTime = std::chrono::minutes(1);
     bool m_controlAllowed = true;
 };

@@ -46,7 +46,10 @@ void describe(QCommandLineParser &parser)
           QStringLiteral("line")},
          {QStringLiteral("no-control"), QStringLiteral("Refuse control lines of clients.")},
          {QStringLiteral("connections"), QStringLiteral("Most connections at a time."),
-          QStringLiteral("number"), QStringLiteral("16")}});
+          QStringLiteral("number"), QStringLiteral("16")},
+         {QStringLiteral("idle"),
+          QStringLiteral("Seconds without a line after which a connection makes room for another."),
+          QStringLiteral("seconds"), QStringLiteral("60")}});
 }
 
 /// Runs the control and fault lines of the command line and the faults of the scenario; the first bad one is
@@ -71,22 +74,26 @@ QString prepare(const QCommandLineParser &parser, const Scenario &scenario, Loca
     return QString();
 }
 
-/// Where to listen and for how many; nothing when the command line says it badly.
+/// Where to listen, and for how many; nothing when the command line says it badly.
 struct Door {
     QHostAddress address;
     quint16 port = 0;
     int connections = 0;
+    int idleSeconds = 0;
 };
 
 std::optional<Door> doorOf(const QCommandLineParser &parser)
 {
     bool isPort = false;
+    bool isIdleTime = false;
     Door door;
     door.address = QHostAddress(parser.value(QStringLiteral("listen")));
     door.port = parser.value(QStringLiteral("port")).toUShort(&isPort);
     door.connections = parser.value(QStringLiteral("connections")).toInt();
-    return isPort && !door.address.isNull() && door.connections > 0 ? std::optional<Door>(door)
-                                                                    : std::nullopt;
+    door.idleSeconds = parser.value(QStringLiteral("idle")).toInt(&isIdleTime);
+    const bool isGood =
+        isPort && !door.address.isNull() && door.connections > 0 && isIdleTime && door.idleSeconds >= 0;
+    return isGood ? std::optional<Door>(door) : std::nullopt;
 }
 
 /// The scenario of the command line, or the default scene; nothing after an error.
@@ -106,6 +113,8 @@ int serve(const QCommandLineParser &parser, const Door &door, const Scenario &sc
     LineServer server(link);
     server.setControlAllowed(!parser.isSet(QStringLiteral("no-control")));
     server.setLargestConnectionCount(door.connections);
+    server.setIdleTime(std::chrono::seconds(door.idleSeconds));
+    QObject::connect(&server, &LineServer::noted, [](const QString &text) { complain(text); });
     const QString problem = prepare(parser, scenario, link, server);
     if (!problem.isEmpty())
         return complain(problem);
@@ -130,7 +139,7 @@ int main(int argc, char **argv)
     parser.process(application);
     const std::optional<Door> door = doorOf(parser);
     if (!door)
-        return complain(QStringLiteral("bad address, port or number of connections"));
+        return complain(QStringLiteral("bad address, port, number of connections or idle time"));
     std::string error;
     const std::optional<Scenario> scenario = scenarioOf(parser, &error);
     return scenario ? serve(parser, *door, *scenario) : complain(QString::fromStdString(error));

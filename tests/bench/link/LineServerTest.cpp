@@ -5,6 +5,7 @@
 #include <QTcpSocket>
 #include <QtTest>
 
+#include <csignal>
 #include <memory>
 #include <random>
 
@@ -67,6 +68,9 @@ private slots:
     void shouldAnswerLineByLine();
     void shouldRefuseAndSkipALineThatIsTooLong();
     void shouldBoundTheConnections();
+    void shouldLetTheIdlestGoWhenAnotherWaits();
+    void shouldKeepWhoSentALineWithinTheIdleTime();
+    void shouldLetHundredsWaitAtTheDoor();
     void shouldOutliveRandomBytes();
     void shouldOutliveAClientThatNeverReads();
     void shouldRefuseControlLinesOnRequest();
@@ -118,6 +122,69 @@ void LineServerTest::shouldBoundTheConnections()
     }
     clients.pop_back();
     QVERIFY(isServed(server.port()));
+}
+
+void LineServerTest::shouldLetTheIdlestGoWhenAnotherWaits()
+{
+    // GIVEN
+    ControllerProcess server;
+    QVERIFY(server.start(0, {QStringLiteral("--connections"), QStringLiteral("2"), QStringLiteral("--idle"),
+                             QStringLiteral("0")}));
+    const QByteArray question = "velmar2 get status active";
+    const QByteArray answer = "velmar2 get status active none";
+    Client first(server.port()), second(server.port());
+    QCOMPARE(first.ask(question), answer);
+    QCOMPARE(second.ask(question), answer);
+    QTest::qSleep(2); // the idle time counts milliseconds
+    QCOMPARE(first.ask(question), answer);
+    const QByteArray port = QByteArray::number(second.socket().localPort());
+    // WHEN
+    Client third(server.port());
+    // THEN
+    QCOMPARE(third.ask(question), answer);
+    QCOMPARE(first.ask(question), answer);
+    QCOMPARE(second.line(), QByteArray("velmar2 err 51 \"idle while others wait\""));
+    QVERIFY(second.socket().state() == QAbstractSocket::UnconnectedState ||
+            second.socket().waitForDisconnected(5000));
+    const QByteArray note = "127.0.0.1:" + port + " has sent nothing for 0 s and has been let go";
+    server.process().setReadChannel(QProcess::StandardError);
+    QVERIFY(server.process().bytesAvailable() > 0 || server.process().waitForReadyRead(5000));
+    const QByteArray said = server.process().readLine();
+    QVERIFY2(said.contains(note), said.constData());
+}
+
+void LineServerTest::shouldKeepWhoSentALineWithinTheIdleTime()
+{
+    ControllerProcess server;
+    QVERIFY(server.start(0, {QStringLiteral("--connections"), QStringLiteral("1"), QStringLiteral("--idle"),
+                             QStringLiteral("3600")}));
+    Client first(server.port());
+    QCOMPARE(first.ask("velmar2 tracking start"), QByteArray("velmar2 ok"));
+    Client second(server.port());
+    QCOMPARE(second.line(), QByteArray("velmar2 err 50 \"too many connections\""));
+    QCOMPARE(first.ask("velmar2 get status active"), QByteArray("velmar2 get status active mea"));
+}
+
+void LineServerTest::shouldLetHundredsWaitAtTheDoor()
+{
+    // GIVEN a server that does not get round to accepting
+    ControllerProcess server;
+    QVERIFY(server.start());
+    const auto process = static_cast<pid_t>(server.process().processId());
+    QCOMPARE(::kill(process, SIGSTOP), 0);
+    // WHEN
+    constexpr int many = 300;
+    std::vector<std::unique_ptr<Client>> clients;
+    int connected = 0;
+    for (int i = 0; i < many && connected == i; ++i) {
+        clients.push_back(std::make_unique<Client>(server.port()));
+        connected += clients.back()->socket().state() == QAbstractSocket::ConnectedState ? 1 : 0;
+    }
+    ::kill(process, SIGCONT);
+    // THEN
+    QCOMPARE(connected, many);
+    QCOMPARE(clients.back()->line(), QByteArray("velmar2 err 50 \"too many connections\""));
+    QCOMPARE(clients.front()->ask("sim get clock"), QByteArray("sim get clock real"));
 }
 
 void LineServerTest::shouldOutliveRandomBytes()
@@ -206,9 +273,11 @@ void LineServerTest::shouldRefuseToStartWithBadArguments_data()
         QTest::newRow(name) << arguments << QByteArray(complaint);
     };
     row("port", {QStringLiteral("--port"), QStringLiteral("70000")},
-        "bad address, port or number of connections");
+        "bad address, port, number of connections or idle time");
     row("address", {QStringLiteral("--listen"), QStringLiteral("nowhere")},
-        "bad address, port or number of connections");
+        "bad address, port, number of connections or idle time");
+    row("idle time", {QStringLiteral("--idle"), QStringLiteral("long")},
+        "bad address, port, number of connections or idle time");
     row("scenario", {QStringLiteral("--scenario"), QStringLiteral("no-such.json")},
         "no-such.json: cannot be opened: ");
     row("control", {QStringLiteral("--control"), QStringLiteral("sim dance")},
