@@ -7,8 +7,8 @@
 #include "SimLimits.h"
 #include "SimScript.h"
 #include "SimText.h"
+#include "TextFile.h"
 
-#include <QFile>
 #include <QJsonDocument>
 
 namespace
@@ -239,18 +239,18 @@ void report(std::string *error, const std::string &name, const ScenarioError &wh
 
 std::optional<Scenario> Scenario::load(const std::string &file, std::string *error)
 {
-    QFile source(QString::fromStdString(file));
-    if (!source.open(QIODevice::ReadOnly)) {
-        report(error, file, {QStringLiteral("cannot be opened"), source.errorString()});
+    QString reason;
+    const auto content = readText(QString::fromStdString(file), largestFile + 1, &reason);
+    if (!content) {
+        report(error, file, {QStringLiteral("cannot be opened"), reason});
         return std::nullopt;
     }
-    const QByteArray content = source.read(largestFile + 1);
-    if (content.size() > largestFile) {
+    if (content->size() > largestFile) {
         report(error, file,
                {QStringLiteral("size"), QStringLiteral("larger than %1 bytes").arg(largestFile)});
         return std::nullopt;
     }
-    return parse(content.toStdString(), file, error);
+    return parse(content->toStdString(), file, error);
 }
 
 std::optional<Scenario> Scenario::parse(const std::string &json, const std::string &name, std::string *error)

@@ -1,6 +1,9 @@
 #include "ScreenPicture.h"
 
+#include "TextFile.h"
+
 #include <QApplication>
+#include <QBuffer>
 #include <QPixmap>
 #include <QScreen>
 #include <QWidget>
@@ -37,5 +40,7 @@ QPixmap screenPicture()
 bool saveScreenPicture(const QString &file)
 {
     const QPixmap picture = screenPicture();
-    return !picture.isNull() && picture.save(file);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    return !picture.isNull() && picture.save(&buffer, "PNG") && !saveText(file, bytes);
 }

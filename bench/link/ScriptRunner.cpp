@@ -9,7 +9,6 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
-#include <QFile>
 #include <QTextStream>
 #include <QTimer>
 
@@ -19,6 +18,7 @@ namespace
 {
 
 constexpr double frameRate = 60.0;
+constexpr qint64 longestScript = 10000000;
 
 QString rest(const QString &line, const char *word)
 {
@@ -64,10 +64,14 @@ bool ScriptRunner::run(const QString &line)
 
 bool ScriptRunner::runFile(const QString &file)
 {
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly | QIODevice::Text))
-        return fail(QStringLiteral("%1: %2").arg(file, source.errorString()));
-    QTextStream stream(&source);
+    QString reason;
+    const std::optional<QByteArray> text = readText(file, longestScript + 1, &reason);
+    if (!text)
+        return fail(QStringLiteral("%1: %2").arg(file, reason));
+    if (text->size() > longestScript)
+        return fail(QStringLiteral("%1: larger than %2 bytes").arg(file).arg(longestScript));
+    QTextStream stream(*text);
+    stream.setCodec("UTF-8");
     for (int number = 1; !stream.atEnd(); ++number) {
         const QString line = stream.readLine();
         if (!run(line))

@@ -3,11 +3,14 @@
 #include "TestRegistry.h"
 
 #include <QTcpSocket>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <csignal>
 #include <memory>
 #include <random>
+
+#include <sys/stat.h>
 
 namespace
 {
@@ -76,6 +79,7 @@ private slots:
     void shouldRefuseControlLinesOnRequest();
     void shouldStrikeWithTheFaultsOfAScenario();
     void shouldCloseEveryConnectionOnADisconnection();
+    void shouldRefuseToStartWithAPipeAsTheScenario();
     void shouldRefuseToStartWithBadArguments_data();
     void shouldRefuseToStartWithBadArguments();
 };
@@ -263,6 +267,18 @@ void LineServerTest::shouldCloseEveryConnectionOnADisconnection()
     QVERIFY(second.socket().state() == QAbstractSocket::UnconnectedState ||
             second.socket().waitForDisconnected(5000));
     QVERIFY(isServed(server.port()));
+}
+
+void LineServerTest::shouldRefuseToStartWithAPipeAsTheScenario()
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath(QStringLiteral("pipe.json"));
+    QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    QProcess process;
+    process.start(QStringLiteral(VELMAR_CONTROLLER), {QStringLiteral("--scenario"), pipe});
+    QVERIFY(process.waitForFinished(10000));
+    QCOMPARE(process.exitCode(), 2);
+    QVERIFY(process.readAllStandardError().contains("cannot be opened: it is not a regular file"));
 }
 
 void LineServerTest::shouldRefuseToStartWithBadArguments_data()
