@@ -37,7 +37,7 @@ std::string readReplies(const Accesses &access, AnswerHost &host)
     for (const Question question :
          {Question([](const Accesses &a) { return a.tracking.trackingAvailable(); }),
           Question([](const Accesses &a) { return a.tracking.configurationChangeable(); }),
-          Question([](const Accesses &a) { return a.measurement.measurementToolAvailable(); })}) {
+          Question([](const Accesses &a) { return a.measurement.toolAvailable(); })}) {
         const AnswerHost::Answer told = host.next();
         const Reply reply = question(access);
         checkReply(told, reply);
@@ -83,7 +83,7 @@ std::string readCounts(const Accesses &access, AnswerHost &host)
         transcript.note(count.value_or(-1));
     }
     const bool fails = host.next().fails;
-    const int tools = access.measurement.numberOfMeasurementTools();
+    const int tools = access.measurement.numberOfTools();
     require(!fails || tools == 0);
     const bool failsAgain = host.next().fails;
     const int steps = access.calibration.steps("room");
@@ -132,7 +132,7 @@ std::string readNumbers(const Accesses &access, AnswerHost &host)
         require(!fails || value == fallback);
         transcript.note(value);
     };
-    take(1.0, [](const Accesses &a) { return a.measurement.measurementDuration(1); });
+    take(1.0, [](const Accesses &a) { return a.measurement.duration(1); });
     take(1.5, [](const Accesses &a) { return a.measurement.tipTolerance(1); });
     take(-1.0, [](const Accesses &a) { return a.measurement.extraScaling().value_or(-1.0); });
     take(-1.0, [](const Accesses &a) { return a.calibration.progress().value_or(-1.0); });
@@ -217,7 +217,7 @@ std::string followCalibrationWithPauses(const Accesses &access, AnswerHost &)
 class Tracking final : public TrackingControl
 {
 public:
-    explicit Tracking(const ControllerAccess &access)
+    explicit Tracking(const TrackingAccess &access)
         : m_access(access)
     {
     }
@@ -225,7 +225,7 @@ public:
     void startTracking() override { m_access.startTracking(); }
 
 private:
-    const ControllerAccess &m_access;
+    const TrackingAccess &m_access;
 };
 
 /// Nothing half-read is ever written.

@@ -1,7 +1,8 @@
 #pragma once
 
 #include "CalibrationAccess.h"
-#include "ControllerAccess.h"
+#include "MeasurementAccess.h"
+#include "TrackingAccess.h"
 
 #include <string>
 #include <vector>
@@ -17,8 +18,8 @@ namespace AnswerReadings
 {
 
 struct Accesses {
-    ControllerAccess tracking;
-    ControllerAccess measurement;
+    TrackingAccess tracking;
+    MeasurementAccess measurement;
     CalibrationAccess calibration;
 };
 

@@ -1,11 +1,11 @@
 #include "CameraRooms.h"
 
-#include "ControllerAccess.h"
+#include "TrackingAccess.h"
 
 namespace
 {
 
-bool twoCamerasHaveRooms(const ControllerAccess &controller, int cameras)
+bool twoCamerasHaveRooms(const TrackingAccess &controller, int cameras)
 {
     int found = 0;
     for (int camera = 1; camera <= cameras && found < 2; ++camera)
@@ -13,7 +13,7 @@ bool twoCamerasHaveRooms(const ControllerAccess &controller, int cameras)
     return found == 2;
 }
 
-bool everyCameraHasRoom(const ControllerAccess &controller, int cameras)
+bool everyCameraHasRoom(const TrackingAccess &controller, int cameras)
 {
     bool every = true;
     for (int camera = 1; camera <= cameras; ++camera)
@@ -23,7 +23,7 @@ bool everyCameraHasRoom(const ControllerAccess &controller, int cameras)
 
 } // namespace
 
-bool camerasHaveRooms(const ControllerAccess &controller)
+bool camerasHaveRooms(const TrackingAccess &controller)
 {
     const std::optional<int> cameras = controller.numberOfCameras();
     if (!cameras)

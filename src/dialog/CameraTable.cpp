@@ -1,6 +1,6 @@
 #include "CameraTable.h"
 
-#include "ControllerAccess.h"
+#include "TrackingAccess.h"
 
 #include <QPointer>
 #include <QStandardItemModel>
@@ -24,7 +24,7 @@ void CameraTable::showTexts() const
     m_model->setHorizontalHeaderLabels({tr("Camera"), tr("x [mm]"), tr("y [mm]"), tr("z [mm]")});
 }
 
-void CameraTable::fill(ControllerAccess controller) const
+void CameraTable::fill(TrackingAccess controller) const
 {
     if (!controller.supports(ControllerFeature::CameraTable))
         return;

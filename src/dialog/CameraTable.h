@@ -4,7 +4,7 @@
 
 #include <array>
 
-class ControllerAccess;
+class TrackingAccess;
 class QStandardItemModel;
 
 /// The table of the cameras and their positions, one row per camera: its name, then x, y and z in millimetres
@@ -25,7 +25,7 @@ public:
     /// Reads all cameras anew; without their number the table is left empty. Controllers that do not tell
     /// are not asked, and the table stays. The access is taken by value so that the owner may be destroyed
     /// while a call lasts.
-    void fill(ControllerAccess controller) const;
+    void fill(TrackingAccess controller) const;
 
 private:
     void setCamera(int row, const std::array<double, 3> &position) const;

@@ -190,7 +190,7 @@ bool RoomAdjustmentDlg2g::prepareOpening()
 }
 
 /// What keeps the room from being adjusted at all. By value: see prepareOpening().
-RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(ControllerAccess controller)
+RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(TrackingAccess controller)
 {
     if (controller.supports(ControllerFeature::TrackingAvailability) &&
         controller.trackingAvailable() == Reply::No)
@@ -201,7 +201,7 @@ RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(ControllerAccess c
 void RoomAdjustmentDlg2g::readLock()
 {
     const QPointer<RoomAdjustmentDlg2g> self(this);
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     const bool locked = controller.supports(ControllerFeature::CameraTable) &&
                         controller.configurationChangeable() == Reply::No;
     if (self.isNull())
@@ -231,7 +231,7 @@ void RoomAdjustmentDlg2g::prepareAdjusting()
 void RoomAdjustmentDlg2g::loadTransformation()
 {
     const QPointer<RoomAdjustmentDlg2g> self(this);
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     const RoomTrafoData held = controller.roomAdjustment();
     if (self.isNull())
         return;
@@ -261,13 +261,13 @@ void RoomAdjustmentDlg2g::setRoomAngles(double rx, double ry, double rz)
 
 void RoomAdjustmentDlg2g::stopTracking()
 {
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     controller.stopTrackingIfMeasuring();
 }
 
 void RoomAdjustmentDlg2g::startTracking()
 {
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     controller.startTracking();
 }
 
@@ -333,7 +333,7 @@ void RoomAdjustmentDlg2g::writeEdits()
 
 void RoomAdjustmentDlg2g::writeCurrent()
 {
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     const RoomTrafoData wanted = m_current;
     controller.writeRoomAdjustment(wanted);
 }
@@ -369,7 +369,7 @@ bool RoomAdjustmentDlg2g::undoChanges()
     if (!m_ui->tabWidget->isEnabled())
         return true;
     const QPointer<RoomAdjustmentDlg2g> self(this);
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     const RoomTrafoData held = controller.roomAdjustment();
     if (self.isNull())
         return false;

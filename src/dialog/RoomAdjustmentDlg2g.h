@@ -1,10 +1,10 @@
 #pragma once
 
 #include "CameraTable.h"
-#include "ControllerAccess.h"
 #include "Requester.h"
 #include "RoomAngleExchange.h"
 #include "RoomTrafoData.h"
+#include "TrackingAccess.h"
 #include "TrackingControl.h"
 
 #include <QDialog>
@@ -81,7 +81,7 @@ private:
     void showNotice(Notice notice);
     static QString textOf(Notice notice);
     bool prepareOpening();
-    static Notice findObstacle(ControllerAccess controller);
+    static Notice findObstacle(TrackingAccess controller);
     void readLock();
     void prepareAdjusting();
     void loadTransformation();
@@ -93,7 +93,7 @@ private:
     bool confirmsDiscarding();
 
     std::unique_ptr<Ui::RoomAdjustmentDlgClass> m_ui;
-    ControllerAccess m_controller;
+    TrackingAccess m_controller;
     CameraTable m_cameras;
     CoarseAdjustment *m_coarse = nullptr;
     CooTrans *m_fine = nullptr;

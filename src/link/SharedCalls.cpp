@@ -1,13 +1,17 @@
 #include "SharedCalls.h"
 
 #include "ControllerCall.h"
+#include "ControllerChannel.h"
 
 namespace
 {
 
-double plainZero(double value, double halfDecimal)
+template <std::size_t count>
+std::array<double, count> withPlainZeros(std::array<double, count> values, double halfDecimal)
 {
-    return value < 0.0 && value > -halfDecimal ? 0.0 : value + 0.0;
+    for (double &value : values)
+        value = value < 0.0 && value > -halfDecimal ? 0.0 : value + 0.0;
+    return values;
 }
 
 Activity activityOf(const std::optional<QByteArray> &answer)
@@ -21,6 +25,29 @@ Activity activityOf(const std::optional<QByteArray> &answer)
     if (*answer == "err")
         return Activity::Error;
     return *answer == "none" ? Activity::None : Activity::Other;
+}
+
+void writeRotation(const ControllerCall &call, const std::array<double, 9> &rotation)
+{
+    const std::array<double, 9> r = withPlainZeros(rotation, rotationHalfDecimal);
+    call.succeeds([&r](IOManager &host) {
+        return host.setParameter("tracking extra_rotation %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f", r[0],
+                                 r[1], r[2], r[3], r[4], r[5], r[6], r[7], r[8]);
+    });
+}
+
+void writeTranslation(const ControllerCall &call, const std::array<double, 3> &translation)
+{
+    const std::array<double, 3> t = withPlainZeros(translation, translationHalfDecimal);
+    call.succeeds([&t](IOManager &host) {
+        return host.setParameter("tracking extra_translation %.3f %.3f %.3f", t[0], t[1], t[2]);
+    });
+}
+
+void writeScaling(const ControllerCall &call, double scaling)
+{
+    call.succeeds(
+        [scaling](IOManager &host) { return host.setParameter("tracking extra_scaling %.5f", scaling); });
 }
 
 } // namespace
@@ -83,31 +110,12 @@ std::optional<double> extraScaling(const ControllerCall &call)
     });
 }
 
-void writeRotation(const ControllerCall &call, const std::array<double, 9> &rotation)
+void writeExtraTransformation(const ControllerChannel &channel, RoomTrafoData data,
+                              const ExtraTransformationFailures &failures)
 {
-    std::array<double, 9> r{};
-    std::transform(rotation.begin(), rotation.end(), r.begin(),
-                   [](double value) { return plainZero(value, rotationHalfDecimal); });
-    call.succeeds([&r](IOManager &host) {
-        return host.setParameter("tracking extra_rotation %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f %.8f", r[0],
-                                 r[1], r[2], r[3], r[4], r[5], r[6], r[7], r[8]);
-    });
-}
-
-void writeTranslation(const ControllerCall &call, const std::array<double, 3> &translation)
-{
-    std::array<double, 3> t{};
-    std::transform(translation.begin(), translation.end(), t.begin(),
-                   [](double value) { return plainZero(value, translationHalfDecimal); });
-    call.succeeds([&t](IOManager &host) {
-        return host.setParameter("tracking extra_translation %.3f %.3f %.3f", t[0], t[1], t[2]);
-    });
-}
-
-void writeScaling(const ControllerCall &call, double scaling)
-{
-    call.succeeds(
-        [scaling](IOManager &host) { return host.setParameter("tracking extra_scaling %.5f", scaling); });
+    writeRotation(channel.reporting(failures.rotation), data.rotation);
+    writeTranslation(channel.reporting(failures.translation), data.translation);
+    writeScaling(channel.reporting(failures.scaling), data.scaling);
 }
 
 } // namespace SharedCalls

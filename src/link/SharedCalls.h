@@ -9,6 +9,7 @@
 #include <optional>
 
 class ControllerCall;
+class ControllerChannel;
 
 /// The calls that more than one access makes, so that each text stands once. What is reported, the given call
 /// says.
@@ -33,9 +34,17 @@ std::optional<int> numberOfCameras(const ControllerCall &call);
 std::optional<QByteArray> coordinateType(const ControllerCall &call);
 
 std::optional<double> extraScaling(const ControllerCall &call);
-/// What would be printed as a negative zero is written as a plain one.
-void writeRotation(const ControllerCall &call, const std::array<double, 9> &rotation);
-void writeTranslation(const ControllerCall &call, const std::array<double, 3> &translation);
-void writeScaling(const ControllerCall &call, double scaling);
+/// What the host is told when a part cannot be written.
+struct ExtraTransformationFailures {
+    const char *rotation;
+    const char *translation;
+    const char *scaling;
+};
+
+/// Writes rotation, translation and scaling; each is attempted whatever became of the others. What would be
+/// printed as a negative zero is written as a plain one. The data are taken by value: their owner may go in
+/// any call.
+void writeExtraTransformation(const ControllerChannel &channel, RoomTrafoData data,
+                              const ExtraTransformationFailures &failures);
 
 } // namespace SharedCalls

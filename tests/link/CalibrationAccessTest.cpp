@@ -113,6 +113,28 @@ private slots:
         QCOMPARE(host.reports(), report.isEmpty() ? QStringList() : QStringList{report});
     }
 
+    void shouldTellWhatTheControllerIsDoing_data()
+    {
+        QTest::addColumn<QByteArray>("answer");
+        QTest::addColumn<int>("expected");
+        QTest::newRow("measuring") << QByteArray("mea") << int(Activity::Measuring);
+        QTest::newRow("calibrating") << QByteArray("cal") << int(Activity::Calibrating);
+        QTest::newRow("error") << QByteArray("err") << int(Activity::Error);
+        QTest::newRow("none") << QByteArray("none") << int(Activity::None);
+        QTest::newRow("only the beginning of a word") << QByteArray("me") << int(Activity::Other);
+        QTest::newRow("more than the word") << QByteArray("mea ") << int(Activity::Other);
+        QTest::newRow("nothing") << QByteArray("") << int(Activity::Other);
+    }
+
+    void shouldTellWhatTheControllerIsDoing()
+    {
+        QFETCH(QByteArray, answer);
+        RecordingHost host;
+        host.setAnswer("status active", answer);
+
+        QTEST(int(CalibrationAccess(&host, nullptr).activity()), "expected");
+    }
+
     void shouldFallBackWhenNothingCanBeRead()
     {
         const BackendVersions versions = interfaceVersion(1, 23, 0);

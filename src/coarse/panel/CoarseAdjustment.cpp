@@ -91,7 +91,7 @@ void CoarseAdjustment::updatePanel()
     fillComboBoxes();
     fitColumns();
     const QPointer<CoarseAdjustment> self(this); // the host may destroy the panel in any call
-    const ControllerAccess controller = m_controller;
+    const TrackingAccess controller = m_controller;
     const CoordinateType type = controller.coordinateType();
     if (self.isNull())
         return;

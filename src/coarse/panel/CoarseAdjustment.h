@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AxisAssigner.h"
-#include "ControllerAccess.h"
+#include "TrackingAccess.h"
 
 #include <QWidget>
 
@@ -64,7 +64,7 @@ private:
     QString notice() const;
 
     std::unique_ptr<Ui::CoarseAdjustment> m_ui;
-    ControllerAccess m_controller;
+    TrackingAccess m_controller;
     RoomAngleExchange *m_angles;
     AxisAssigner m_assigner;
     int m_type = -1;

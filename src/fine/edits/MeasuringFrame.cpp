@@ -27,7 +27,7 @@ bool hasTwoWords(const QByteArray &target)
 
 } // namespace
 
-MeasuringFrame::MeasuringFrame(const ControllerAccess &controller, TrackingControl *tracking)
+MeasuringFrame::MeasuringFrame(const MeasurementAccess &controller, TrackingControl *tracking)
     : m_controller(controller)
     , m_tracking(tracking)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControllerAccess.h"
+#include "MeasurementAccess.h"
 #include "RoomTrafoData.h"
 
 #include <QByteArray>
@@ -18,7 +18,7 @@ class MeasuringFrame
 {
 public:
     /// `tracking` is not owned and may be null: then the extra transformation is never touched.
-    MeasuringFrame(const ControllerAccess &controller, TrackingControl *tracking);
+    MeasuringFrame(const MeasurementAccess &controller, TrackingControl *tracking);
 
     void prepareTransformation();
     /// Where the reference target cannot be unset, tracking stays stopped.
@@ -35,7 +35,7 @@ private:
     void stopTracking();
     void startTracking();
 
-    ControllerAccess m_controller;
+    MeasurementAccess m_controller;
     TrackingControl *m_tracking;
     bool m_hasEnded = false;
     RoomTrafoData m_savedTransformation;

@@ -149,8 +149,8 @@ void CooTrans::loadPage()
     m_fields.widenScaling();
     loadControls();
     const QPointer<CooTrans> self(this); // the host may destroy the panel in any call
-    const ControllerAccess controller = m_controller;
-    controller.checkMeasurementTool();
+    const MeasurementAccess controller = m_controller;
+    controller.checkTool();
     if (self.isNull())
         return;
     const std::optional<double> scaling = controller.extraScaling();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AdjustmentFields.h"
-#include "ControllerAccess.h"
+#include "MeasurementAccess.h"
 #include "MeasuringFrame.h"
 #include "RoomEdits.h"
 
@@ -115,7 +115,7 @@ private:
     void matchPoints();
 
     std::unique_ptr<Ui::CooTransClass> m_ui;
-    ControllerAccess m_controller;
+    MeasurementAccess m_controller;
     TrackingControl *m_dialog;
     RoomTrafoData *m_raData;
     std::shared_ptr<MeasuringFrame> m_measuringFrame; ///< outlives the panel while it waits for an answer

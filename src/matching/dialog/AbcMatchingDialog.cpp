@@ -277,10 +277,10 @@ void AbcMatchingDialog::on_w_measureButton_clicked()
 void AbcMatchingDialog::startMeasurement(int tool)
 {
     const ObjectWatch self(this);
-    const ControllerAccess controller = m_controller;
+    const MeasurementAccess controller = m_controller;
     m_state.beginStart();
     showState();
-    const double duration = controller.measurementDuration(tool);
+    const double duration = controller.duration(tool);
     if (!self)
         return;
     m_measuring->showStart(duration);
@@ -288,7 +288,7 @@ void AbcMatchingDialog::startMeasurement(int tool)
     if (!self)
         return;
     m_sampler.setLimits(duration, tolerance);
-    controller.startTipMeasurement(tool);
+    controller.startMeasurement(tool);
     if (self)
         m_state.started();
 }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ControllerAccess.h"
 #include "MatchingEvaluation.h"
 #include "MatchingPoint.h"
 #include "MatchingState.h"
+#include "MeasurementAccess.h"
 #include "RecordWatch.h"
 #include "ToolSampler.h"
 #include "bsMatrix.h"
@@ -116,7 +116,7 @@ private:
     void showEvaluation(const MatchingEvaluation &evaluation);
 
     std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
-    ControllerAccess m_controller;
+    MeasurementAccess m_controller;
     QTimer m_timer{this};
     ToolSampler m_sampler;
     std::unique_ptr<MatchingLists> m_lists;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ButtonWatch.h"
-#include "ControllerAccess.h"
+#include "MeasurementAccess.h"
 #include "TipCollector.h"
 #include "VelmarParser.h"
 
@@ -68,7 +68,7 @@ private:
     std::array<char, bufferSize> m_buffer{};
     TipCollector m_measurement;
     int m_tool = noTool;
-    double m_duration = ControllerAccess::defaultMeasurementSeconds;
-    double m_tolerance = ControllerAccess::defaultToleranceMm;
+    double m_duration = MeasurementAccess::defaultDurationSeconds;
+    double m_tolerance = MeasurementAccess::defaultToleranceMm;
     bool m_tracked = false;
 };

@@ -3,7 +3,7 @@
 namespace
 {
 
-bool anyTipIsCalibrated(const ControllerAccess &controller, int toolCount)
+bool anyTipIsCalibrated(const MeasurementAccess &controller, int toolCount)
 {
     for (int tool = 1; tool <= toolCount; ++tool) {
         if (controller.tipIsCalibrated(tool))
@@ -14,15 +14,15 @@ bool anyTipIsCalibrated(const ControllerAccess &controller, int toolCount)
 
 } // namespace
 
-ToolSurvey surveyTools(ControllerAccess controller)
+ToolSurvey surveyTools(MeasurementAccess controller)
 {
     ToolSurvey survey;
     if (!controller.supports(ControllerFeature::PointMeasurement))
         return survey;
     survey.verdict = ToolSurvey::Verdict::NotAvailable;
-    if (controller.measurementToolAvailable() != Reply::Yes)
+    if (controller.toolAvailable() != Reply::Yes)
         return survey;
-    survey.toolCount = controller.numberOfMeasurementTools();
+    survey.toolCount = controller.numberOfTools();
     const bool ready = anyTipIsCalibrated(controller, survey.toolCount);
     survey.verdict = ready ? ToolSurvey::Verdict::Ready : ToolSurvey::Verdict::NotCalibrated;
     for (int tool = 1; tool <= survey.toolCount; ++tool) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControllerAccess.h"
+#include "MeasurementAccess.h"
 
 #include <vector>
 
@@ -19,6 +19,6 @@ struct ToolSurvey {
     std::vector<int> calibrated;
 };
 
-/// Asks the controller; failures are reported where ControllerAccess says so. The access is taken by value so
-/// that the caller may be destroyed while a call lasts.
-[[nodiscard]] ToolSurvey surveyTools(ControllerAccess controller);
+/// Asks the controller; failures are reported where MeasurementAccess says so. The access is taken by value
+/// so that the caller may be destroyed while a call lasts.
+[[nodiscard]] ToolSurvey surveyTools(MeasurementAccess controller);

@@ -1,6 +1,6 @@
 #include "MeasuringFrame.h"
-#include "ControllerAccess.h"
 #include "InterfaceVersion.h"
+#include "MeasurementAccess.h"
 #include "NotedTracking.h"
 #include "TestRegistry.h"
 
@@ -23,7 +23,7 @@ struct Fixture {
     RecordingHost host;
     BackendVersions versions = interfaceVersion(1, 23);
     NotedTracking tracking{host};
-    ControllerAccess controller{&host, &versions};
+    MeasurementAccess controller{&host, &versions};
     MeasuringFrame frame{controller, &tracking};
 };
 
