@@ -3,6 +3,7 @@
 #include "ListReport.h"
 #include "NumberText.h"
 #include "ObjectWatch.h"
+#include "PointItem.h"
 #include "ReferencePointFile.h"
 
 #include <QTableWidgetItem>
@@ -11,18 +12,29 @@
 
 #include <utility>
 
+namespace
+{
+
+/// More than anybody undoes; a bound for a host that runs for months.
+constexpr int keptChanges = 1000;
+
+} // namespace
+
 ListEditing::ListEditing(MatchingLists &lists, QWidget *window)
     : QObject(window)
     , m_lists(lists)
     , m_questions(window)
 {
+    m_history.setUndoLimit(keptChanges);
 }
 
 void ListEditing::addReference()
 {
-    m_lists.addReference();
-    m_lists.referenceTable().beginTypingIntoLastRow();
-    emit changed();
+    PointTable &table = m_lists.referenceTable();
+    const ObjectWatch self(this);
+    change(m_lists.referenceList(), table.rowCount(), 0, PointRows(1), ListChange::Points::FromCells);
+    if (self)
+        table.beginTypingIntoLastRow();
 }
 
 void ListEditing::removeSelectedReference()
@@ -37,8 +49,7 @@ void ListEditing::removeSelectedReference()
     const ObjectWatch self(this);
     if (!m_questions.shallRemoveRow(row) || !self || row >= m_lists.referenceTable().rowCount())
         return;
-    m_lists.removeReference(row);
-    emit changed();
+    change(m_lists.referenceList(), row, 1, {}, ListChange::Points::FromCells);
 }
 
 void ListEditing::removeSelectedMeasured()
@@ -47,8 +58,7 @@ void ListEditing::removeSelectedMeasured()
     const ObjectWatch self(this);
     if (row < 0 || !m_questions.shallRemoveRow(row) || !self || row >= m_lists.measuredTable().rowCount())
         return;
-    m_lists.removeMeasured(row);
-    emit changed();
+    change(m_lists.measuredList(), row, 1, {}, ListChange::Points::AsGiven);
 }
 
 void ListEditing::clearMeasured()
@@ -56,42 +66,54 @@ void ListEditing::clearMeasured()
     const ObjectWatch self(this);
     if (m_lists.measuredTable().rowCount() == 0 || !m_questions.shallRemoveAllMeasured() || !self)
         return;
-    m_lists.clearMeasured();
-    emit changed();
+    change(m_lists.measuredList(), 0, m_lists.measuredTable().rowCount(), {}, ListChange::Points::AsGiven);
 }
 
 void ListEditing::takeMeasured(const MatchingPoint &point, bool replaces)
 {
-    m_lists.takeMeasured(replaces ? m_lists.measuredTable().selectedRow() : -1, point);
-    emit changed();
+    const int selected = replaces ? m_lists.measuredTable().selectedRow() : -1;
+    const bool found = selected >= 0 && selected < static_cast<int>(m_lists.measured().size());
+    const int row = found ? selected : m_lists.measuredTable().rowCount();
+    change(m_lists.measuredList(), row, found ? 1 : 0, {PointRow{point, {}}}, ListChange::Points::AsGiven);
 }
 
 void ListEditing::takeReferenceCell(QTableWidgetItem &item)
 {
+    const int row = item.row();
+    PointRow before = m_lists.referenceList().rows(row, 1).front();
+    const PointItem *own = PointItem::from(&item);
+    before.texts[static_cast<std::size_t>(item.column())] = own ? own->typedTextBefore() : QString();
     const QString entered = item.text();
     QString text = entered;
     const bool valid = normalizeNumberText(text);
-    m_lists.referenceTable().setText(item.row(), item.column(), text);
+    m_lists.referenceTable().setText(row, item.column(), text);
     if (valid)
-        takeReferenceCells();
+        takeTypedRow(row, before);
     else if (!m_lists.referenceTable().isBeingEdited(&item))
-        refuseNumber(entered);
+        refuseNumber(entered, row, before);
     else // after the editor has handed over its text: it would not survive the window's end in a message box
-        QTimer::singleShot(0, this, [this, entered] { refuseNumber(entered); });
+        QTimer::singleShot(0, this, [this, entered, row, before] { refuseNumber(entered, row, before); });
 }
 
-void ListEditing::refuseNumber(const QString &entered)
+void ListEditing::refuseNumber(const QString &entered, int row, const PointRow &before)
 {
     const ObjectWatch self(this);
     m_questions.tellIsNoNumber(entered);
     if (self)
-        takeReferenceCells();
+        takeTypedRow(row, before);
 }
 
-void ListEditing::takeReferenceCells()
+/// The row shows what was typed already. Where that is what it showed before, there is nothing to undo.
+void ListEditing::takeTypedRow(int row, const PointRow &before)
 {
-    m_lists.takeReferenceCells();
-    emit changed();
+    PointList &list = m_lists.referenceList();
+    const bool exists = row < list.table().rowCount();
+    const PointRow now = exists ? list.table().row(row) : before;
+    if (!exists || (now.texts == before.texts && !list.isFiner()))
+        list.takeCells();
+    else
+        m_history.push(new ListChange(list, row, {before}, {now}, ListChange::Points::FromCells));
+    end();
 }
 
 void ListEditing::load()
@@ -106,8 +128,12 @@ void ListEditing::load()
     if (result == Result::UnknownFormat) {
         m_questions.tellFormatIsUnknown();
     } else if (result == Result::Loaded) {
-        m_lists.setReferences(std::move(points));
-        emit changed();
+        PointRows rows;
+        rows.reserve(points.size());
+        for (const MatchingPoint &point : points)
+            rows.push_back({point, {}});
+        change(m_lists.referenceList(), 0, m_lists.referenceTable().rowCount(), std::move(rows),
+               ListChange::Points::AsGiven);
     }
 }
 
@@ -125,6 +151,35 @@ void ListEditing::save()
         tell(nullptr);
     else
         tell([name] { return ListReport::notSaved(ReferencePointFile::savedName(name)); });
+}
+
+void ListEditing::undo()
+{
+    if (!m_lists.referenceTable().isEnabled() || !m_history.canUndo())
+        return;
+    m_history.undo();
+    end();
+}
+
+void ListEditing::redo()
+{
+    if (!m_lists.referenceTable().isEnabled() || !m_history.canRedo())
+        return;
+    m_history.redo();
+    end();
+}
+
+void ListEditing::change(PointList &list, int first, int removed, PointRows added, ListChange::Points points)
+{
+    m_history.push(new ListChange(list, first, list.rows(first, removed), std::move(added), points));
+    end();
+}
+
+/// Whoever hears that a list has changed may destroy this.
+void ListEditing::end()
+{
+    tell(nullptr);
+    emit changed();
 }
 
 void ListEditing::tell(Notice notice)

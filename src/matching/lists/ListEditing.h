@@ -1,15 +1,18 @@
 #pragma once
 
+#include "ListChange.h"
 #include "ListQuestions.h"
 #include "MatchingLists.h"
 
 #include <QObject>
+#include <QUndoStack>
 
 #include <functional>
 
 class QTableWidgetItem;
 
 /// What the user does to the two lists of points: the rules of adding, removing, typing, loading and saving.
+/// Every change of either list, measured points too, can be undone as long as this lives.
 ///
 /// Each operation may open windows, and the host may destroy this object while one stands; it is then not
 /// touched any more. Operations that find nothing to do, or get a No, change nothing.
@@ -34,6 +37,10 @@ public:
     void load();
     void save();
 
+    /// Nothing happens while the lists may not be changed, as their disabled tables say.
+    void undo();
+    void redo();
+
     /// What the last operation has to tell besides, in the present language; mostly nothing.
     [[nodiscard]] QString notice() const { return m_notice ? m_notice() : QString(); }
 
@@ -45,11 +52,14 @@ signals:
 private:
     using Notice = std::function<QString()>;
 
+    void change(PointList &list, int first, int removed, PointRows added, ListChange::Points points);
+    void takeTypedRow(int row, const PointRow &before);
+    void refuseNumber(const QString &entered, int row, const PointRow &before);
+    void end();
     void tell(Notice notice);
-    void refuseNumber(const QString &entered);
-    void takeReferenceCells();
 
     MatchingLists &m_lists;
     ListQuestions m_questions;
+    QUndoStack m_history;
     Notice m_notice;
 };

@@ -25,8 +25,11 @@ namespace ListKeys
 
 void connectTo(ListEditing &editing, QTableWidget *references, QTableWidget *measured)
 {
+    QWidget *window = references->window();
     addKey(Qt::Key_Delete, references, Qt::WidgetShortcut, editing, &ListEditing::removeSelectedReference);
     addKey(Qt::Key_Delete, measured, Qt::WidgetShortcut, editing, &ListEditing::removeSelectedMeasured);
+    addKey(Qt::CTRL + Qt::Key_Z, window, Qt::WindowShortcut, editing, &ListEditing::undo);
+    addKey(Qt::CTRL + Qt::SHIFT + Qt::Key_Z, window, Qt::WindowShortcut, editing, &ListEditing::redo);
 }
 
 } // namespace ListKeys

@@ -3,7 +3,8 @@
 class ListEditing;
 class QTableWidget;
 
-/// The keys that do something to a list while its table has the focus. An open cell editor keeps its own.
+/// The keys that do something to a list while its table has the focus, and those that undo and redo in the
+/// whole window. An open cell editor keeps its own.
 namespace ListKeys
 {
 

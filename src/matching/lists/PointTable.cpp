@@ -1,5 +1,7 @@
 #include "PointTable.h"
 
+#include "PointItem.h"
+
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QSignalBlocker>
@@ -39,52 +41,37 @@ int PointTable::selectedRow() const
     return selected.isEmpty() ? -1 : selected.first().row();
 }
 
-void PointTable::setPoints(const MatchingPoints &points)
+bool PointTable::isEnabled() const
 {
-    const QSignalBlocker blocker(m_table);
-    clear();
-    m_table->setRowCount(static_cast<int>(points.size()));
-    for (int row = 0; row < m_table->rowCount(); ++row)
-        fillRow(row, points[static_cast<std::size_t>(row)]);
+    return m_table->isEnabled();
 }
 
-void PointTable::append(const MatchingPoint &point)
-{
-    const QSignalBlocker blocker(m_table);
-    const int row = m_table->rowCount();
-    m_table->setRowCount(row + 1);
-    fillRow(row, point);
-    m_table->setCurrentCell(row, 0, QItemSelectionModel::NoUpdate);
-    m_table->scrollToBottom();
-}
-
-void PointTable::setPoint(int row, const MatchingPoint &point)
-{
-    const QSignalBlocker blocker(m_table);
-    fillRow(row, point);
-    m_table->scrollToItem(m_table->item(row, 0));
-}
-
-void PointTable::removeRow(int row)
+void PointTable::replaceRows(int first, int count, const PointRows &rows)
 {
     const QSignalBlocker blocker(m_table);
     clearMark();
-    m_table->removeRow(row);
-    m_table->clearSelection();
-}
-
-void PointTable::clear()
-{
-    const QSignalBlocker blocker(m_table);
-    m_table->clearContents();
-    m_table->setRowCount(0);
-    m_marked = -1;
+    const int added = static_cast<int>(rows.size());
+    if (added < count)
+        m_table->model()->removeRows(first + added, count - added);
+    else if (added > count)
+        m_table->model()->insertRows(first + count, added - count);
+    if (count > 0 && added != count)
+        m_table->clearSelection();
+    // The view would look at each cell of a long list anew.
+    const QSignalBlocker silence(m_table->model());
+    for (int row = 0; row < added; ++row)
+        fillRow(first + row, rows[static_cast<std::size_t>(row)]);
+    m_table->viewport()->update();
 }
 
 void PointTable::setText(int row, int column, const QString &text)
 {
     const QSignalBlocker blocker(m_table);
-    setCell(row, column, text);
+    QTableWidgetItem *item = m_table->item(row, column);
+    if (PointItem *own = PointItem::from(item))
+        own->showText(text);
+    else if (item)
+        item->setText(text);
 }
 
 std::vector<ReferencePointFile::Row> PointTable::texts() const
@@ -102,11 +89,27 @@ std::vector<ReferencePointFile::Row> PointTable::texts() const
 
 MatchingPoints PointTable::points() const
 {
-    MatchingPoints points;
-    points.reserve(static_cast<std::size_t>(rowCount()));
-    for (const ReferencePointFile::Row &row : texts())
-        points.push_back({row[0].toDouble(), row[1].toDouble(), row[2].toDouble()});
+    MatchingPoints points(static_cast<std::size_t>(rowCount()));
+    for (int i = 0; i < rowCount(); ++i)
+        points[static_cast<std::size_t>(i)] = row(i).point;
     return points;
+}
+
+PointRow PointTable::row(int row) const
+{
+    PointRow contents;
+    for (int column = 0; column < coordinates; ++column) {
+        const auto axis = static_cast<std::size_t>(column);
+        QTableWidgetItem *item = m_table->item(row, column);
+        if (PointItem *own = PointItem::from(item)) {
+            contents.point[axis] = own->shownNumber();
+            contents.texts[axis] = own->typedText();
+        } else if (item) {
+            contents.point[axis] = item->text().toDouble();
+            contents.texts[axis] = item->text();
+        }
+    }
+    return contents;
 }
 
 bool PointTable::isBeingEdited(const QTableWidgetItem *item) const
@@ -114,17 +117,27 @@ bool PointTable::isBeingEdited(const QTableWidgetItem *item) const
     return m_table->isPersistentEditorOpen(const_cast<QTableWidgetItem *>(item));
 }
 
+void PointTable::bringIntoSight(int row)
+{
+    if (const QTableWidgetItem *item = m_table->item(row, 0))
+        m_table->scrollToItem(item);
+}
+
 void PointTable::showSelectedRow()
 {
-    const int row = selectedRow();
-    if (row >= 0)
-        m_table->scrollToItem(m_table->item(row, 0));
+    bringIntoSight(selectedRow());
+}
+
+void PointTable::moveCursorTo(int row)
+{
+    const QSignalBlocker blocker(m_table);
+    m_table->setCurrentCell(row, 0, QItemSelectionModel::NoUpdate);
 }
 
 void PointTable::beginTypingIntoLastRow()
 {
     m_table->clearSelection();
-    m_table->setCurrentCell(rowCount() - 1, 0, QItemSelectionModel::NoUpdate);
+    moveCursorTo(rowCount() - 1);
     m_table->setFocus();
 }
 
@@ -162,21 +175,23 @@ void PointTable::clearMark()
     m_marked = -1;
 }
 
-void PointTable::fillRow(int row, const MatchingPoint &point)
+void PointTable::fillRow(int row, const PointRow &contents)
 {
-    for (int column = 0; column < coordinates; ++column)
-        setCell(row, column, QString::number(point[static_cast<std::size_t>(column)], 'f', 2));
+    for (int column = 0; column < coordinates; ++column) {
+        QTableWidgetItem *item = m_table->item(row, column);
+        if (!PointItem::from(item)) {
+            item = makeItem();
+            m_table->setItem(row, column, item);
+        }
+        const auto axis = static_cast<std::size_t>(column);
+        PointItem::from(item)->show(contents.point[axis], contents.texts[axis]);
+    }
 }
 
-void PointTable::setCell(int row, int column, const QString &text)
+QTableWidgetItem *PointTable::makeItem() const
 {
-    QTableWidgetItem *item = m_table->item(row, column);
-    if (!item) {
-        item = new QTableWidgetItem;
-        item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        if (m_cells == Cells::ReadOnly)
-            item->setFlags(item->flags() & ~Qt::ItemIsEditable);
-        m_table->setItem(row, column, item);
-    }
-    item->setText(text);
+    auto *item = new PointItem;
+    if (m_cells == Cells::ReadOnly)
+        item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+    return item;
 }

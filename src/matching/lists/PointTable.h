@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MatchingPoint.h"
+#include "PointRow.h"
 #include "ReferencePointFile.h"
 
 #include <QString>
@@ -24,15 +24,11 @@ public:
     [[nodiscard]] int rowCount() const;
     /// -1 when nothing is selected.
     [[nodiscard]] int selectedRow() const;
+    [[nodiscard]] bool isEnabled() const;
 
-    void setPoints(const MatchingPoints &points);
-    /// Adds a row and brings it into sight.
-    void append(const MatchingPoint &point);
-    /// Brings the row, which must exist, into sight.
-    void setPoint(int row, const MatchingPoint &point);
-    /// The row must exist. Nothing is selected afterwards.
-    void removeRow(int row);
-    void clear();
+    /// Puts `rows` in the place of `count` rows, which must exist. Where some of these go, nothing is
+    /// selected afterwards.
+    void replaceRows(int first, int count, const PointRows &rows);
 
     void setText(int row, int column, const QString &text);
 
@@ -40,11 +36,16 @@ public:
     [[nodiscard]] std::vector<ReferencePointFile::Row> texts() const;
     /// The numbers that the cells show; a cell that shows none counts as 0.
     [[nodiscard]] MatchingPoints points() const;
+    /// One row, which must exist, as its cells show it.
+    [[nodiscard]] PointRow row(int row) const;
 
     /// The cell's editor is open.
     [[nodiscard]] bool isBeingEdited(const QTableWidgetItem *item) const;
-    /// Scrolls the selected row into sight.
+    /// Scrolls the row into sight if it exists.
+    void bringIntoSight(int row);
     void showSelectedRow();
+    /// The arrow keys go on from the row; the selection stays as it is.
+    void moveCursorTo(int row);
     /// Nothing is selected afterwards, the cursor is in the first cell of the last row, and what is typed
     /// goes there.
     void beginTypingIntoLastRow();
@@ -54,8 +55,8 @@ public:
     void clearMark();
 
 private:
-    void fillRow(int row, const MatchingPoint &point);
-    void setCell(int row, int column, const QString &text);
+    void fillRow(int row, const PointRow &contents);
+    [[nodiscard]] QTableWidgetItem *makeItem() const;
 
     QTableWidget *m_table;
     Cells m_cells;

@@ -1,5 +1,6 @@
 #include "ListEditing.h"
 
+#include "FileChoice.h"
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
 
@@ -7,7 +8,12 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QtTest>
+
+#include <functional>
+#include <initializer_list>
+#include <utility>
 
 namespace
 {
@@ -30,6 +36,8 @@ int selectedRow(const QTableWidget *table)
 }
 
 } // namespace
+
+Q_DECLARE_METATYPE(std::function<void(OpenedDialog &)>)
 
 /// What keys and clicks do to the lists of an opened dialog.
 class ListEditingTest : public QObject
@@ -203,7 +211,164 @@ private slots:
         });
     }
 
+    void shouldUndoAndRedoEveryChangeOfTheReferencePoints_data();
+    void shouldUndoAndRedoEveryChangeOfTheReferencePoints();
+    void shouldUndoAndRedoEveryChangeOfTheMeasuredPoints_data();
+    void shouldUndoAndRedoEveryChangeOfTheMeasuredPoints();
+
+    void shouldUndoTheWholeWayBack()
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            addPoints(opened, 4);
+            QVERIFY(opened.report().startsWith("Transformation evaluation report"));
+            QVERIFY(opened.isEnabled("w_applyButton"));
+            for (int i = 0; i < 16; ++i)
+                press(opened, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(opened.rows(referenceTable), 0);
+            QCOMPARE(opened.rows(measuredTable), 0);
+            QVERIFY(!opened.isEnabled("w_applyButton"));
+            for (int i = 0; i < 16; ++i)
+                press(opened, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+            QCOMPARE(opened.cell(referenceTable, 3, 0), QString("4.00"));
+            QVERIFY(opened.isEnabled("w_applyButton"));
+        });
+    }
+
+    void shouldKeepTheHistoryOverAClosing()
+    {
+        OpenedDialog opened;
+        opened.run([&] { addPoints(opened, 1); });
+        opened.run([&] {
+            press(opened, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(opened.rows(measuredTable), 0);
+        });
+    }
+
+    void shouldGiveLoadedPointsTheirPrecisionBack()
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            // GIVEN
+            loadFinePoints(opened);
+            const QString report = opened.report();
+            QVERIFY(!report.contains("Residual error : 0\n"));
+            // WHEN
+            opened.find<QTableWidget>(referenceTable)->item(2, 2)->setText("0");
+            opened.click("pushButton_addRefPoint");
+            press(opened, Qt::Key_Z, Qt::ControlModifier);
+            QVERIFY(opened.report() != report);
+            press(opened, Qt::Key_Z, Qt::ControlModifier);
+            // THEN
+            QCOMPARE(opened.report(), report);
+        });
+    }
+
+    void shouldNotUndoWhileNothingCanBeChanged()
+    {
+        OpenedDialog opened;
+        opened.run([&] { addPoints(opened, 1); });
+        opened.host().setAnswer("measurementtool available", "no");
+        opened.run([&] {
+            press(opened, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(opened.rows(measuredTable), 1);
+        });
+    }
+
+    void shouldUndoInsideAnOpenEditorOnly()
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            addPoints(opened, 1);
+            auto *table = opened.find<QTableWidget>(referenceTable);
+            table->setFocus();
+            table->editItem(table->item(0, 0));
+            QTRY_VERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+            QTest::keyClicks(QApplication::focusWidget(), "5");
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(opened.rows(measuredTable), 1);
+            QCOMPARE(qobject_cast<QLineEdit *>(QApplication::focusWidget())->text(), QString("1.00"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        });
+    }
+
 private:
+    using Script = std::function<void(OpenedDialog &)>;
+
+    static void addChanges(std::initializer_list<std::pair<const char *, Script>> changes)
+    {
+        QTest::addColumn<Script>("change");
+        for (const auto &[name, change] : changes)
+            QTest::newRow(name) << change;
+    }
+
+    static void press(OpenedDialog &opened, Qt::Key key, Qt::KeyboardModifiers modifiers)
+    {
+        opened.dialog().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&opened.dialog()));
+        QTest::keyClick(&opened.dialog(), key, modifiers);
+    }
+
+    static QStringList contents(OpenedDialog &opened, const char *tableName)
+    {
+        QStringList rows;
+        for (int row = 0; row < opened.rows(tableName); ++row)
+            rows += opened.cell(tableName, row, 0) + ' ' + opened.cell(tableName, row, 1) + ' ' +
+                    opened.cell(tableName, row, 2);
+        return rows;
+    }
+
+    /// A change is done, taken back and done again; the report follows each time.
+    static void checkUndo(const char *tableName, const Script &change)
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            // GIVEN
+            addPoints(opened, 4);
+            const QStringList before = contents(opened, tableName);
+            const QString reportBefore = opened.report();
+            change(opened);
+            const QStringList after = contents(opened, tableName);
+            const QString reportAfter = opened.report();
+            QVERIFY(after != before);
+            for (int round = 0; round < 2; ++round) {
+                // WHEN
+                QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
+                press(opened, Qt::Key_Z, Qt::ControlModifier);
+                // THEN
+                QCOMPARE(contents(opened, tableName), before);
+                QCOMPARE(opened.report(), reportBefore);
+                QCOMPARE(evaluated.count(), 1);
+                // WHEN
+                press(opened, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+                // THEN
+                QCOMPARE(contents(opened, tableName), after);
+                QCOMPARE(opened.report(), reportAfter);
+            }
+        });
+    }
+
+    static void load(OpenedDialog &opened, const QByteArray &text)
+    {
+        QTemporaryDir folder;
+        QFile file(folder.filePath("points.txt"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        file.close();
+        FileChoice choice(file.fileName());
+        opened.answers().then(std::ref(choice));
+        opened.click("w_loadButton");
+    }
+
+    /// Points whose third decimals no cell shows, and which are measured without them.
+    static void loadFinePoints(OpenedDialog &opened)
+    {
+        opened.find<QAbstractButton>("w_orderCheckBox")->setChecked(true);
+        for (const MatchingPoint &point : {MatchingPoint{0, 0, 0}, {1000, 0, 0}, {0, 1000, 0}})
+            opened.measure(point);
+        load(opened, "1 -0.004 0 0\n2 1000.004 0 0\n3 0 1000 0\n");
+    }
+
     static void addTables()
     {
         QTest::addColumn<QByteArray>("tableName");
@@ -211,13 +376,13 @@ private:
         QTest::newRow("measured points") << QByteArray(measuredTable);
     }
 
-    /// Reference points 1 0 0, 2 0 0 and so on, and the same points measured, in their order.
+    /// Reference points 1 1 0, 2 4 0 and so on, and the same points measured, in their order.
     static void addPoints(OpenedDialog &opened, int count)
     {
         opened.find<QAbstractButton>("w_orderCheckBox")->setChecked(true);
         for (int i = 1; i <= count; ++i) {
-            opened.addReference({double(i), 0, 0});
-            opened.measure({double(i), 0, 0});
+            opened.addReference({double(i), double(i * i), 0});
+            opened.measure({double(i), double(i * i), 0});
         }
     }
 
@@ -234,6 +399,71 @@ private:
         return table->viewport()->rect().contains(table->visualItemRect(table->item(row, 0)));
     }
 };
+
+void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints_data()
+{
+    addChanges({
+        {"added", [](OpenedDialog &opened) { opened.click("pushButton_addRefPoint"); }},
+        {"removed",
+         [](OpenedDialog &opened) {
+             clickRowNumber(opened.find<QTableWidget>(referenceTable), 1);
+             opened.answers().thenPress(QMessageBox::Yes);
+             opened.click("pushButton_removeRefPoint");
+         }},
+        {"typed",
+         [](OpenedDialog &opened) {
+             opened.find<QTableWidget>(referenceTable)->item(1, 1)->setText("007,5");
+         }},
+        {"typed, and no number",
+         [](OpenedDialog &opened) {
+             opened.answers().thenPress(QMessageBox::Ok);
+             opened.find<QTableWidget>(referenceTable)->item(3, 0)->setText("abc");
+         }},
+        {"loaded, shorter", [](OpenedDialog &opened) { load(opened, "1 1 2 3\n2 4 5 6\n3 7 8 8\n"); }},
+        {"loaded, longer",
+         [](OpenedDialog &opened) { load(opened, "1 1 2 3\n1 2 2 2\n1 3 3 3\n1 4 4 5\n1 5 5 5\n"); }},
+        {"loaded, empty", [](OpenedDialog &opened) { load(opened, "(1) 1 2 3"); }},
+    });
+}
+
+void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints()
+{
+    QFETCH(Script, change);
+    checkUndo(referenceTable, change);
+}
+
+void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints_data()
+{
+    addChanges({
+        {"measured",
+         [](OpenedDialog &opened) {
+             opened.measure({7, 8, 9});
+         }},
+        {"replaced",
+         [](OpenedDialog &opened) {
+             opened.find<QTableWidget>(measuredTable)->selectRow(1);
+             opened.find<QAbstractButton>("w_replaceCheckBox")->click();
+             opened.measure({7, 8, 9});
+         }},
+        {"removed",
+         [](OpenedDialog &opened) {
+             opened.find<QTableWidget>(measuredTable)->selectRow(0);
+             opened.answers().thenPress(QMessageBox::Yes);
+             opened.click("w_removeButton");
+         }},
+        {"cleared",
+         [](OpenedDialog &opened) {
+             opened.answers().thenPress(QMessageBox::Yes);
+             opened.click("pushButton_clearMeaPoints");
+         }},
+    });
+}
+
+void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints()
+{
+    QFETCH(Script, change);
+    checkUndo(measuredTable, change);
+}
 
 ROOM_TEST_CLASS(ListEditingTest)
 
