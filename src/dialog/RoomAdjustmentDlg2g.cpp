@@ -3,13 +3,13 @@
 #include "CameraRooms.h"
 #include "CoarseAdjustment.h"
 #include "CooTrans.h"
+#include "ObjectWatch.h"
 #include "Prompt.h"
 #include "Resources.h"
 #include "ui_RoomAdjustmentDlg.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QShortcut>
 
 namespace
@@ -26,24 +26,24 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, B
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::RoomAdjustmentDlgClass>())
     , m_controller(commands, versions)
+    , m_records(m_controller, this)
     , m_cameras(this)
 {
     loadResources();
     m_ui->setupUi(this);
+    setModal(true); // run() shows the dialog before exec() would say so
     m_ui->tabWidget->removeTab(m_ui->tabWidget->indexOf(m_ui->tab_3));
     setAccessibleDescription(version);
     dropApplyShortcut();
     m_lockIcon = QIcon(QStringLiteral(":/lock.png"));
     buildPanels(commands, versions);
     beginFromKnownState();
+    // Nobody hides a dialog that goes with its parent, and a record that came later would find nobody.
+    if (parent != nullptr)
+        connect(parent, &QObject::destroyed, this, &RoomAdjustmentDlg2g::endSubscriptions);
 }
 
-// Nobody hides a dialog that is destroyed while it is open, and a record that came later would find nobody.
-RoomAdjustmentDlg2g::~RoomAdjustmentDlg2g()
-{
-    if (m_subscribed)
-        m_controller.unsubscribe(this);
-}
+RoomAdjustmentDlg2g::~RoomAdjustmentDlg2g() = default;
 
 void RoomAdjustmentDlg2g::buildPanels(IOManager *commands, BackendVersions *versions)
 {
@@ -147,16 +147,26 @@ int RoomAdjustmentDlg2g::update_and_exec()
         activateWindow();
         return 0;
     }
-    if (m_busy)
+    ObjectWatch self(this, m_busy);
+    if (!self)
         return 0;
-    const QPointer<RoomAdjustmentDlg2g> self(this);
-    m_busy = true;
     const bool ready = prepareOpening();
-    if (self.isNull())
+    if (!self)
         return 0;
-    m_busy = false;
+    self.release();
     m_open = ready;
-    return exec();
+    return run();
+}
+
+/// exec() would not survive that the host destroys the dialog in the calls that its showing makes.
+int RoomAdjustmentDlg2g::run()
+{
+    const ObjectWatch self(this);
+    setResult(Rejected);
+    show();
+    if (!self)
+        return Rejected;
+    return isVisible() ? exec() : result();
 }
 
 // The host may destroy the dialog in any call: from here on each sequence of calls works with an access of
@@ -166,9 +176,9 @@ bool RoomAdjustmentDlg2g::prepareOpening()
     m_open = false;
     m_ui->tabWidget->setCurrentIndex(CoarseTab);
     beginFromKnownState();
-    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ObjectWatch self(this);
     const Notice obstacle = findObstacle(m_controller);
-    if (self.isNull())
+    if (!self)
         return false;
     if (obstacle != Notice::None) {
         m_fine->showTrackingAvailable(false);
@@ -177,11 +187,11 @@ bool RoomAdjustmentDlg2g::prepareOpening()
         return false;
     }
     m_cameras.fill(m_controller);
-    if (!self.isNull())
+    if (self)
         readLock();
-    if (!self.isNull())
+    if (self)
         prepareAdjusting();
-    if (self.isNull())
+    if (!self)
         return false;
     m_ui->btn_apply->setEnabled(false);
     setMinimumSize(smallestWidth, smallestHeight);
@@ -200,11 +210,11 @@ RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(TrackingAccess con
 
 void RoomAdjustmentDlg2g::readLock()
 {
-    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ObjectWatch self(this);
     const TrackingAccess controller = m_controller;
     const bool locked = controller.supports(ControllerFeature::CameraTable) &&
                         controller.configurationChangeable() == Reply::No;
-    if (self.isNull())
+    if (!self)
         return;
     m_locked = locked;
     if (m_locked) {
@@ -230,15 +240,15 @@ void RoomAdjustmentDlg2g::prepareAdjusting()
 
 void RoomAdjustmentDlg2g::loadTransformation()
 {
-    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ObjectWatch self(this);
     const TrackingAccess controller = m_controller;
     const RoomTrafoData held = controller.roomAdjustment();
-    if (self.isNull())
+    if (!self)
         return;
     m_current = held;
     m_opening = held;
     m_fine->loadPage();
-    if (!self.isNull())
+    if (self)
         m_coarse->updatePanel();
 }
 
@@ -288,47 +298,37 @@ void RoomAdjustmentDlg2g::onUpdateRaDataAndControls()
 
 void RoomAdjustmentDlg2g::on_btn_apply_clicked()
 {
-    if (m_busy)
-        return;
-    const QPointer<RoomAdjustmentDlg2g> self(this);
-    m_busy = true;
-    writeEdits();
-    if (!self.isNull())
-        m_busy = false;
+    const ObjectWatch self(this, m_busy);
+    if (self)
+        writeEdits();
+    if (self)
+        startTracking();
 }
 
 void RoomAdjustmentDlg2g::on_btn_ok_clicked()
 {
-    if (m_busy)
-        return;
-    const QPointer<RoomAdjustmentDlg2g> self(this);
-    m_busy = true;
-    m_closingByOk = true;
-    writeEdits();
-    if (self.isNull())
-        return;
-    m_closingByOk = false;
-    accept();
-    if (!self.isNull())
-        m_busy = false;
+    const ObjectWatch self(this, m_busy);
+    if (self)
+        writeEdits();
+    if (self)
+        accept();
 }
 
+/// Leaves tracking stopped.
 void RoomAdjustmentDlg2g::writeEdits()
 {
     m_fine->storeToRaData();
-    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ObjectWatch self(this);
     stopTracking();
-    if (!self.isNull())
+    if (self)
         writeCurrent();
-    if (!self.isNull())
+    if (self)
         m_cameras.fill(m_controller);
-    if (self.isNull())
+    if (!self)
         return;
     if (m_ui->btn_apply->hasFocus())
         m_ui->btn_ok->setFocus(); // a disabled button passes the focus on, here to "Cancel"
     m_ui->btn_apply->setEnabled(false);
-    if (!m_closingByOk)
-        startTracking();
 }
 
 void RoomAdjustmentDlg2g::writeCurrent()
@@ -345,19 +345,12 @@ void RoomAdjustmentDlg2g::on_btn_cancel_clicked()
 
 bool RoomAdjustmentDlg2g::cancel()
 {
-    if (m_busy)
-        return false;
-    const QPointer<RoomAdjustmentDlg2g> self(this);
-    m_busy = true;
-    const bool goesOn = undoChanges();
-    if (!goesOn && !self.isNull())
-        m_busy = false;
-    if (!goesOn || self.isNull())
+    const ObjectWatch self(this, m_busy);
+    if (!self || !undoChanges() || !self)
         return false;
     stopTracking();
-    if (self.isNull())
+    if (!self)
         return false;
-    m_busy = false;
     reject();
     return true;
 }
@@ -368,10 +361,10 @@ bool RoomAdjustmentDlg2g::undoChanges()
 {
     if (!m_ui->tabWidget->isEnabled())
         return true;
-    const QPointer<RoomAdjustmentDlg2g> self(this);
+    const ObjectWatch self(this);
     const TrackingAccess controller = m_controller;
     const RoomTrafoData held = controller.roomAdjustment();
-    if (self.isNull())
+    if (!self)
         return false;
     const bool changed = held != m_opening;
     if ((changed || !m_fine->nothingUnsaved()) && !confirmsDiscarding())
@@ -415,19 +408,52 @@ void RoomAdjustmentDlg2g::adjustToAngleTool()
     m_fine->openAngleTool();
 }
 
+void RoomAdjustmentDlg2g::done(int result)
+{
+    const ObjectWatch self(this);
+    hide(); // with its calls: QDialog::done() would go on with a dialog that the host has destroyed
+    if (self)
+        QDialog::done(result);
+}
+
+// Qt goes on with the window after its show and hide events, so calls are made only behind them.
+void RoomAdjustmentDlg2g::setVisible(bool visible)
+{
+    m_isChangingVisibility = true;
+    QDialog::setVisible(visible);
+    m_isChangingVisibility = false;
+    subscribeWhileShown();
+}
+
+void RoomAdjustmentDlg2g::subscribeWhileShown()
+{
+    if (m_isShown)
+        m_records.begin();
+    else
+        m_records.end();
+}
+
+void RoomAdjustmentDlg2g::noteShown(bool isShown, const QEvent &event)
+{
+    m_isShown = isShown;
+    if (event.spontaneous()) // the window system's, such as a minimised window's: Qt is not yet through
+        QMetaObject::invokeMethod(
+            this, [this] { subscribeWhileShown(); }, Qt::QueuedConnection);
+    else if (!m_isChangingVisibility)
+        subscribeWhileShown();
+}
+
 void RoomAdjustmentDlg2g::showEvent(QShowEvent *event)
 {
-    m_controller.subscribe(this);
-    m_subscribed = true;
     adjustSize();
     QDialog::showEvent(event);
+    noteShown(true, *event);
 }
 
 void RoomAdjustmentDlg2g::hideEvent(QHideEvent *event)
 {
-    m_controller.unsubscribe(this);
-    m_subscribed = false;
     QDialog::hideEvent(event);
+    noteShown(false, *event);
 }
 
 void RoomAdjustmentDlg2g::closeEvent(QCloseEvent *event)

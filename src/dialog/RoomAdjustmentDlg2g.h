@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CameraTable.h"
+#include "RecordSubscription.h"
 #include "Requester.h"
 #include "RoomAngleExchange.h"
 #include "RoomTrafoData.h"
@@ -46,8 +47,13 @@ public:
     void stopTracking() override;
     void startTracking() override;
 
-    /// The host has ended all subscriptions by itself; the destructor then leaves the channel alone.
-    void subscriptionsReleased() { m_subscribed = false; }
+    /// Ends the subscriptions of a dialog that is going to be destroyed; it may be destroyed meanwhile.
+    void endSubscriptions() { m_records.end(); }
+    /// The host has ended all subscriptions by itself; none is ended a second time.
+    void subscriptionsReleased() { m_records.forget(); }
+
+    void done(int result) override;
+    void setVisible(bool visible) override;
 
 public slots:
     /// Reads the controller's state, starts tracking and runs the dialog modally; returns the result of
@@ -81,6 +87,7 @@ private:
     void showNotice(Notice notice);
     static QString textOf(Notice notice);
     bool prepareOpening();
+    int run();
     static Notice findObstacle(TrackingAccess controller);
     void readLock();
     void prepareAdjusting();
@@ -91,9 +98,12 @@ private:
     bool cancel();
     bool undoChanges();
     bool confirmsDiscarding();
+    void noteShown(bool isShown, const QEvent &event);
+    void subscribeWhileShown();
 
     std::unique_ptr<Ui::RoomAdjustmentDlgClass> m_ui;
     TrackingAccess m_controller;
+    RecordSubscription m_records;
     CameraTable m_cameras;
     CoarseAdjustment *m_coarse = nullptr;
     CooTrans *m_fine = nullptr;
@@ -103,7 +113,7 @@ private:
     Notice m_notice = Notice::None;
     bool m_locked = false;
     bool m_open = false;
-    bool m_closingByOk = false;
-    bool m_subscribed = false;
+    bool m_isShown = false;
+    bool m_isChangingVisibility = false;
     bool m_busy = false; ///< a sequence of controller calls is running: the host may let events through
 };

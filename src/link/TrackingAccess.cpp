@@ -8,7 +8,8 @@
 namespace
 {
 
-constexpr std::array<const char *, 5> recordKinds = {"ts", "6dmt2", "6dmt", "6df2", "6df"};
+constexpr std::array<const char *, TrackingAccess::recordKindCount> recordKinds = {"ts", "6dmt2", "6dmt",
+                                                                                   "6df2", "6df"};
 
 /// Takes the first `count` numbers of a text that is split at single blanks; nothing when one does not
 /// convert.
@@ -55,22 +56,16 @@ TrackingAccess::TrackingAccess(IOManager *commands, const BackendVersions *versi
 {
 }
 
-void TrackingAccess::subscribe(Requester *requester) const
+void TrackingAccess::subscribe(std::size_t kind, Requester *requester) const
 {
-    IOManager *const commands = m_channel.commands();
-    if (commands == nullptr)
-        return;
-    for (const char *kind : recordKinds)
-        commands->addRequester(kind, requester);
+    if (IOManager *const commands = m_channel.commands())
+        commands->addRequester(recordKinds.at(kind), requester);
 }
 
-void TrackingAccess::unsubscribe(Requester *requester) const
+void TrackingAccess::unsubscribe(std::size_t kind, Requester *requester) const
 {
-    IOManager *const commands = m_channel.commands();
-    if (commands == nullptr)
-        return;
-    for (const char *kind : recordKinds)
-        commands->removeRequester(kind, requester);
+    if (IOManager *const commands = m_channel.commands())
+        commands->removeRequester(recordKinds.at(kind), requester);
 }
 
 Reply TrackingAccess::trackingAvailable() const

@@ -29,9 +29,11 @@ public:
 
     // --- Measurement data
 
-    /// Subscribes to, or ends the subscription of, the record kinds that the module works with.
-    void subscribe(Requester *requester) const;
-    void unsubscribe(Requester *requester) const;
+    /// The record kinds that the module works with are counted from 0, in the order in which they are
+    /// subscribed.
+    static constexpr std::size_t recordKindCount = 5;
+    void subscribe(std::size_t kind, Requester *requester) const;
+    void unsubscribe(std::size_t kind, Requester *requester) const;
 
     // --- Tracking
 

@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QKeySequence>
+#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 
@@ -38,14 +39,19 @@ void RoomAdjustmentModule2g::releaseRequests()
     auto *dialog = qobject_cast<RoomAdjustmentDlg2g *>(m_dialog);
     if (dialog == nullptr || m_commands == nullptr)
         return;
+    const QPointer<RoomAdjustmentDlg2g> watched = dialog;
     m_commands->releaseRequester(dialog);
-    dialog->subscriptionsReleased();
+    if (!watched.isNull())
+        dialog->subscriptionsReleased();
 }
 
 void RoomAdjustmentModule2g::unload()
 {
-    delete std::exchange(m_dialog, nullptr);
+    const QPointer<RoomAdjustmentDlg2g> dialog = std::exchange(m_dialog, nullptr);
     m_actions.clear();
+    if (!dialog.isNull())
+        dialog->endSubscriptions(); // while it is whole: the host may do anything in these calls
+    delete dialog.data();
 }
 
 QString RoomAdjustmentModule2g::moduleName()

@@ -31,14 +31,18 @@ struct Doomed {
         host.setAnswer("roomcal number_of_available_coordinate_types", "2");
         host.setAnswer("roomcal available_coordinate_type t01", "normal");
         host.setAnswer("roomcal available_coordinate_type t02", "powerwall");
-        host.onCall([this](const QString &) {
-            if (callsLeft > 0 && --callsLeft == 0) {
-                delete window;
-                host.clear();
-            }
-        });
+        host.onCall([this](const QString &) { count(); });
+        host.onSubscription([this](const QString &) { count(); });
     }
     ~Doomed() { delete window; }
+
+    void count()
+    {
+        if (callsLeft > 0 && --callsLeft == 0) {
+            delete window;
+            host.clear();
+        }
+    }
 
     void click(const char *button) const
     {
@@ -105,6 +109,25 @@ void cancelling(Doomed &doomed, int k)
     });
 }
 
+void closing(Doomed &doomed, int k)
+{
+    inside(doomed, k, [&] { doomed.dialog->close(); });
+}
+
+void escaping(Doomed &doomed, int k)
+{
+    inside(doomed, k, [&] { QTest::keyClick(doomed.dialog.data(), Qt::Key_Escape); });
+}
+
+void hidingAndShowing(Doomed &doomed, int k)
+{
+    inside(doomed, k, [&] {
+        doomed.dialog->hide();
+        if (doomed.dialog)
+            doomed.dialog->show();
+    });
+}
+
 void readingAgain(Doomed &doomed, int k)
 {
     inside(doomed, k, [&] { doomed.dialog->onUpdateRaDataAndControls(); });
@@ -143,10 +166,14 @@ private slots:
     {
         QTest::addColumn<Way>("way");
         QTest::addColumn<int>("calls");
-        QTest::newRow("opening") << Way(opening) << openingCalls(1, 24).size();
+        const int subscriptions = subscribeCalls().size();
+        QTest::newRow("opening") << Way(opening) << openingCalls(1, 24).size() + subscriptions;
         QTest::newRow("Apply") << Way(applying) << 11;
-        QTest::newRow("OK") << Way(accepting) << 10;
-        QTest::newRow("Cancel") << Way(cancelling) << 8;
+        QTest::newRow("OK") << Way(accepting) << 10 + subscriptions;
+        QTest::newRow("Cancel") << Way(cancelling) << 8 + subscriptions;
+        QTest::newRow("close button") << Way(closing) << 5 + subscriptions;
+        QTest::newRow("Escape") << Way(escaping) << 5 + subscriptions;
+        QTest::newRow("hiding and showing") << Way(hidingAndShowing) << 2 * subscriptions;
         QTest::newRow("reading again") << Way(readingAgain) << 7;
         QTest::newRow("reference points") << Way(matching) << 28;
         QTest::newRow("angle tool") << Way(usingTheAngleTool) << 15;

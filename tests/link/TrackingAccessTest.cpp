@@ -72,9 +72,17 @@ private slots:
              "2.00000000 "
              "3.00000000 4.00000000 5.00000000",
              "write tracking extra_translation -10.000 0.001 0.000", "write tracking extra_scaling 1.23457"});
-        row("subscribe", [](const TrackingAccess &c) { c.subscribe(nullptr); },
+        row("subscribe",
+            [](const TrackingAccess &c) {
+                for (std::size_t kind = 0; kind < TrackingAccess::recordKindCount; ++kind)
+                    c.subscribe(kind, nullptr);
+            },
             {"subscribe ts", "subscribe 6dmt2", "subscribe 6dmt", "subscribe 6df2", "subscribe 6df"});
-        row("unsubscribe", [](const TrackingAccess &c) { c.unsubscribe(nullptr); },
+        row("unsubscribe",
+            [](const TrackingAccess &c) {
+                for (std::size_t kind = 0; kind < TrackingAccess::recordKindCount; ++kind)
+                    c.unsubscribe(kind, nullptr);
+            },
             {"unsubscribe ts", "unsubscribe 6dmt2", "unsubscribe 6dmt", "unsubscribe 6df2",
              "unsubscribe 6df"});
     }
@@ -202,8 +210,8 @@ private slots:
         controller.startTracking();
         controller.stopTrackingIfMeasuring();
         controller.writeRoomAdjustment(RoomTrafoData());
-        controller.subscribe(nullptr);
-        controller.unsubscribe(nullptr);
+        controller.subscribe(0, nullptr);
+        controller.unsubscribe(0, nullptr);
     }
 
     void shouldNotAskOldControllersForTheExtraTransformation()

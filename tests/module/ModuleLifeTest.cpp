@@ -9,10 +9,14 @@
 
 #include <malloc.h>
 
+#include <utility>
+
 namespace
 {
 
 const QStringList releaseOnly = {QStringLiteral("release")};
+
+constexpr int subscriptions = 5;
 
 bool isMapped()
 {
@@ -110,7 +114,69 @@ private slots:
         delete parent;
         loaded.module->releaseRequests();
         loaded.module->unload();
-        QVERIFY(loaded.host.calls().isEmpty() || loaded.host.calls() == releaseOnly);
+        QCOMPARE(loaded.host.calls(), QStringList()); // there is nobody left to release
+    }
+
+    void shouldEndNoSubscriptionTwice()
+    {
+        // GIVEN
+        LoadedModule loaded;
+        loaded.setAll();
+        ModalAnswer answer;
+        answer.then([&loaded](QWidget *dialog) {
+            loaded.module->releaseRequests();
+            loaded.host.clear();
+            // WHEN
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        loaded.module->actions().constFirst()->trigger();
+        // THEN
+        QVERIFY(answer.isDone());
+        QVERIFY(loaded.host.calls().contains(QStringLiteral("command velmar2 tracking stop")));
+        QCOMPARE(loaded.host.callsOf({QStringLiteral("unsubscribe")}), QStringList());
+    }
+
+    void shouldSurviveThatItIsEndedWhileItSubscribesOrUnsubscribes_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<bool>("byParent");
+        for (int call = 1; call <= 2 * subscriptions + 1; ++call) {
+            QTest::addRow("unloaded in call %d", call) << call << false;
+            QTest::addRow("parent destroyed in call %d", call) << call << true;
+        }
+    }
+
+    void shouldSurviveThatItIsEndedWhileItSubscribesOrUnsubscribes()
+    {
+        // GIVEN
+        QFETCH(int, call);
+        QFETCH(bool, byParent);
+        LoadedModule loaded;
+        loaded.setAll();
+        auto *parent = new QWidget;
+        loaded.set("ModuleParent", QVariant::fromValue(parent));
+        const QPointer<QAction> action = loaded.module->actions().constFirst();
+        int calls = 0;
+        loaded.host.onSubscription([&](const QString &) {
+            if (++calls < call)
+                return;
+            if (byParent)
+                delete std::exchange(parent, nullptr);
+            loaded.module->unload(); // in each further call, too
+            delete std::exchange(parent, nullptr);
+        });
+        ModalAnswer answer;
+        answer.then([&loaded](QWidget *) {
+            loaded.module->unload(); // five calls
+            loaded.module->releaseRequests();
+        });
+        // WHEN
+        action->trigger();
+        loaded.module->unload();
+        // THEN
+        QVERIFY(calls >= std::min(call, 2 * subscriptions));
+        QVERIFY(loaded.host.subscriptions().isEmpty());
+        delete parent;
     }
 
     void shouldLeaveTheChannelAloneOnceItsRequestsWereReleased()

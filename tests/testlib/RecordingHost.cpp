@@ -206,21 +206,28 @@ int RecordingHost::setParameter(const char *format, ...)
     return result;
 }
 
+void RecordingHost::beginSubscription(const QString &line)
+{
+    m_calls.append(line);
+    if (m_subscriptionHook)
+        m_subscriptionHook(line);
+}
+
 void RecordingHost::addRequester(const char *kind, Requester *requester)
 {
-    m_calls.append(QStringLiteral("subscribe ") + QString::fromLatin1(kind));
+    beginSubscription(QStringLiteral("subscribe ") + QString::fromLatin1(kind));
     m_subscriptions.append({kind, requester});
 }
 
 void RecordingHost::removeRequester(const char *kind, Requester *requester)
 {
-    m_calls.append(QStringLiteral("unsubscribe ") + QString::fromLatin1(kind));
+    beginSubscription(QStringLiteral("unsubscribe ") + QString::fromLatin1(kind));
     m_subscriptions.removeOne({kind, requester});
 }
 
 void RecordingHost::releaseRequester(Requester *requester)
 {
-    m_calls.append(QStringLiteral("release"));
+    beginSubscription(QStringLiteral("release"));
     m_subscriptions.erase(std::remove_if(m_subscriptions.begin(), m_subscriptions.end(),
                                          [&](const auto &entry) { return entry.second == requester; }),
                           m_subscriptions.end());

@@ -47,6 +47,10 @@ public:
     /// Runs inside each call that has a result, before it is answered, with the call's line.
     void onCall(std::function<void(const QString &)> hook) { m_hook = std::move(hook); }
 
+    /// Runs inside each call that a requester comes, goes or is released with, before that is done, with the
+    /// call's line.
+    void onSubscription(std::function<void(const QString &)> hook) { m_subscriptionHook = std::move(hook); }
+
     const QStringList &calls() const { return m_calls; }
     /// The lines that begin with one of these words.
     QStringList callsOf(const QStringList &operations) const;
@@ -84,6 +88,7 @@ public:
 
 private:
     int begin(const QString &operation, const char *format, const QString &text);
+    void beginSubscription(const QString &line);
     /// The answer of a read; nothing when it fails.
     std::optional<QByteArray> read(const char *format, const std::string &formatted, int *result);
     bool mustFail(const QString &text) const;
@@ -94,6 +99,7 @@ private:
     QStringList m_formats;
     QList<QPair<QByteArray, Requester *>> m_subscriptions;
     std::function<void(const QString &)> m_hook;
+    std::function<void(const QString &)> m_subscriptionHook;
     int m_count = 0;
     int m_failCall = 0;
     int m_failFrom = 0;
