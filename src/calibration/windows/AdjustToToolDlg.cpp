@@ -3,6 +3,8 @@
 #include "CalibrationKind.h"
 #include "CalibrationProgressDlg.h"
 #include "ControllerName.h"
+#include "ModalWindow.h"
+#include "ObjectWatch.h"
 #include "Prompt.h"
 #include "Resources.h"
 #include "WheelGuard.h"
@@ -12,7 +14,6 @@
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPixmap>
-#include <QPointer>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -64,13 +65,16 @@ int AdjustToToolDlg::openAndExec()
 {
     if (isVisible() || m_isCalibrating)
         return Rejected;
-    const QPointer<AdjustToToolDlg> self(this);
+    const ObjectWatch self(this);
     const AngleToolSettings settings = m_controller.angleToolSettings();
-    if (self.isNull() || isVisible())
+    if (!self || isVisible())
         return Rejected;
     showTool(settings);
     showCoordinateTypes(settings);
-    return exec();
+    const int result = exec();
+    if (self)
+        hide(); // the end of the application ends exec() and nothing else
+    return result;
 }
 
 void AdjustToToolDlg::showCoordinateTypes(const AngleToolSettings &settings)
@@ -164,13 +168,9 @@ void AdjustToToolDlg::keyPressEvent(QKeyEvent *event)
 
 void AdjustToToolDlg::on_pushButton_calibrate_clicked()
 {
-    if (m_isCalibrating)
-        return;
-    const QPointer<AdjustToToolDlg> self(this);
-    m_isCalibrating = true;
-    calibrate();
-    if (!self.isNull())
-        m_isCalibrating = false;
+    const ObjectWatch self(this, m_isCalibrating);
+    if (self)
+        calibrate();
 }
 
 void AdjustToToolDlg::calibrate()
@@ -180,9 +180,9 @@ void AdjustToToolDlg::calibrate()
                     tr("This function is not supported by the Controller!"), QMessageBox::Ok);
         return;
     }
-    const QPointer<AdjustToToolDlg> self(this);
+    const ObjectWatch self(this);
     const bool isChosen = m_controller.chooseAngleTool();
-    if (self.isNull())
+    if (!self)
         return;
     if (!isChosen) {
         Prompt::ask(this, QMessageBox::Critical, tr("Error"),
@@ -190,8 +190,8 @@ void AdjustToToolDlg::calibrate()
         return;
     }
     const double oldDuration = setUpCalibration();
-    const int result = self.isNull() ? int(Rejected) : runCalibration();
-    if (self.isNull())
+    const int result = self ? runCalibration() : int(Rejected);
+    if (!self)
         return;
     if (result == Accepted)
         takeOver(oldDuration);
@@ -212,19 +212,16 @@ double AdjustToToolDlg::setUpCalibration()
 
 int AdjustToToolDlg::runCalibration()
 {
-    const QPointer<CalibrationProgressDlg> progress =
-        new CalibrationProgressDlg(m_commands, this, m_versions, false);
-    const int result = progress->start(QLatin1String(CalibrationKind::room));
-    delete progress.data();
-    return result;
+    ModalWindow<CalibrationProgressDlg> progress(m_commands, this, m_versions, false);
+    return progress->start(QLatin1String(CalibrationKind::room));
 }
 
 /// A refused acceptance leaves everything as it is: neither tracking nor the duration is restored.
 void AdjustToToolDlg::takeOver(double oldDurationSeconds)
 {
-    const QPointer<AdjustToToolDlg> self(this);
+    const ObjectWatch self(this);
     const bool isAccepted = m_controller.acceptNewCalibration();
-    if (self.isNull())
+    if (!self)
         return;
     if (!isAccepted) {
         Prompt::ask(this, QMessageBox::Critical, tr("Error"),
@@ -233,10 +230,10 @@ void AdjustToToolDlg::takeOver(double oldDurationSeconds)
     }
     Prompt::ask(this, QMessageBox::Information, tr("Calibration successful"),
                 tr("Calibration successful!\nNew calibration is set to Controller."), QMessageBox::Ok);
-    if (self.isNull())
+    if (!self)
         return;
     m_controller.concludeAngleTool(oldDurationSeconds);
-    if (!self.isNull())
+    if (self)
         accept();
 }
 

@@ -4,6 +4,8 @@
 #include "CalibrationRun.h"
 #include "CameraGrid.h"
 #include "CountdownDlg.h"
+#include "ModalWindow.h"
+#include "ObjectWatch.h"
 #include "PercentText.h"
 #include "Prompt.h"
 #include "Resources.h"
@@ -11,7 +13,6 @@
 
 #include <QEvent>
 #include <QIcon>
-#include <QPointer>
 #include <QScreen>
 
 using namespace std::chrono_literals;
@@ -73,6 +74,8 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
 CalibrationProgressDlg::~CalibrationProgressDlg()
 {
     m_run->end();
+    if (!m_countdown.isNull())
+        m_countdown->reject(); // a child of another window
 }
 
 int CalibrationProgressDlg::start(const QString &kind)
@@ -80,9 +83,9 @@ int CalibrationProgressDlg::start(const QString &kind)
     if (m_run->isInUse())
         return Rejected;
     m_run = std::make_shared<CalibrationRun>(m_controller, m_pausesBetweenSteps);
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     const int result = follow(kind);
-    if (self.isNull())
+    if (!self)
         return Rejected;
     stopTimers();
     m_run->end();
@@ -91,20 +94,33 @@ int CalibrationProgressDlg::start(const QString &kind)
 
 int CalibrationProgressDlg::follow(const QString &kind)
 {
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     const std::shared_ptr<CalibrationRun> run = m_run;
     setWindowFlags(flagsFor(kind));
     run->prepare(kind.toLatin1());
-    if (self.isNull())
+    if (!self)
         return Rejected;
     if (run->pauseSeconds() != 0 && !countDown(run->pauseSeconds()))
         return Rejected;
-    if (self.isNull())
+    if (!self)
         return Rejected;
     prepareScreen(kind);
-    if (self.isNull() || !run->begin() || self.isNull())
+    if (!self || !run->begin() || !self)
         return Rejected;
-    return exec();
+    const int result = exec();
+    if (self)
+        leaveUnended();
+    return result;
+}
+
+/// The end of the application, or a host that hides the window, ends exec() without asking. A calibration
+/// that nobody follows any more is cancelled.
+void CalibrationProgressDlg::leaveUnended()
+{
+    const ObjectWatch self(this);
+    reject();
+    if (self)
+        hide();
 }
 
 void CalibrationProgressDlg::prepareScreen(const QString &kind)
@@ -113,10 +129,10 @@ void CalibrationProgressDlg::prepareScreen(const QString &kind)
     m_ui->pb_cancel->setHidden(kind.contains(QLatin1String(CalibrationKind::reflexScan)));
     if (m_run->steps() == 1)
         m_ui->label_info->clear();
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     if (m_showsCameras)
         m_cameras->build();
-    if (self.isNull())
+    if (!self)
         return;
     if (m_showsCameras) {
         m_cameras->fit(m_ui->scrollArea_cam, screen()->availableSize());
@@ -142,10 +158,10 @@ QString CalibrationProgressDlg::composedInformation(const QString &kind) const
 
 void CalibrationProgressDlg::update_cal_status()
 {
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     const std::shared_ptr<CalibrationRun> run = m_run;
     const CalibrationPoll poll = run->poll();
-    if (self.isNull())
+    if (!self)
         return;
     switch (poll.state) {
     case CalibrationPoll::State::Unchanged:
@@ -208,26 +224,27 @@ void CalibrationProgressDlg::showCalculating()
 void CalibrationProgressDlg::finishWithError()
 {
     stopPolling();
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     const std::shared_ptr<CalibrationRun> run = m_run;
     const QByteArray error = run->fetchError();
-    if (!self.isNull())
+    if (self)
         Prompt::ask(this, QMessageBox::Critical, tr("Calibration Error"), tr(error.constData()),
                     QMessageBox::Ok);
-    if (!self.isNull())
+    if (self)
         done(Rejected);
 }
 
 void CalibrationProgressDlg::pauseBetweenSteps()
 {
     stopPolling();
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     const std::shared_ptr<CalibrationRun> run = m_run;
     const bool goesOn = countDown(run->pauseSeconds());
-    if (self.isNull() || !run->isInUse())
+    if (!self || !run->isInUse())
         return;
-    run->resume();
-    if (!goesOn) {
+    if (goesOn) {
+        run->resume();
+    } else {
         run->end();
         done(Rejected);
     }
@@ -237,12 +254,12 @@ void CalibrationProgressDlg::pauseBetweenSteps()
 
 bool CalibrationProgressDlg::countDown(int seconds)
 {
-    const QPointer<CountdownDlg> countdown = new CountdownDlg(this);
+    QWidget *parentThatIsSeen = isVisible() ? this : parentWidget();
+    ModalWindow<CountdownDlg> countdown(parentThatIsSeen);
+    m_countdown = countdown.operator->();
     countdown->setTick(m_countdownTick);
     countdown->setCountdown(QString(), seconds);
-    const int result = countdown->exec();
-    delete countdown.data();
-    return result == Accepted;
+    return countdown.exec() == Accepted;
 }
 
 void CalibrationProgressDlg::stopPolling()
@@ -263,13 +280,13 @@ void CalibrationProgressDlg::reject()
     if (!m_run->canBeStopped())
         return;
     stopTimers();
-    const QPointer<CalibrationProgressDlg> self(this);
+    const ObjectWatch self(this);
     const std::shared_ptr<CalibrationRun> run = m_run;
     run->stop();
-    if (self.isNull())
+    if (!self)
         return;
-    if (auto *countdown = findChild<CountdownDlg *>())
-        countdown->reject();
+    if (!m_countdown.isNull())
+        m_countdown->reject();
     done(Rejected);
 }
 

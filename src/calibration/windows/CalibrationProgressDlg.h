@@ -3,6 +3,7 @@
 #include "CalibrationAccess.h"
 
 #include <QDialog>
+#include <QPointer>
 #include <QTimer>
 
 #include <chrono>
@@ -11,6 +12,7 @@
 
 class CalibrationRun;
 class CameraGrid;
+class CountdownDlg;
 class IOManager;
 struct BackendVersions;
 struct CalibrationPoll;
@@ -63,6 +65,7 @@ protected:
 
 private:
     int follow(const QString &kind);
+    void leaveUnended();
     void prepareScreen(const QString &kind);
     void showProgress(const CalibrationPoll &poll);
     void watchForStall(bool hasMoved);
@@ -87,6 +90,7 @@ private:
     bool m_pausesBetweenSteps;
     QTimer m_warningTimer{this};
     CameraGrid *m_cameras;
+    QPointer<CountdownDlg> m_countdown;
     int m_ticks = 0;
     bool m_showsCameras;
     std::chrono::milliseconds m_countdownTick;

@@ -3,6 +3,7 @@
 #include "CalibrationRun.h"
 #include "CameraMessages.h"
 #include "CameraStatus.h"
+#include "ObjectWatch.h"
 
 #include <QGridLayout>
 #include <QScrollArea>
@@ -21,9 +22,9 @@ CameraGrid::CameraGrid(QGridLayout *layout, IOManager *commands, const BackendVe
 
 void CameraGrid::build()
 {
-    const QPointer<CameraGrid> self(this);
+    const ObjectWatch self(this);
     const std::optional<int> count = CalibrationAccess(m_commands, m_versions).numberOfCameras();
-    if (!count || self.isNull())
+    if (!count || !self)
         return;
     clear();
     const int columns = CameraMessages::columns(*count);
@@ -42,9 +43,9 @@ void CameraGrid::clear()
 
 bool CameraGrid::addBox(int index, int columns)
 {
-    const QPointer<CameraGrid> self(this);
+    const ObjectWatch self(this);
     auto box = std::make_unique<CameraStatus>(m_commands, nullptr, m_versions, index);
-    if (self.isNull())
+    if (!self)
         return false;
     m_boxes.append(box.get());
     m_layout->addWidget(box.release(), index / columns, index % columns);

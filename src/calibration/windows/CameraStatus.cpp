@@ -1,5 +1,6 @@
 #include "CameraStatus.h"
 
+#include "ObjectWatch.h"
 #include "PercentText.h"
 #include "Percentage.h"
 #include "ui_CameraStatus.h"
@@ -8,7 +9,6 @@
 #include <QEvent>
 #include <QLayout>
 #include <QPalette>
-#include <QPointer>
 
 namespace
 {
@@ -128,9 +128,9 @@ void CameraStatus::set_tab_number(int value)
 
 void CameraStatus::update_progressBar()
 {
-    const QPointer<CameraStatus> self(this);
+    const ObjectWatch self(this);
     const float fraction = m_controller.cameraProgress(m_index + 1);
-    if (!self.isNull())
+    if (self)
         showProgress(fraction);
 }
 

@@ -1,6 +1,7 @@
 #include "CoarseAdjustment.h"
 
 #include "CoordinateType.h"
+#include "ObjectWatch.h"
 #include "RenderArea.h"
 #include "Resources.h"
 #include "RoomAngleExchange.h"
@@ -8,7 +9,6 @@
 #include "ui_CoarseAdjustment.h"
 
 #include <QEvent>
-#include <QPointer>
 #include <QSignalBlocker>
 #include <QStandardItemModel>
 
@@ -90,10 +90,10 @@ void CoarseAdjustment::updatePanel()
     m_isInitialised = false;
     fillComboBoxes();
     fitColumns();
-    const QPointer<CoarseAdjustment> self(this); // the host may destroy the panel in any call
+    const ObjectWatch self(this);
     const TrackingAccess controller = m_controller;
     const CoordinateType type = controller.coordinateType();
-    if (self.isNull())
+    if (!self)
         return;
     m_type = static_cast<int>(type);
     m_assigner.setCoordinateType(m_type);

@@ -243,6 +243,49 @@ private slots:
         QCOMPARE(calls[5], QStringLiteral("write roomcal coordinate_type powerwall_standing"));
     }
 
+    void shouldRestoreEverythingWhenTheApplicationEnds()
+    {
+        // GIVEN
+        AngleToolFixture dialog(m_bench.get());
+        m_bench->host.onCall([this](const QString &line) {
+            if (line == QStringLiteral("command ") + start) {
+                m_bench->set("status active", "cal");
+                // WHEN
+                QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+            } else if (line == QLatin1String("command velmar2 cal room stop")) {
+                m_bench->set("status active", "none");
+            }
+        });
+        int result = -1;
+        QTimer::singleShot(0, &dialog, [&] { result = dialog.openAndCalibrate(); });
+        QCoreApplication::exec();
+        // THEN
+        QCOMPARE(result, int(QDialog::Accepted)); // by its exit, see the fixture
+        QVERIFY(!dialog.isVisible());
+        const QStringList calls = m_bench->host.calls();
+        const int stop = calls.indexOf(QStringLiteral("command velmar2 cal room stop"));
+        QVERIFY(stop > 0);
+        QCOMPARE(calls.mid(stop + 1), lines({"report room adjustment according angle tool canceled",
+                                             "write roomcal duration 12.5"}) +
+                                          restartCalls());
+    }
+
+    void shouldNotStayOnTheScreenWhenTheApplicationEnds()
+    {
+        // GIVEN
+        AngleToolFixture dialog(m_bench.get());
+        int result = -1;
+        QTimer::singleShot(0, &dialog, [&] {
+            // WHEN
+            QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+            result = dialog.openAndExec();
+        });
+        QCoreApplication::exec();
+        // THEN
+        QCOMPARE(result, int(QDialog::Rejected));
+        QVERIFY(!dialog.isVisible());
+    }
+
     void shouldNotCalibrateTwiceAtATime()
     {
         m_bench->host.setAnswer(start, "no");

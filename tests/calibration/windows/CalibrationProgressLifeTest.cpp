@@ -211,6 +211,57 @@ private slots:
         QVERIFY(modal.isDone());
     }
 
+    void shouldCancelTheCalibrationWhenTheApplicationEnds()
+    {
+        // GIVEN
+        CalibrationBench bench;
+        endAfter(&bench, 1000000, "none");
+        QuickProgress dialog(&bench);
+        int result = -1;
+        QTimer::singleShot(0, &dialog, [&] {
+            // WHEN
+            QTimer::singleShot(0, &dialog, &QCoreApplication::quit);
+            result = dialog.start(room);
+        });
+        QCoreApplication::exec();
+        // THEN
+        QCOMPARE(result, 0);
+        QVERIFY(!dialog.isVisible());
+        QCOMPARE(bench.host.calls().last(), QStringLiteral("command velmar2 cal room stop"));
+    }
+
+    void shouldCancelTheCalibrationWhenTheHostHidesIt()
+    {
+        // GIVEN
+        CalibrationBench bench;
+        endAfter(&bench, 1000000, "none");
+        QuickProgress dialog(&bench);
+        // WHEN
+        QTimer::singleShot(0, &dialog, &QWidget::hide);
+        // THEN
+        QCOMPARE(dialog.start(room), 0);
+        QCOMPARE(bench.host.calls().last(), QStringLiteral("command velmar2 cal room stop"));
+    }
+
+    void shouldLeaveAReflexScanToItselfWhenTheApplicationEnds()
+    {
+        // GIVEN
+        CalibrationBench bench;
+        endAfter(&bench, 1000000, "none");
+        QuickProgress dialog(&bench);
+        int result = -1;
+        QTimer::singleShot(0, &dialog, [&] {
+            // WHEN
+            QTimer::singleShot(0, &dialog, &QCoreApplication::quit);
+            result = dialog.start(QStringLiteral("reflex_scan"));
+        });
+        QCoreApplication::exec();
+        // THEN
+        QCOMPARE(result, 0);
+        QVERIFY(!dialog.isVisible());
+        QVERIFY(!bench.host.calls().contains(QStringLiteral("command velmar2 cal reflex_scan stop")));
+    }
+
     void shouldEndAtAnyFailure()
     {
         CalibrationBench reference;
