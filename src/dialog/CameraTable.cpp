@@ -1,8 +1,8 @@
 #include "CameraTable.h"
 
+#include "ObjectWatch.h"
 #include "TrackingAccess.h"
 
-#include <QPointer>
 #include <QStandardItemModel>
 
 namespace
@@ -28,14 +28,14 @@ void CameraTable::fill(TrackingAccess controller) const
 {
     if (!controller.supports(ControllerFeature::CameraTable))
         return;
-    const QPointer<QStandardItemModel> model(m_model); // goes with the owner
-    model->removeRows(0, model->rowCount());
+    const ObjectWatch model(m_model); // goes with the owner
+    m_model->removeRows(0, m_model->rowCount());
     const int cameras = controller.numberOfCameras().value_or(0);
-    if (!model.isNull())
-        model->setRowCount(cameras);
-    for (int row = 0; row < cameras && !model.isNull(); ++row) {
+    if (model)
+        m_model->setRowCount(cameras);
+    for (int row = 0; row < cameras && model; ++row) {
         const std::array<double, 3> position = controller.positionOfCamera(row + 1);
-        if (!model.isNull())
+        if (model)
             setCamera(row, position);
     }
 }

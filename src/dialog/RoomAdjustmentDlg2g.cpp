@@ -97,6 +97,8 @@ void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
 
 void RoomAdjustmentDlg2g::beginFromKnownState()
 {
+    m_locked = false;
+    setWindowIcon(parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon());
     m_ui->tabWidget->setEnabled(true);
     m_ui->btn_ok->setEnabled(true);
     m_ui->btn_apply->setEnabled(false);
@@ -147,26 +149,42 @@ int RoomAdjustmentDlg2g::update_and_exec()
         activateWindow();
         return 0;
     }
-    ObjectWatch self(this, m_busy);
-    if (!self)
+    // Hidden by the host, it may still have to wait for the end of a window that it has opened.
+    const ObjectWatch running(this, m_isRunning);
+    ObjectWatch preparing(this, m_busy);
+    if (!running || !preparing)
         return 0;
     const bool ready = prepareOpening();
-    if (!self)
+    if (!preparing)
         return 0;
-    self.release();
+    preparing.release();
     m_open = ready;
     return run();
 }
 
-/// exec() would not survive that the host destroys the dialog in the calls that its showing makes.
+/// exec() alone would not survive that the host destroys the dialog in the calls that its showing makes, and
+/// would leave it on the screen when the host hides and shows it, or when the application ends.
 int RoomAdjustmentDlg2g::run()
 {
     const ObjectWatch self(this);
     setResult(Rejected);
     show();
-    if (!self)
-        return Rejected;
-    return isVisible() ? exec() : result();
+    while (self && isVisible()) {
+        m_wasHidden = false;
+        (void)exec();
+        if (self && !m_wasHidden)
+            leaveUnasked();
+    }
+    return self ? result() : int(Rejected);
+}
+
+/// The way out when the application ends: nobody can be asked any more, so nothing is written.
+void RoomAdjustmentDlg2g::leaveUnasked()
+{
+    const ObjectWatch self(this);
+    stopTracking();
+    if (self)
+        reject();
 }
 
 // The host may destroy the dialog in any call: from here on each sequence of calls works with an access of
@@ -214,16 +232,12 @@ void RoomAdjustmentDlg2g::readLock()
     const TrackingAccess controller = m_controller;
     const bool locked = controller.supports(ControllerFeature::CameraTable) &&
                         controller.configurationChangeable() == Reply::No;
-    if (!self)
+    if (!self || !locked)
         return;
-    m_locked = locked;
-    if (m_locked) {
-        setWindowIcon(m_lockIcon);
-        disableAdjusting();
-        showNotice(Notice::Locked);
-        return;
-    }
-    setWindowIcon(parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon());
+    m_locked = true;
+    setWindowIcon(m_lockIcon);
+    disableAdjusting();
+    showNotice(Notice::Locked);
 }
 
 void RoomAdjustmentDlg2g::prepareAdjusting()
@@ -436,6 +450,7 @@ void RoomAdjustmentDlg2g::subscribeWhileShown()
 void RoomAdjustmentDlg2g::noteShown(bool isShown, const QEvent &event)
 {
     m_isShown = isShown;
+    m_wasHidden = m_wasHidden || (!isShown && !event.spontaneous());
     if (event.spontaneous()) // the window system's, such as a minimised window's: Qt is not yet through
         QMetaObject::invokeMethod(
             this, [this] { subscribeWhileShown(); }, Qt::QueuedConnection);

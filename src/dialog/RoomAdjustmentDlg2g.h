@@ -57,7 +57,8 @@ public:
 
 public slots:
     /// Reads the controller's state, starts tracking and runs the dialog modally; returns the result of
-    /// exec(). While the dialog is visible it is only raised, and 0 is returned.
+    /// exec(). While the dialog is visible it is only raised, and 0 is returned; so it is, without anything
+    /// else, while an opening that the host has hidden has not come to its end.
     int update_and_exec();
     void onDataChanged(bool changed);
     void ondo_btn_apply_enable(bool enable);
@@ -88,6 +89,7 @@ private:
     static QString textOf(Notice notice);
     bool prepareOpening();
     int run();
+    void leaveUnasked();
     static Notice findObstacle(TrackingAccess controller);
     void readLock();
     void prepareAdjusting();
@@ -113,7 +115,9 @@ private:
     Notice m_notice = Notice::None;
     bool m_locked = false;
     bool m_open = false;
+    bool m_isRunning = false;
     bool m_isShown = false;
+    bool m_wasHidden = false; ///< since exec() began
     bool m_isChangingVisibility = false;
     bool m_busy = false; ///< a sequence of controller calls is running: the host may let events through
 };

@@ -43,6 +43,9 @@ private slots:
     void shouldRestoreTheOpeningValuesAfterAnApply();
     void shouldTakeANotANumberForAChange();
     void shouldCloseWithoutACallOfItsOwnWhileLocked();
+    void shouldStopTrackingAndAskNothingWhenTheApplicationEnds();
+    void shouldRefuseASecondOpeningUntilTheHiddenOneHasEnded();
+    void shouldGoOnWhenTheHostHidesAndShowsIt();
 };
 
 void DialogClosingTest::shouldWriteWhatWasTypedWhenApplied()
@@ -262,6 +265,78 @@ void DialogClosingTest::shouldCloseWithoutACallOfItsOwnWhileLocked()
         QCOMPARE(f.host.calls(),
                  QStringList({"read status active", "command velmar2 tracking stop"}) + unsubscribeCalls());
     }
+}
+
+void DialogClosingTest::shouldStopTrackingAndAskNothingWhenTheApplicationEnds()
+{
+    // GIVEN
+    DialogFixture f;
+    int result = -1;
+    f.answer.then([&](QWidget *) {
+        f.selectTab(1);
+        f.type("doubleSpinBox_x", "5");
+        f.click("btn_apply");
+        f.type("doubleSpinBox_x", "6");
+        f.host.clear();
+        // WHEN
+        QCoreApplication::quit();
+    });
+    QTimer::singleShot(0, &f.dialog, [&] { result = f.dialog.update_and_exec(); });
+    QCoreApplication::exec();
+    // THEN
+    QCOMPARE(result, int(QDialog::Rejected));
+    QVERIFY(!f.dialog.isVisible());
+    QCOMPARE(f.host.calls(),
+             QStringList({"read status active", "command velmar2 tracking stop"}) + unsubscribeCalls());
+    QCOMPARE(f.answer.unexpected(), QStringList());
+}
+
+void DialogClosingTest::shouldRefuseASecondOpeningUntilTheHiddenOneHasEnded()
+{
+    // GIVEN
+    DialogFixture f;
+    int second = -1;
+    QStringList calls{"not yet"};
+    f.open([&] {
+        f.selectTab(1);
+        f.answer.then([&](QWidget *sideWindow) {
+            f.dialog.hide();
+            f.host.clear();
+            // WHEN
+            second = f.dialog.update_and_exec();
+            calls = f.host.calls();
+            sideWindow->close();
+        });
+        f.click("w_bodyMatchingButton");
+    });
+    // THEN
+    QCOMPARE(second, 0);
+    QCOMPARE(calls, QStringList());
+    bool opensAgain = false;
+    f.open([&] { opensAgain = f.dialog.isVisible(); });
+    QVERIFY(opensAgain);
+    QCOMPARE(f.answer.unexpected(), QStringList());
+}
+
+void DialogClosingTest::shouldGoOnWhenTheHostHidesAndShowsIt()
+{
+    // GIVEN
+    DialogFixture f;
+    int shownAgain = 0;
+    f.answer.then([&](QWidget *) {
+        f.dialog.hide();
+        f.dialog.show();
+    });
+    f.answer.then([&](QWidget *) {
+        ++shownAgain;
+        // WHEN
+        f.click("btn_ok");
+    });
+    // THEN
+    QCOMPARE(f.dialog.update_and_exec(), int(QDialog::Accepted));
+    QCOMPARE(shownAgain, 1);
+    QVERIFY(!f.dialog.isVisible());
+    QVERIFY(f.host.subscriptions().isEmpty());
 }
 
 ROOM_TEST_CLASS(DialogClosingTest)

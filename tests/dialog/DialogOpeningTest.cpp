@@ -19,6 +19,7 @@ private slots:
     void shouldTakeOneRoomOfTwoForNone();
     void shouldTakeNoRoomAnswerForNone();
     void shouldShowTheLockAndLetNobodyAdjust();
+    void shouldForgetTheLockUntilItIsReadAgain();
     void shouldShowTheCameras();
     void shouldEnableEverythingAnewAtTheNextOpening();
     void shouldForgetThatTrackingWasNotAvailableOnAnOldController();
@@ -127,6 +128,26 @@ void DialogOpeningTest::shouldShowTheLockAndLetNobodyAdjust()
         QVERIFY(!f.dialog.windowIcon().isNull());
         QCOMPARE(f.dialog.windowIcon().pixmap(16).toImage(), QIcon(":/lock.png").pixmap(16).toImage());
     });
+}
+
+void DialogOpeningTest::shouldForgetTheLockUntilItIsReadAgain()
+{
+    // GIVEN
+    DialogFixture f;
+    QPixmap green(16, 16);
+    green.fill(Qt::green);
+    f.window.setWindowIcon(green);
+    const auto icon = [&f] { return f.dialog.windowIcon().pixmap(16).toImage(); };
+    QImage locked;
+    QImage unavailable;
+    f.host.setAnswer("config is_changeable", "no");
+    f.open([&] { locked = icon(); });
+    // WHEN
+    f.host.setAnswer("tracking available", "no");
+    f.open([&] { unavailable = icon(); });
+    // THEN
+    QVERIFY(locked != green.toImage());
+    QCOMPARE(unavailable, f.window.windowIcon().pixmap(16).toImage());
 }
 
 void DialogOpeningTest::shouldShowTheCameras()
