@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
+#include <QTabBar>
 
 namespace
 {
@@ -159,6 +160,7 @@ int RoomAdjustmentDlg2g::update_and_exec()
         return 0;
     preparing.release();
     m_open = ready;
+    focusTheFirstControl();
     return run();
 }
 
@@ -192,6 +194,7 @@ void RoomAdjustmentDlg2g::leaveUnasked()
 bool RoomAdjustmentDlg2g::prepareOpening()
 {
     m_open = false;
+    m_fineHasBegun = false;
     m_ui->tabWidget->setCurrentIndex(CoarseTab);
     beginFromKnownState();
     const ObjectWatch self(this);
@@ -215,6 +218,18 @@ bool RoomAdjustmentDlg2g::prepareOpening()
     setMinimumSize(smallestWidth, smallestHeight);
     startTracking();
     return true;
+}
+
+void RoomAdjustmentDlg2g::focusTheFirstControl()
+{
+    const auto takesKeys = [this](const QWidget *control) {
+        return m_coarse->isAncestorOf(control) && (control->focusPolicy() & Qt::TabFocus) != 0 &&
+               control->isEnabled() && control->isVisibleTo(m_coarse);
+    };
+    QWidget *control = m_coarse->nextInFocusChain();
+    while (control != m_coarse && !takesKeys(control))
+        control = control->nextInFocusChain();
+    (control != m_coarse ? control : m_ui->btn_cancel)->setFocus();
 }
 
 /// What keeps the room from being adjusted at all. By value: see prepareOpening().
@@ -400,6 +415,17 @@ void RoomAdjustmentDlg2g::on_tabWidget_currentChanged(int index)
 {
     if (m_open && index == CoarseTab)
         m_coarse->recompute();
+    else if (m_open && !m_ui->tabWidget->tabBar()->hasFocus()) // there the arrow keys go on among the tabs
+        beginFineTab();
+}
+
+/// Once in an opening: afterwards the tab keeps the control that was used last.
+void RoomAdjustmentDlg2g::beginFineTab()
+{
+    if (m_fineHasBegun)
+        return;
+    m_fineHasBegun = true;
+    m_fine->beginEntry();
 }
 
 void RoomAdjustmentDlg2g::keyPressEvent(QKeyEvent *event)
@@ -409,6 +435,8 @@ void RoomAdjustmentDlg2g::keyPressEvent(QKeyEvent *event)
         cancel();
     } else if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::NoModifier) {
         m_ui->tabWidget->setCurrentIndex(isCoarse ? FineTab : CoarseTab);
+        if (isCoarse)
+            beginFineTab();
     } else if ((event->key() | int(event->modifiers())) == angleToolKeys) {
         adjustToAngleTool();
     } else {

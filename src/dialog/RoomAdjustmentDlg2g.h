@@ -90,6 +90,8 @@ private:
     bool prepareOpening();
     int run();
     void leaveUnasked();
+    void focusTheFirstControl();
+    void beginFineTab();
     static Notice findObstacle(TrackingAccess controller);
     void readLock();
     void prepareAdjusting();
@@ -119,5 +121,6 @@ private:
     bool m_isShown = false;
     bool m_wasHidden = false; ///< since exec() began
     bool m_isChangingVisibility = false;
+    bool m_fineHasBegun = false; ///< in this opening
     bool m_busy = false; ///< a sequence of controller calls is running: the host may let events through
 };

@@ -1,8 +1,10 @@
 #include "DialogFixture.h"
 #include "TestRegistry.h"
 
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
 #include <QtTest>
@@ -25,7 +27,34 @@ private slots:
     void shouldForgetThatTrackingWasNotAvailableOnAnOldController();
     void shouldOnlyRaiseItselfOnASecondTrigger();
     void shouldOpenWithoutAChannel();
+    void shouldBeginEveryOpeningWithTheFirstControl();
+    void shouldBeginTheFineTabWithXSelected_data();
+    void shouldBeginTheFineTabWithXSelected();
+    void shouldReturnToTheControlThatWasUsedLastInTheSameOpening();
+    void shouldLeaveTheFocusToTheTabsWhileTheArrowKeysGoAmongThem();
+    void shouldFocusTheOnlyButtonWhenNothingCanBeAdjusted();
 };
+
+namespace
+{
+
+bool isActive(DialogFixture &f)
+{
+    f.dialog.activateWindow();
+    return QTest::qWaitForWindowActive(&f.dialog);
+}
+
+void press(DialogFixture &f, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QTest::keyClick(f.dialog.focusWidget(), Qt::Key(key), modifiers);
+}
+
+QString focused(const DialogFixture &f)
+{
+    return f.dialog.focusWidget() == nullptr ? QString() : f.dialog.focusWidget()->objectName();
+}
+
+} // namespace
 
 void DialogOpeningTest::shouldAskTheControllerInOrderWhenItOpens_data()
 {
@@ -229,6 +258,91 @@ void DialogOpeningTest::shouldOpenWithoutAChannel()
 
     QVERIFY(shown);
     QVERIFY(!dialog.isVisible());
+}
+
+void DialogOpeningTest::shouldBeginEveryOpeningWithTheFirstControl()
+{
+    DialogFixture f;
+    for (const char *left : {"comboBox_right", "btn_ok", "doubleSpinBox_z"}) {
+        f.open([&] {
+            QVERIFY(isActive(f));
+            QCOMPARE(focused(f), QString("tableView"));
+            f.selectTab(QByteArray(left).startsWith("double") ? 1 : 0);
+            f.child<QWidget>(left)->setFocus();
+            QCOMPARE(focused(f), QString(left));
+        });
+    }
+    f.open([&] {
+        QVERIFY(isActive(f));
+        QCOMPARE(focused(f), QString("tableView"));
+    });
+}
+
+void DialogOpeningTest::shouldBeginTheFineTabWithXSelected_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::newRow("F5") << int(Qt::Key_F5) << int(Qt::NoModifier);
+    QTest::newRow("Alt+F") << int(Qt::Key_F) << int(Qt::AltModifier);
+}
+
+void DialogOpeningTest::shouldBeginTheFineTabWithXSelected()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    DialogFixture f;
+    f.host.setAnswer("tracking extra_translation", "-12.5 0 0");
+    for (int opening = 0; opening < 2; ++opening) {
+        f.open([&] {
+            QVERIFY(isActive(f));
+            press(f, key, Qt::KeyboardModifiers(modifiers));
+            QCOMPARE(focused(f), QString("doubleSpinBox_x"));
+            press(f, Qt::Key_9);
+            QCOMPARE(f.child<QDoubleSpinBox>("doubleSpinBox_x")->value(), 9.0);
+            press(f, Qt::Key_Tab); // to y, where the last opening leaves the focus
+            QCOMPARE(focused(f), QString("doubleSpinBox_y"));
+        });
+    }
+}
+
+void DialogOpeningTest::shouldReturnToTheControlThatWasUsedLastInTheSameOpening()
+{
+    DialogFixture f;
+    f.open([&] {
+        QVERIFY(isActive(f));
+        press(f, Qt::Key_F5);
+        f.child<QWidget>("doubleSpinBox_rz")->setFocus();
+        press(f, Qt::Key_F5);
+        QVERIFY(focused(f) != QString("doubleSpinBox_rz"));
+        press(f, Qt::Key_F5);
+        QCOMPARE(focused(f), QString("doubleSpinBox_rz"));
+    });
+}
+
+void DialogOpeningTest::shouldLeaveTheFocusToTheTabsWhileTheArrowKeysGoAmongThem()
+{
+    DialogFixture f;
+    f.open([&] {
+        QVERIFY(isActive(f));
+        auto *tabs = f.child<QTabWidget>("tabWidget");
+        tabs->tabBar()->setFocus();
+        press(f, Qt::Key_Right);
+        QCOMPARE(tabs->currentIndex(), 1);
+        QVERIFY(f.dialog.focusWidget() == tabs->tabBar());
+        press(f, Qt::Key_Left);
+        press(f, Qt::Key_F5);
+        QCOMPARE(focused(f), QString("doubleSpinBox_x"));
+    });
+}
+
+void DialogOpeningTest::shouldFocusTheOnlyButtonWhenNothingCanBeAdjusted()
+{
+    DialogFixture f;
+    f.host.setAnswer("tracking available", "no");
+    f.open([&] {
+        QVERIFY(isActive(f));
+        QCOMPARE(focused(f), QString("btn_cancel"));
+    });
 }
 
 ROOM_TEST_CLASS(DialogOpeningTest)

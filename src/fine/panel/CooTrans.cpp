@@ -200,6 +200,12 @@ void CooTrans::resetAll()
     showBoxes(AdjustmentBoxes());
 }
 
+void CooTrans::beginEntry()
+{
+    m_ui->doubleSpinBox_x->setFocus();
+    m_ui->doubleSpinBox_x->selectAll();
+}
+
 void CooTrans::showTrackingAvailable(bool available)
 {
     m_ui->label_notAvailable->setHidden(available);

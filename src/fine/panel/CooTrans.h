@@ -52,6 +52,9 @@ public:
     /// Offset and angles 0, scaling 1, silently.
     void resetAll();
 
+    /// Puts the keyboard on x, with its number selected.
+    void beginEntry();
+
     /// Tells the user on the page whether the controller can track.
     void showTrackingAvailable(bool available);
 
