@@ -122,22 +122,6 @@ All values are in [mm]</source>
 Alle Werte in [mm]</translation>
     </message>
     <message>
-        <source>Not reliable: some reference points nearly coincide.</source>
-        <translation>Nicht zuverlässig: Einige Referenzpunkte fallen fast zusammen.</translation>
-    </message>
-    <message>
-        <source>Not reliable: the reference points lie nearly on a line, so the rotation about it is uncertain. Add a point beside the line.</source>
-        <translation>Nicht zuverlässig: Die Referenzpunkte liegen fast auf einer Geraden, die Drehung um diese ist daher unsicher. Fügen Sie einen Punkt neben der Geraden hinzu.</translation>
-    </message>
-    <message>
-        <source>Not reliable: the first three reference points lie on a line, or nearly so. Put three points first that are not on a line.</source>
-        <translation>Nicht zuverlässig: Die ersten drei Referenzpunkte liegen ganz oder fast auf einer Geraden. Stellen Sie drei Punkte an den Anfang, die nicht auf einer Geraden liegen.</translation>
-    </message>
-    <message>
-        <source>Not reliable: another order of the measured points fits equally well; the object may be symmetric. Measure in the order of the table and check &quot;preserve order of points&quot;.</source>
-        <translation>Nicht zuverlässig: Eine andere Reihenfolge der gemessenen Punkte passt ebenso gut; vielleicht ist das Objekt symmetrisch. Messen Sie in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
-    </message>
-    <message>
         <source>The search for the best order of the measured points was cancelled.
 Measure the points in the order of the table and check &quot;preserve order of points&quot;.</source>
         <translation>Die Suche nach der besten Reihenfolge der gemessenen Punkte wurde abgebrochen.
@@ -170,6 +154,10 @@ Die Spitze wurde während der Messung zu stark bewegt:
     <message>
         <source>No measurement data arrives from the controller. Check the connection, and whether the controller is tracking.</source>
         <translation>Es kommen keine Messdaten vom Controller. Prüfen Sie die Verbindung und ob der Controller misst.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 points measured</source>
+        <translation>%1 von %2 Punkten gemessen</translation>
     </message>
 </context>
 <context>
@@ -1027,13 +1015,6 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
-    <name>NumberBox</name>
-    <message>
-        <source>Only one number from %1 to %2 fits here, with at most %3 decimals after one point or one comma. The value is still %4.</source>
-        <translation>Hier passt nur eine Zahl von %1 bis %2, mit höchstens %3 Nachkommastellen nach einem Punkt oder einem Komma. Der Wert ist weiterhin %4.</translation>
-    </message>
-</context>
-<context>
     <name>PointFilePrompt</name>
     <message>
         <source>File not found</source>
@@ -1050,6 +1031,53 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>&quot;%1&quot; exists already. Shall it be replaced?</source>
         <translation>„%1“ gibt es schon. Soll sie ersetzt werden?</translation>
+    </message>
+</context>
+<context>
+    <name>PointNotices</name>
+    <message>
+        <source>%1 reference points are still 0 0 0. Fill them in or remove them.</source>
+        <translation>%1 Referenzpunkte sind noch 0 0 0. Füllen Sie sie aus oder entfernen Sie sie.</translation>
+    </message>
+    <message>
+        <source>The measured points %1 and %2 are the same place. Measure one of them again or remove it.</source>
+        <translation>Die gemessenen Punkte %1 und %2 sind dieselbe Stelle. Messen Sie einen davon neu oder entfernen Sie ihn.</translation>
+    </message>
+    <message>
+        <source>The measured points are the mirror image of the reference points. Look whether a sign is wrong or two coordinates are exchanged.</source>
+        <translation>Die gemessenen Punkte sind das Spiegelbild der Referenzpunkte. Prüfen Sie, ob ein Vorzeichen falsch ist oder zwei Koordinaten vertauscht sind.</translation>
+    </message>
+    <message>
+        <source>Not reliable: the reference points %1 and %2 nearly coincide. Correct or remove one of them.</source>
+        <translation>Nicht zuverlässig: Die Referenzpunkte %1 und %2 fallen fast zusammen. Berichtigen oder entfernen Sie einen davon.</translation>
+    </message>
+    <message>
+        <source>The reference points lie %1 times as far apart as the measured points: are both in millimetres?</source>
+        <translation>Die Referenzpunkte liegen %1-mal so weit auseinander wie die gemessenen Punkte: Sind beide in Millimetern?</translation>
+    </message>
+    <message>
+        <source>The measured points lie %1 times as far apart as the reference points: are both in millimetres?</source>
+        <translation>Die gemessenen Punkte liegen %1-mal so weit auseinander wie die Referenzpunkte: Sind beide in Millimetern?</translation>
+    </message>
+    <message>
+        <source>Not reliable: the reference points lie nearly on a line, so the rotation about it is uncertain. Add a point beside the line.</source>
+        <translation>Nicht zuverlässig: Die Referenzpunkte liegen fast auf einer Geraden, die Drehung um sie ist daher unsicher. Fügen Sie einen Punkt neben der Geraden hinzu.</translation>
+    </message>
+    <message>
+        <source>Not reliable: the first three reference points lie on a line, or nearly so. Put three points first that are not on a line.</source>
+        <translation>Nicht zuverlässig: Die ersten drei Referenzpunkte liegen ganz oder fast auf einer Geraden. Stellen Sie drei Punkte an den Anfang, die nicht auf einer Geraden liegen.</translation>
+    </message>
+    <message>
+        <source>The points do not fit: the residual error is above the tip tolerance of the tool, %1 mm. Perhaps a point was measured at the wrong place, the coordinates are in another unit, or the workpiece was moved.</source>
+        <translation>Die Punkte passen nicht zueinander: Der Restfehler liegt über der Spitzentoleranz des Werkzeugs, %1 mm. Vielleicht wurde ein Punkt an der falschen Stelle gemessen, sind die Koordinaten in einer anderen Einheit oder wurde das Werkstück bewegt.</translation>
+    </message>
+    <message>
+        <source>Not reliable: another order of the measured points fits equally well; the object may be symmetric. Measure in the order of the table and check &quot;preserve order of points&quot;.</source>
+        <translation>Nicht zuverlässig: Eine andere Reihenfolge der gemessenen Punkte passt ebenso gut; das Objekt ist vielleicht symmetrisch. Messen Sie in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
+    </message>
+    <message>
+        <source>The scaling %1 of the room stays in force after &quot;Apply&quot;: all positions will be scaled by it. &quot;Reset scaling&quot; on the tab &quot;Fine&quot; sets it to 1.</source>
+        <translation>Die Skalierung %1 des Raums gilt nach „Übernehmen“ weiter: Alle Positionen werden damit skaliert. „Skalierung zurücksetzen“ auf der Registerkarte „Fein“ setzt sie auf 1.</translation>
     </message>
 </context>
 <context>
@@ -1170,28 +1198,6 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
-    </message>
-</context>
-<context>
-    <name>bsDoubleWidget</name>
-    <message>
-        <source>Wheel for %1</source>
-        <translation>Drehrad für %1</translation>
-    </message>
-</context>
-<context>
-    <name>xyzWidget</name>
-    <message>
-        <source>X :</source>
-        <translation>X :</translation>
-    </message>
-    <message>
-        <source>Y :</source>
-        <translation>Y :</translation>
-    </message>
-    <message>
-        <source>Z :</source>
-        <translation>Z :</translation>
     </message>
 </context>
 </TS>

@@ -411,6 +411,7 @@ void CooTrans::matchPoints()
     frame->prepareReference();
     if (self.isNull())
         return;
+    m_matchingDialog->tellScaling(m_fields.values().scaling);
     m_matchingDialog->update_and_exec();
     if (self.isNull())
         return;

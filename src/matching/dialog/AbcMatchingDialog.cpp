@@ -14,10 +14,13 @@
 #include "ModalWindow.h"
 #include "NoticeLine.h"
 #include "ObjectWatch.h"
+#include "PointNotices.h"
+#include "ReferenceGeometry.h"
 #include "Resources.h"
 #include "ResultView.h"
 #include "ScreenFit.h"
 #include "SearchProgress.h"
+#include "SetHints.h"
 #include "ui_AbcMatchingDialog.h"
 
 #include <QCloseEvent>
@@ -27,6 +30,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstring>
+#include <limits>
 
 using namespace std::chrono_literals;
 
@@ -140,6 +144,34 @@ void AbcMatchingDialog::showSurveyTexts()
 void AbcMatchingDialog::showListNotice()
 {
     m_notices->say(NoticeLine::Side::Lists, [this] { return m_editing->notice(); });
+}
+
+/// At once, for a search of lists that do not fit may go on for long.
+void AbcMatchingDialog::showPointNotice()
+{
+    const SetHints hints = SetHints::of(m_lists->references(), m_lists->measured());
+    const ReferenceGeometry geometry = ReferenceGeometry::of(m_lists->references());
+    m_misfitExplained = hints.any();
+    m_notices->say(NoticeLine::Side::Points,
+                   [hints, geometry] { return PointNotices::ofLists(hints, geometry); });
+    showCount();
+}
+
+void AbcMatchingDialog::showCount()
+{
+    m_measuring->showCount(m_lists->measuredTable().rowCount(), m_lists->referenceTable().rowCount());
+}
+
+void AbcMatchingDialog::showScalingNotice(bool valid)
+{
+    const double scaling = valid ? m_scaling : 1.0;
+    m_notices->say(NoticeLine::Side::Scaling, [scaling] { return PointNotices::ofScaling(scaling); });
+}
+
+void AbcMatchingDialog::tellScaling(double scaling)
+{
+    m_scaling = scaling;
+    showScalingNotice(m_state.isValid());
 }
 
 void AbcMatchingDialog::showWhetherRecordsArrive()
@@ -402,6 +434,7 @@ void AbcMatchingDialog::evaluate()
     m_state.beginEvaluation();
     m_transformedPoints.clear();
     m_result->clear();
+    showPointNotice();
     const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
                                                 ? MatchingEvaluation::Order::Preserved
                                                 : MatchingEvaluation::Order::Searched;
@@ -437,7 +470,9 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
         m_transformation = evaluation.roomFromReference;
     }
     showState();
-    m_result->show(evaluation);
+    const double anyResidual = std::numeric_limits<double>::infinity();
+    m_result->show(evaluation, m_misfitExplained ? anyResidual : m_sampler.toleranceMm());
+    showScalingNotice(valid);
     emit updateRequest();
 }
 
@@ -463,6 +498,7 @@ void AbcMatchingDialog::changeEvent(QEvent *event)
     m_ui->retranslateUi(this);
     m_progress->showTexts();
     showSurveyTexts();
+    showCount();
     showTrackingStatus();
     m_result->retranslate();
 }

@@ -46,6 +46,10 @@ public:
     AbcMatchingDialog(IOManager *commands, const BackendVersions *versions, QWidget *parent = nullptr);
     ~AbcMatchingDialog() override;
 
+    /// The scaling of the room that a matching leaves in force; a scaling other than 1 is told before
+    /// "Apply".
+    void tellScaling(double scaling);
+
     /// Takes a measurement record of the subscribed kind. Returns 0, or -2 for a record that cannot be
     /// decoded.
     int dataReceived(const char *kind, const char *text);
@@ -104,6 +108,9 @@ private:
     void showState();
     void showSurveyTexts();
     void showListNotice();
+    void showPointNotice();
+    void showScalingNotice(bool valid);
+    void showCount();
     void showWhetherRecordsArrive();
     void report(const std::function<QString()> &text);
 
@@ -132,6 +139,8 @@ private:
     RecordWatch m_records;
     bool m_running = false;
     MatchingPoint m_mean{};
+    bool m_misfitExplained = false; ///< the lists tell why they do not fit
+    double m_scaling = 1.0;
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
 };

@@ -2,8 +2,6 @@
 
 #include "MatchingEvaluation.h"
 
-#include <QStringList>
-
 namespace
 {
 
@@ -53,26 +51,6 @@ QString MatchingReport::success(const MatchingEvaluation &evaluation)
     return text + tr("\nAll values are in [mm]");
 }
 
-QString MatchingReport::notice(const MatchingEvaluation &evaluation)
-{
-    QStringList reasons;
-    if (evaluation.geometry.nearlyCoinciding)
-        reasons << tr("Not reliable: some reference points nearly coincide.");
-    if (evaluation.geometry.nearlyOnLine)
-        reasons << tr(
-            "Not reliable: the reference points lie nearly on a line, so the rotation about it is uncertain. "
-            "Add a point beside the line.");
-    else if (evaluation.geometry.firstThreeNearlyOnLine)
-        reasons << tr(
-            "Not reliable: the first three reference points lie on a line, or nearly so. Put three points "
-            "first that are not on a line.");
-    if (evaluation.otherOrderFits)
-        reasons << tr(
-            "Not reliable: another order of the measured points fits equally well; the object may be "
-            "symmetric. Measure in the order of the table and check \"preserve order of points\".");
-    return reasons.join(QLatin1Char('\n'));
-}
-
 QString MatchingReport::noTool(ToolSurvey::Verdict verdict)
 {
     using Verdict = ToolSurvey::Verdict;
@@ -85,6 +63,11 @@ QString MatchingReport::noData()
 {
     return tr("No measurement data arrives from the controller. Check the connection, and whether the "
               "controller is tracking.");
+}
+
+QString MatchingReport::measuredOf(int measured, int references)
+{
+    return tr("%1 of %2 points measured").arg(measured).arg(references);
 }
 
 QString MatchingReport::cancelled()

@@ -15,13 +15,11 @@ class MatchingReport
 public:
     [[nodiscard]] static QString report(const MatchingEvaluation &evaluation);
 
-    /// Why the result is not reliable, one sentence per reason; empty when nothing speaks against it.
-    [[nodiscard]] static QString notice(const MatchingEvaluation &evaluation);
-
     /// Why nothing can be measured; empty when something can, or when no tip is calibrated, which another
     /// line tells.
     [[nodiscard]] static QString noTool(ToolSurvey::Verdict verdict);
     [[nodiscard]] static QString noData();
+    [[nodiscard]] static QString measuredOf(int measured, int references);
 
     [[nodiscard]] static QString cancelled();
     [[nodiscard]] static QString searching();

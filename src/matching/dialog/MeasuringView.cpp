@@ -1,5 +1,6 @@
 #include "MeasuringView.h"
 
+#include "MatchingReport.h"
 #include "PercentText.h"
 #include "ToolSampler.h"
 #include "WheelGuard.h"
@@ -50,8 +51,15 @@ int MeasuringView::selectedTool() const
     return tool.isValid() ? tool.toInt() : ToolSampler::noTool;
 }
 
+void MeasuringView::showCount(int measured, int references)
+{
+    const bool any = measured > 0 || references > 0;
+    m_ui.label_count->setText(any ? MatchingReport::measuredOf(measured, references) : QString());
+}
+
 void MeasuringView::showNoToolNotice(bool show)
 {
+    m_ui.label_count->setHidden(show);
     m_ui.label_error->setText(show ? tr("<b><font color=red>No Measurement Tool available!</font></b>")
                                    : QString());
     m_ui.label_error->setVisible(show);

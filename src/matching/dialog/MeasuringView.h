@@ -25,6 +25,9 @@ public:
     /// The number of the selected tool; ToolSampler::noTool if there is none.
     [[nodiscard]] int selectedTool() const;
 
+    /// How far the user has come; nothing before there is a point.
+    void showCount(int measured, int references);
+    /// The notice takes the place of the count.
     void showNoToolNotice(bool show);
     /// With no tool selected, `tracked` does not count.
     void showTracking(bool tracked);

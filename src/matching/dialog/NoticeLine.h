@@ -14,7 +14,7 @@ class NoticeLine
 {
 public:
     /// Who speaks, in the order of the sentences. While the tools have something to say, nobody else does.
-    enum class Side { Tools, Data, Lists, Evaluation };
+    enum class Side { Tools, Data, Lists, Points, Result, Scaling };
 
     using Text = std::function<QString()>;
 
@@ -30,7 +30,7 @@ public:
     void show();
 
 private:
-    static constexpr std::size_t sides = 4;
+    static constexpr std::size_t sides = 6;
 
     QScrollArea *m_area;
     QLabel *m_label;

@@ -2,6 +2,7 @@
 
 #include "MatchingReport.h"
 #include "NoticeLine.h"
+#include "PointNotices.h"
 #include "PointTable.h"
 #include "ui_AbcMatchingDialog.h"
 
@@ -21,12 +22,13 @@ void ResultView::clear()
     m_measured.clearMark();
 }
 
-void ResultView::show(const MatchingEvaluation &evaluation)
+void ResultView::show(const MatchingEvaluation &evaluation, double limitMm)
 {
     clear();
     m_evaluation = evaluation;
     markWorstRows();
-    m_notices.say(NoticeLine::Side::Evaluation, [evaluation] { return MatchingReport::notice(evaluation); });
+    m_notices.say(NoticeLine::Side::Result,
+                  [evaluation, limitMm] { return PointNotices::ofResult(evaluation, limitMm); });
     showReport(MatchingReport::report(evaluation));
     m_report = [evaluation] { return MatchingReport::report(evaluation); };
 }
@@ -34,7 +36,7 @@ void ResultView::show(const MatchingEvaluation &evaluation)
 void ResultView::showSearching()
 {
     clear();
-    m_notices.beSilent(NoticeLine::Side::Evaluation);
+    m_notices.beSilent(NoticeLine::Side::Result);
     showReport(MatchingReport::searching());
     m_report = [] { return MatchingReport::searching(); };
 }

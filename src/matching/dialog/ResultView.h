@@ -25,7 +25,8 @@ public:
 
     /// Forgets the last evaluation; the report stays until there is another text.
     void clear();
-    void show(const MatchingEvaluation &evaluation);
+    /// A residual above the limit is told as a misfit.
+    void show(const MatchingEvaluation &evaluation, double limitMm);
     void showSearching();
 
     void showReport(const QString &text);

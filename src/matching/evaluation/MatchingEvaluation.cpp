@@ -112,7 +112,6 @@ MatchingEvaluation MatchingEvaluation::of(const MatchingPoints &references, cons
     evaluation.outcome = Outcome::CountsDiffer;
     if (measured.size() != references.size())
         return evaluation;
-    evaluation.geometry = ReferenceGeometry::of(references);
     if (order == Order::Preserved)
         evaluation.order = tableOrder(references.size());
     else if (!searchOrder(evaluation, references, measured, goOn))

@@ -2,7 +2,6 @@
 
 #include "KeptOrder.h"
 #include "MatchingPoint.h"
-#include "ReferenceGeometry.h"
 #include "bsMatrix.h"
 
 #include <functional>
@@ -52,7 +51,4 @@ struct MatchingEvaluation {
     /// The reference point whose distance is the worst, if that is more than three times the median and at
     /// least 0.01 mm; else -1.
     int worstPair = -1;
-
-    /// From as many measured as reference points on, whatever the outcome.
-    ReferenceGeometry geometry;
 };

@@ -8,6 +8,7 @@
 namespace
 {
 
+constexpr std::size_t fewestOfALine = 3;
 constexpr double smallestDistanceMm = 1.0;
 constexpr double smallestWidthOfLength = 0.02;
 
@@ -55,8 +56,13 @@ bool onLine(const MatchingPoints &points)
 
 ReferenceGeometry ReferenceGeometry::of(const MatchingPoints &references)
 {
+    ReferenceGeometry geometry;
     if (!allFinite(references))
-        return {};
-    return {onLine(references), ClosestPair::of(references, smallestDistanceMm).has_value(),
-            onLine({references[0], references[1], references[2]})};
+        return geometry;
+    geometry.coinciding = ClosestPair::of(references, smallestDistanceMm);
+    if (references.size() < fewestOfALine)
+        return geometry;
+    geometry.nearlyOnLine = onLine(references);
+    geometry.firstThreeNearlyOnLine = onLine({references[0], references[1], references[2]});
+    return geometry;
 }

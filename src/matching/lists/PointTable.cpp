@@ -125,7 +125,7 @@ void PointTable::bringIntoSight(int row)
 
 void PointTable::showSelectedRow()
 {
-    bringIntoSight(selectedRow());
+    bringIntoSight(selectedRow() >= 0 ? selectedRow() : m_table->currentRow());
 }
 
 void PointTable::moveCursorTo(int row)

@@ -43,6 +43,7 @@ public:
     [[nodiscard]] bool isBeingEdited(const QTableWidgetItem *item) const;
     /// Scrolls the row into sight if it exists.
     void bringIntoSight(int row);
+    /// Scrolls the selected row into sight, or the one added last when none is selected.
     void showSelectedRow();
     /// The arrow keys go on from the row; the selection stays as it is.
     void moveCursorTo(int row);

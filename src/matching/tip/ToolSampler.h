@@ -39,6 +39,8 @@ public:
     /// How long a measurement must last, and how far its tip may spread.
     void setLimits(double duration, double tolerance);
 
+    [[nodiscard]] double toleranceMm() const { return m_tolerance; }
+
     /// The selected tool was tracked in the last record.
     [[nodiscard]] bool isTracked() const { return m_tracked; }
 

@@ -1,3 +1,4 @@
+#include "InterfaceVersion.h"
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
 
@@ -48,6 +49,8 @@ private slots:
     void shouldNotLetEnterPressAButton();
     void shouldGiveEveryControlATip();
     void shouldLetTabLeaveTheTables();
+    void shouldFitASmallScreen();
+    void shouldNotGreyItsNotices();
     void shouldFollowTheLanguage();
 };
 
@@ -161,6 +164,37 @@ void MatchingFormTest::shouldLetTabLeaveTheTables()
     QVERIFY(!opened.find<QTableWidget>("tableWidget_referencePoints")->tabKeyNavigation());
     QVERIFY(!opened.find<QTableWidget>("tableWidget_measuredPoints")->tabKeyNavigation());
     QVERIFY(opened.find<QTextEdit>("w_trafoText")->tabChangesFocus());
+}
+
+void MatchingFormTest::shouldFitASmallScreen()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        // Half of 1920 x 1080, and what window managers and panels take of it.
+        QVERIFY(opened.dialog().minimumSizeHint().height() <= 500);
+        QVERIFY(opened.dialog().minimumSizeHint().width() <= 940);
+        for (int row = 0; row < 9; ++row)
+            opened.measure({row * 10.0, 0, 0});
+        opened.dialog().resize(opened.dialog().minimumSizeHint());
+        const QRect window = opened.dialog().rect();
+        for (const QAbstractButton *button : opened.dialog().findChildren<QAbstractButton *>()) {
+            const QRect place(button->mapTo(&opened.dialog(), QPoint()), button->size());
+            QVERIFY2(!button->isVisible() || window.contains(place), qPrintable(button->objectName()));
+        }
+        const auto *table = opened.find<QTableWidget>("tableWidget_measuredPoints");
+        QTRY_VERIFY(table->viewport()->rect().contains(table->visualItemRect(table->item(8, 0)).center()));
+    });
+}
+
+void MatchingFormTest::shouldNotGreyItsNotices()
+{
+    OpenedDialog opened;
+    opened.versions() = interfaceVersion(1, 2);
+    opened.run([&] {
+        QVERIFY(!opened.notice().isEmpty());
+        QVERIFY(opened.isEnabled("label_notice"));
+        QVERIFY(!opened.isEnabled("label_transformation"));
+    });
 }
 
 void MatchingFormTest::shouldFollowTheLanguage()

@@ -27,12 +27,12 @@ private slots:
         QScrollArea area;
         QLabel label;
         NoticeLine line(&area, &label);
-        line.say(Side::Evaluation, text("The points do not fit."));
+        line.say(Side::Result, text("The points do not fit."));
         line.say(Side::Data, text("No data."));
         QCOMPARE(label.text(), QStringLiteral("No data.\nThe points do not fit."));
         line.beSilent(Side::Data);
         QCOMPARE(label.text(), QStringLiteral("The points do not fit."));
-        line.say(Side::Evaluation, text(""));
+        line.say(Side::Result, text(""));
         QCOMPARE(label.text(), QString());
     }
 
@@ -41,7 +41,7 @@ private slots:
         QScrollArea area;
         QLabel label;
         NoticeLine line(&area, &label);
-        line.say(Side::Evaluation, text("The points do not fit."));
+        line.say(Side::Result, text("The points do not fit."));
         line.say(Side::Tools, text("No tool."));
         QCOMPARE(label.text(), QStringLiteral("No tool."));
         line.say(Side::Tools, text(""));

@@ -99,7 +99,6 @@ void MatchingEvaluationTest::shouldReportACollinearStart()
     QVERIFY(evaluation.outcome == Outcome::StartFailed);
     QCOMPARE(evaluation.code, -1);
     QVERIFY(evaluation.order.empty());
-    QVERIFY(evaluation.geometry.firstThreeNearlyOnLine);
 }
 
 void MatchingEvaluationTest::shouldReportARefinementThatFails()
@@ -124,7 +123,6 @@ void MatchingEvaluationTest::shouldReportThatNoOrderIsValid()
     const MatchingPoints line = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}};
     QVERIFY(evaluated(line, corner).outcome == Outcome::NoValidOrder);
     QVERIFY(evaluated(corner, line).outcome == Outcome::NoValidOrder);
-    QVERIFY(evaluated(line, corner).geometry.nearlyOnLine);
 }
 
 void MatchingEvaluationTest::shouldReportACancelledSearch()

@@ -47,8 +47,23 @@ private slots:
         QFETCH(MatchingPoints, points);
         const ReferenceGeometry geometry = ReferenceGeometry::of(points);
         QTEST(geometry.nearlyOnLine, "line");
-        QTEST(geometry.nearlyCoinciding, "coinciding");
+        QTEST(geometry.coinciding.has_value(), "coinciding");
         QTEST(geometry.firstThreeNearlyOnLine, "firstThree");
+    }
+
+    void shouldNameTheTwoThatCoincide()
+    {
+        const ReferenceGeometry geometry = ReferenceGeometry::of({{0, 0, 0}, {9, 9, 9}, {0.5, 0, 0}});
+        QVERIFY(geometry.coinciding.has_value());
+        QCOMPARE(geometry.coinciding->first, 0);
+        QCOMPARE(geometry.coinciding->second, 2);
+    }
+
+    void shouldJudgeFewerThanThreePointsByTheirDistance()
+    {
+        QVERIFY(!ReferenceGeometry::of({}).coinciding);
+        const ReferenceGeometry two = ReferenceGeometry::of({{1, 2, 3}, {1, 2, 3}});
+        QVERIFY(two.coinciding && !two.nearlyOnLine && !two.firstThreeNearlyOnLine);
     }
 };
 
