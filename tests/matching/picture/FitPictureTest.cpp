@@ -1,0 +1,143 @@
+#include "FitPicture.h"
+
+#include "TestRegistry.h"
+
+#include <QImage>
+#include <QtTest>
+
+namespace
+{
+
+const MatchingPoints plate = {{0, 0, 0}, {1000, 0, 0}, {1000, 600, 0}, {0, 600, 0}};
+
+MatchingEvaluation matched()
+{
+    MatchingEvaluation evaluation;
+    evaluation.outcome = MatchingEvaluation::Outcome::Matched;
+    evaluation.mapped = plate;
+    evaluation.mapped[2][0] -= 3.0;
+    evaluation.distancesMm = {0, 0, 3, 0};
+    evaluation.order = {0, 1, 2, 3};
+    return evaluation;
+}
+
+QPalette paletteOf(const QColor &base, const QColor &text)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::Highlight, QColor(60, 140, 230));
+    return palette;
+}
+
+QImage grabbed(FitPicture &picture)
+{
+    picture.resize(520, 400);
+    return picture.grab().toImage();
+}
+
+/// How many pixels of a square about the place are clearly not background.
+int drawnAbout(const QImage &image, const FitSketch::Place &place, int halfSide, const QColor &base)
+{
+    int drawn = 0;
+    for (int y = int(place.y) - halfSide; y <= int(place.y) + halfSide; ++y) {
+        for (int x = int(place.x) - halfSide; x <= int(place.x) + halfSide; ++x)
+            drawn += qAbs(qGray(image.pixel(x, y)) - qGray(base.rgb())) > 60 ? 1 : 0;
+    }
+    return drawn;
+}
+
+} // namespace
+
+class FitPictureTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldDrawEveryPointOnAnyPalette_data();
+    void shouldDrawEveryPointOnAnyPalette();
+    void shouldSetOffTheWorstPoint();
+    void shouldDrawInBrokenLinesWhatIsNotSure();
+    void shouldStartWithTheWidestView();
+    void shouldShowAnotherSide();
+};
+
+void FitPictureTest::shouldDrawEveryPointOnAnyPalette_data()
+{
+    QTest::addColumn<QColor>("base");
+    QTest::addColumn<QColor>("text");
+    QTest::newRow("light") << QColor(Qt::white) << QColor(Qt::black);
+    QTest::newRow("dark") << QColor(30, 30, 34) << QColor(Qt::white);
+}
+
+void FitPictureTest::shouldDrawEveryPointOnAnyPalette()
+{
+    QFETCH(QColor, base);
+    QFETCH(QColor, text);
+    FitPicture picture;
+    picture.setPalette(paletteOf(base, text));
+    picture.show(plate, matched(), -1);
+
+    const QImage image = grabbed(picture);
+
+    const FitSketch sketch = FitSketch::of(plate, matched().mapped, FitSketch::Along::Z, 520, 400);
+    for (const FitSketch::Pair &pair : sketch.pairs)
+        QVERIFY(drawnAbout(image, pair.reference, 6, base) > 15);
+    QVERIFY(drawnAbout(image, sketch.pairs[2].mapped, 3, base) > 15);
+    QCOMPARE(image.pixelColor(260, 200), base);
+}
+
+void FitPictureTest::shouldSetOffTheWorstPoint()
+{
+    FitPicture picture;
+    picture.setPalette(paletteOf(Qt::white, Qt::black));
+    picture.show(plate, matched(), -1);
+    const FitSketch::Place worst =
+        FitSketch::of(plate, matched().mapped, FitSketch::Along::Z, 520, 400).pairs[2].reference;
+    const int without = drawnAbout(grabbed(picture), worst, 16, Qt::white);
+
+    picture.show(plate, matched(), 2);
+
+    QVERIFY(drawnAbout(grabbed(picture), worst, 16, Qt::white) > without + 40);
+}
+
+void FitPictureTest::shouldDrawInBrokenLinesWhatIsNotSure()
+{
+    FitPicture picture;
+    picture.show(plate, matched(), -1);
+    const QImage sure = grabbed(picture);
+    MatchingEvaluation unsure = matched();
+    unsure.otherOrderFits = true;
+
+    picture.show(plate, unsure, -1);
+
+    const FitSketch::Place place =
+        FitSketch::of(plate, matched().mapped, FitSketch::Along::Z, 520, 400).pairs[2].mapped;
+    const QPoint centre(int(place.x), int(place.y));
+    QVERIFY(sure.pixelColor(centre) != grabbed(picture).pixelColor(centre));
+}
+
+void FitPictureTest::shouldStartWithTheWidestView()
+{
+    FitPicture picture;
+    const MatchingPoints upright = {{0, 0, 0}, {0, 500, 0}, {0, 0, 700}};
+    MatchingEvaluation evaluation = matched();
+    evaluation.mapped = upright;
+    picture.show(upright, evaluation, -1);
+    QVERIFY(picture.view() == FitSketch::Along::X);
+}
+
+void FitPictureTest::shouldShowAnotherSide()
+{
+    FitPicture picture;
+    picture.show(plate, matched(), -1);
+    const QImage fromAbove = grabbed(picture);
+
+    picture.setView(FitSketch::Along::Y);
+
+    QVERIFY(grabbed(picture) != fromAbove);
+}
+
+ROOM_TEST_CLASS(FitPictureTest)
+
+#include "FitPictureTest.moc"
