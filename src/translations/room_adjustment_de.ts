@@ -876,6 +876,60 @@ rz (phi)    Bereich [-180 Grad .. +180 Grad]</translation>
     </message>
 </context>
 <context>
+    <name>FitPicture</name>
+    <message>
+        <source>%1 mm</source>
+        <translation>%1 mm</translation>
+    </message>
+    <message>
+        <source>Errors are drawn %1 times as large.</source>
+        <translation>Fehler sind %1-mal so groß gezeichnet.</translation>
+    </message>
+    <message>
+        <source>Broken lines: another order of the points fits as well.</source>
+        <translation>Gestrichelt: Eine andere Reihenfolge der Punkte passt ebenso gut.</translation>
+    </message>
+</context>
+<context>
+    <name>FitPictureWindow</name>
+    <message>
+        <source>Picture of the matching</source>
+        <translation>Bild der Zuordnung</translation>
+    </message>
+    <message>
+        <source>&amp;Seen along</source>
+        <translation>&amp;Blick entlang</translation>
+    </message>
+    <message>
+        <source>The axis of the reference coordinates that you look along</source>
+        <translation>Die Achse der Referenzkoordinaten, an der man entlang blickt</translation>
+    </message>
+    <message>
+        <source>the x axis</source>
+        <translation>der x-Achse</translation>
+    </message>
+    <message>
+        <source>the y axis</source>
+        <translation>der y-Achse</translation>
+    </message>
+    <message>
+        <source>the z axis</source>
+        <translation>der z-Achse</translation>
+    </message>
+    <message>
+        <source>Crosses are the reference points, discs the measured points, each carried over by the transformation. The ring marks the worst point.</source>
+        <translation>Kreuze sind die Referenzpunkte, Scheiben die gemessenen Punkte, jeder durch die Transformation übertragen. Der Ring kennzeichnet den schlechtesten Punkt.</translation>
+    </message>
+    <message>
+        <source>Picture of the reference points and the measured points</source>
+        <translation>Bild der Referenzpunkte und der gemessenen Punkte</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+</context>
+<context>
     <name>HelpDialog</name>
     <message>
         <source>Help</source>
@@ -1012,6 +1066,13 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>How to adjust the room based on reference points</source>
         <translation>So wird der Raum anhand von Referenzpunkten justiert</translation>
+    </message>
+</context>
+<context>
+    <name>NumberBox</name>
+    <message>
+        <source>Only one number from %1 to %2 fits here, with at most %3 decimals after one point or one comma. The value is still %4.</source>
+        <translation>Hier passt nur eine Zahl von %1 bis %2, mit höchstens %3 Nachkommastellen nach einem Punkt oder einem Komma. Der Wert ist weiterhin %4.</translation>
     </message>
 </context>
 <context>
@@ -1198,6 +1259,28 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>bsDoubleWidget</name>
+    <message>
+        <source>Wheel for %1</source>
+        <translation>Drehrad für %1</translation>
+    </message>
+</context>
+<context>
+    <name>xyzWidget</name>
+    <message>
+        <source>X :</source>
+        <translation>X :</translation>
+    </message>
+    <message>
+        <source>Y :</source>
+        <translation>Y :</translation>
+    </message>
+    <message>
+        <source>Z :</source>
+        <translation>Z :</translation>
     </message>
 </context>
 </TS>
