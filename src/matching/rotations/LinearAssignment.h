@@ -1,0 +1,59 @@
+#pragma once
+
+#include <limits>
+#include <vector>
+
+/// The cheapest complete assignment of rows to columns, by shortest augmenting paths.
+///
+/// Shapes: `count` rows and as many columns; the cost of row i and column j is `costs[i * count + j]`. An
+/// infinite cost forbids the pair; no cost may be NaN or minus infinity.
+/// Prices: u of the rows and v of the columns with cost - u - v >= 0 for every pair (but for rounding), so
+/// that no assignment costs less than the sum of all prices, and one with the pair (i, j) no less than that
+/// sum and the rest of the pair. A solution begins with the column prices of the one before; where costs have
+/// changed little, that leaves little to do. Source: R. Jonker, A. Volgenant, Computing 38 (1987) 325.
+class LinearAssignment
+{
+public:
+    /// At least one row.
+    explicit LinearAssignment(int count);
+
+    /// False when every complete assignment costs more than `limit`, or none is allowed; rows and columns
+    /// then have no partners.
+    [[nodiscard]] bool solve(const std::vector<double> &costs,
+                             double limit = std::numeric_limits<double>::infinity());
+
+    /// The sum of all prices, after a solution the cost of the assignment but for rounding.
+    [[nodiscard]] double bound() const;
+
+    /// The column of every row.
+    [[nodiscard]] const std::vector<int> &columns() const { return m_columnOfRow; }
+
+    [[nodiscard]] const std::vector<double> &rowPrices() const { return m_rowPrices; }
+    [[nodiscard]] const std::vector<double> &columnPrices() const { return m_columnPrices; }
+
+    /// Prices to begin the next solution with; any finite ones.
+    void setColumnPrices(const std::vector<double> &prices) { m_columnPrices = prices; }
+
+private:
+    [[nodiscard]] const double *rowOf(const double *costs, int row) const;
+    void reduceRows(const double *costs);
+    void transferReductions(const double *costs);
+    bool transferTo(const double *costs, int &row);
+    [[nodiscard]] bool augment(const double *costs, int freeRow, double &bound, double limit);
+    void begin();
+    [[nodiscard]] int scanRow(const double *costs, int row);
+    void raisePrices(int freeRow);
+    void flip(int freeRow, int column);
+
+    int m_count;
+    double m_reached = 0.0; ///< the length of the shortest path to the columns seen last
+    std::vector<double> m_rowPrices;
+    std::vector<double> m_columnPrices;
+    std::vector<int> m_columnOfRow;
+    std::vector<int> m_rowOfColumn;
+    std::vector<int> m_freeRows;
+    std::vector<double> m_lengths;
+    std::vector<int> m_rowBefore;
+    std::vector<int> m_open;   ///< columns that no path has been settled to
+    std::vector<int> m_closed; ///< columns with a settled path
+};
