@@ -13,11 +13,11 @@ namespace
 constexpr double largestFactorError = 0.05;
 constexpr double samePlaceMm = 3.0;
 constexpr std::size_t fewestToMirror = 4;
-constexpr std::size_t mostToMirror = 200;
+constexpr std::size_t mostToMirror = 100;
 constexpr double mirrorLimitOfExtent = 0.02;
 
-/// Of the search for a mirror image, shared by all pairs of points: a step goes through all of them.
-constexpr std::size_t mirrorWork = 1000000;
+/// Of the search for a mirror image, in times that the tree asks whether to go on: some 20 ms at most.
+constexpr int mirrorQuestions = 60;
 
 /// Root mean square of the distances from the centre.
 double extentOf(const MatchingPoints &points)
@@ -71,7 +71,7 @@ void findSamePlace(SetHints &hints, const MatchingPoints &references, const Matc
 }
 
 /// Ends a walk at the first order that stays within the limit.
-class AnyOrder : public AssignmentTree::Visitor
+class AnyOrder : public OrderVisitor
 {
 public:
     AnyOrder(const MatchingPoints &references, const MatchingPoints &measured, double limitMm)
@@ -102,7 +102,7 @@ bool fits(const MatchingPoints &references, const MatchingPoints &measured, doub
     const TwinPoints referenceTwins(references), measuredTwins(measured);
     AssignmentTree tree(fit, referenceTwins, measuredTwins);
     AnyOrder order(references, measured, limitMm);
-    std::size_t questions = mirrorWork / (references.size() * references.size());
+    int questions = mirrorQuestions;
     const bool ended = tree.walk(order, [&questions]() { return questions-- > 0; });
     return !ended && order.exists();
 }

@@ -29,7 +29,7 @@ struct SetHints {
     Larger larger = Larger::References; ///< of no meaning without a factor
 
     /// The measured points fit the mirror image of the reference points, within 2 % of their extent, and do
-    /// not fit the reference points. For 4 to 200 points, lists of the same length and without another hint.
+    /// not fit the reference points. For 4 to 100 points, lists of the same length and without another hint.
     bool mirrored = false;
 
     /// Two measured points, by index, that are less than 3 mm apart and less than half as far as any two

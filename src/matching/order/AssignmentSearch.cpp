@@ -1,6 +1,8 @@
 #include "AssignmentSearch.h"
 
-#include "TwinOrders.h"
+#include "AssignmentTree.h"
+#include "BestOrder.h"
+#include "RotationSearch.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,18 +14,25 @@ namespace
 
 constexpr int firstExchangeable = 3;
 constexpr std::size_t largestLoopCount = 6;
+
+/// Up to here, the tree has few orders to go through in the worst case.
+constexpr std::size_t largestTreeCount = 8;
+
+/// Of the tree before the rotations take over, in times that it asks whether to go on: about 5 ms.
+constexpr std::size_t treeQuestions = 10;
+constexpr std::size_t pointsPerTreeQuestion = 8;
+
+/// Beyond these, the squares of what a unit turn does to measured points overflow, or those of the distances
+/// that are left of any measured points below that.
+constexpr double largestMeasuredSideMm = 4e156;
+constexpr double largestReferenceSideMm = 1e158;
+
 constexpr double firstLimitOfSpread = 1e-4;
-constexpr int largestExchangeCount = 5040;
+constexpr double limitGrowth = 1.1;
 constexpr double rivalFactor = 1.02;
 constexpr double rivalMm = 0.05;
 
-double largestCoordinate(const MatchingPoints &points)
-{
-    double largest = 0.0;
-    for (const MatchingPoint &point : points)
-        largest = std::max({largest, std::fabs(point[0]), std::fabs(point[1]), std::fabs(point[2])});
-    return largest;
-}
+const AssignmentSearch::Result cancelled = {AssignmentSearch::Outcome::Cancelled, {}, -1.0F};
 
 AssignmentSearch::Result resultOf(const KeptOrder &kept)
 {
@@ -32,77 +41,54 @@ AssignmentSearch::Result resultOf(const KeptOrder &kept)
     return {AssignmentSearch::Outcome::Found, kept.order(), kept.best()};
 }
 
-/// Offers to the keeper every order that comes, and those that only exchange equal points with it.
-class BestOrder : public AssignmentTree::Visitor
+/// The longest side of the box around the points.
+double longestSide(const MatchingPoints &points)
+{
+    double longest = 0.0;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        double low = points.front()[axis], high = low;
+        for (const MatchingPoint &point : points) {
+            low = std::min(low, point[axis]);
+            high = std::max(high, point[axis]);
+        }
+        longest = std::max(longest, high - low);
+    }
+    return longest;
+}
+
+/// Lets the tree take a fixed number of steps.
+class TreeSteps
 {
 public:
-    BestOrder(OrderFit &fit, const TwinPoints &references, const TwinPoints &measured)
-        : m_fit(fit)
-        , m_exchanges(references.any())
-        , m_twins(m_exchanges || measured.any())
-        , m_singles(fit.references(), static_cast<int>(fit.references().size()))
-        , m_orders(references, measured)
-        , m_sameNumbers(m_singles, measured)
-        , m_noiseMm(1e-13 * (largestCoordinate(fit.references()) + largestCoordinate(fit.measured())))
+    TreeSteps(const OrderVisitor::GoOn &goOn, std::size_t points)
+        : m_goOn(goOn)
+        , m_endless(points <= largestTreeCount)
+        , m_left(treeQuestions + points / pointsPerTreeQuestion)
     {
     }
 
-    void setLimitMm(double limit) { m_limitMm = limit; }
-    [[nodiscard]] const KeptOrder &kept() const { return m_kept; }
+    [[nodiscard]] bool areUsedUp() const { return !m_endless && m_left == 0; }
 
-    [[nodiscard]] double limitMm() const override
+    [[nodiscard]] OrderVisitor::GoOn goOn()
     {
-        return m_kept.isEmpty() ? m_limitMm : std::min(m_limitMm, static_cast<double>(m_kept.best()));
-    }
-
-    bool visit(const PointOrder &order) override
-    {
-        const OrderFit::Result fit = m_fit.fit(order);
-        if (!fit.isValid())
-            return true;
-        if (!m_twins)
-            m_kept.offer(order, fit.rmsMm);
-        else if (m_exchanges && roundingDecides(fit.rmsMm))
-            m_orders.forEachExchange(order, largestExchangeCount,
-                                     [this](const PointOrder &other) { offer(other); });
-        else
-            m_kept.offer(m_orders.first(order), m_orders.last(order), fit.rmsMm);
-        return true;
+        return [this]() {
+            if (areUsedUp())
+                return false;
+            --m_left;
+            return !m_goOn || m_goOn();
+        };
     }
 
 private:
-    /// Equal measured points give the same numbers in any order.
-    void offer(const PointOrder &order)
-    {
-        const OrderFit::Result fit = m_fit.fit(order);
-        if (fit.isValid())
-            m_kept.offer(m_sameNumbers.first(order), m_sameNumbers.last(order), fit.rmsMm);
-    }
-
-    /// True if residuals that differ by rounding may differ in single precision, or in being below it.
-    [[nodiscard]] bool roundingDecides(double rmsMm) const
-    {
-        const double noise = 1e-12 * rmsMm + m_noiseMm;
-        const double low = rmsMm - noise, high = rmsMm + noise;
-        const auto rounded = static_cast<float>(rmsMm);
-        const auto single = static_cast<double>(rounded);
-        return static_cast<float>(low) < rounded || static_cast<float>(high) > rounded ||
-               (low <= single && single <= high);
-    }
-
-    OrderFit &m_fit;
-    bool m_exchanges;
-    bool m_twins;
-    TwinPoints m_singles;
-    TwinOrders m_orders;
-    TwinOrders m_sameNumbers;
-    double m_noiseMm;
-    double m_limitMm = std::numeric_limits<double>::infinity();
-    KeptOrder m_kept;
+    const OrderVisitor::GoOn &m_goOn;
+    bool m_endless;
+    std::size_t m_left;
 };
 
+} // namespace
+
 /// Stops at the first order but one that fits within the limit.
-class RivalOrder : public AssignmentTree::Visitor
+class RivalOrder : public OrderVisitor
 {
 public:
     RivalOrder(OrderFit &fit, const PointOrder &known, double limitMm)
@@ -131,8 +117,6 @@ private:
     bool m_exists = false;
 };
 
-} // namespace
-
 AssignmentSearch::AssignmentSearch(const MatchingPoints &references, const MatchingPoints &measured)
     : m_fit(references, measured)
     , m_referenceTwins(references, firstExchangeable)
@@ -140,16 +124,41 @@ AssignmentSearch::AssignmentSearch(const MatchingPoints &references, const Match
 {
 }
 
+AssignmentSearch::~AssignmentSearch() = default;
+
 /// No order can be valid: a residual that is not finite never improves, and without a triple there is no
 /// start.
-bool AssignmentSearch::isHopeless() const
+std::optional<AssignmentSearch::Result> AssignmentSearch::answerAtOnce(const GoOn &goOn) const
 {
-    return !allFinite(m_fit.references()) || !allFinite(m_fit.measured()) || !m_fit.canStart();
+    const MatchingPoints &references = m_fit.references(), &measured = m_fit.measured();
+    if (!allFinite(references) || !allFinite(measured) || longestSide(measured) > largestMeasuredSideMm ||
+        longestSide(references) > largestReferenceSideMm)
+        return Result();
+    if (references.size() > mostPoints)
+        return cancelled;
+    switch (m_fit.anyStart(goOn)) {
+    case OrderFit::Start::Possible:
+        return std::nullopt;
+    case OrderFit::Start::Impossible:
+        return Result();
+    case OrderFit::Start::Cancelled:
+        break;
+    }
+    return cancelled;
 }
 
 AssignmentSearch::Result AssignmentSearch::run(const GoOn &goOn)
 {
-    return m_fit.references().size() <= largestLoopCount ? runLoop() : runTree(goOn);
+    if (m_fit.references().size() <= largestLoopCount)
+        return runLoop();
+    if (const std::optional<Result> answer = answerAtOnce(goOn))
+        return *answer;
+    BestOrder best(m_fit, m_referenceTwins, m_measuredTwins);
+    TreeSteps steps(goOn, m_fit.references().size());
+    if (walkTree(best, steps.goOn()))
+        return resultOf(best.kept());
+    const bool gaveUp = steps.areUsedUp() || m_treeIsFull;
+    return gaveUp && walkRotations(best, goOn) ? resultOf(best.kept()) : cancelled;
 }
 
 AssignmentSearch::Result AssignmentSearch::runLoop()
@@ -165,25 +174,71 @@ AssignmentSearch::Result AssignmentSearch::runLoop()
     return resultOf(kept);
 }
 
-/// Walks with a narrow limit first and doubles it until an order within it is valid: all that fit as well
-/// have then been visited, too.
 AssignmentSearch::Result AssignmentSearch::runTree(const GoOn &goOn)
 {
-    if (isHopeless())
-        return {};
-    AssignmentTree tree(m_fit, m_referenceTwins, m_measuredTwins);
+    if (const std::optional<Result> answer = answerAtOnce(goOn))
+        return *answer;
     BestOrder best(m_fit, m_referenceTwins, m_measuredTwins);
+    return walkTree(best, goOn) ? resultOf(best.kept()) : cancelled;
+}
+
+AssignmentSearch::Result AssignmentSearch::runRotations(const GoOn &goOn)
+{
+    if (const std::optional<Result> answer = answerAtOnce(goOn))
+        return *answer;
+    BestOrder best(m_fit, m_referenceTwins, m_measuredTwins);
+    return walkRotations(best, goOn) ? resultOf(best.kept()) : cancelled;
+}
+
+/// Walks with a narrow limit first and doubles it until an order within it is valid: all that fit as well
+/// have then been visited, too.
+bool AssignmentSearch::walkTree(BestOrder &best, const GoOn &goOn)
+{
+    AssignmentTree tree(m_fit, m_referenceTwins, m_measuredTwins);
     const double largest = 2.0 * tree.largestRmsMm();
     double limit = std::max(2.0 * tree.leastRmsMm(), firstLimitOfSpread * largest);
     for (;;) {
-        best.setLimitMm(limit);
-        if (!tree.walk(best, goOn))
-            return {Outcome::Cancelled, {}, -1.0F};
+        best.setLimit(limit);
+        if (!tree.walk(best, goOn)) {
+            m_treeIsFull = tree.isFull();
+            return false;
+        }
         const double reached = best.kept().isEmpty() ? 2.0 * limit : static_cast<double>(best.kept().best());
         if (reached <= limit || limit > largest)
-            return resultOf(best.kept());
+            return true;
         limit = reached;
     }
+}
+
+/// Begins with the orders that are probably the best. If none of them is valid, the limit grows from the
+/// least of their residuals; a little only, as the number of orders grows fast with it.
+bool AssignmentSearch::walkRotations(BestOrder &best, const GoOn &goOn)
+{
+    RotationSearch &search = rotations();
+    best.setLimit(std::numeric_limits<double>::infinity());
+    if (!search.visitLikely(best, goOn))
+        return false;
+    const double largest = 2.0 * search.largestRmsMm();
+    double limit = std::max(search.leastLikelyRmsMm(), firstLimitOfSpread * largest);
+    for (;;) {
+        if (!best.kept().isEmpty())
+            limit = static_cast<double>(best.kept().best());
+        best.setLimit(limit);
+        if (!search.walk(best, goOn))
+            return false;
+        const bool reached = !best.kept().isEmpty() && static_cast<double>(best.kept().best()) <= limit;
+        if (reached || limit > largest)
+            return true;
+        limit *= limitGrowth;
+    }
+}
+
+RotationSearch &AssignmentSearch::rotations()
+{
+    if (!m_rotations)
+        m_rotations = std::make_unique<RotationSearch>(m_fit.references(), m_fit.measured(), m_referenceTwins,
+                                                       m_measuredTwins);
+    return *m_rotations;
 }
 
 AssignmentSearch::Rival AssignmentSearch::findRival(const Result &found, const GoOn &goOn)
@@ -193,7 +248,28 @@ AssignmentSearch::Rival AssignmentSearch::findRival(const Result &found, const G
     const auto best = static_cast<double>(found.bestMm);
     AssignmentTree tree(m_fit, m_referenceTwins, m_measuredTwins);
     RivalOrder rival(m_fit, found.order, std::max(rivalFactor * best, best + rivalMm));
-    if (tree.walk(rival, goOn))
+    TreeSteps steps(goOn, m_fit.references().size());
+    bool complete = tree.walk(rival, steps.goOn());
+    if (!complete && !rival.exists() && (steps.areUsedUp() || tree.isFull()))
+        complete = swapPairs(rival, found.order) && rotations().walk(rival, goOn);
+    if (complete)
         return Rival::None;
     return rival.exists() ? Rival::Exists : Rival::Cancelled;
+}
+
+/// Where many orders fit, one that exchanges two partners mostly does. False when that is so.
+bool AssignmentSearch::swapPairs(RivalOrder &rival, const PointOrder &found) const
+{
+    const RotationBound bound(m_fit.references(), m_fit.measured());
+    const double limit = bound.sumWithin(rival.limitMm());
+    PointOrder order = found;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        for (std::size_t j = i + 1; j < order.size(); ++j) {
+            std::swap(order[i], order[j]);
+            if (!bound.exceeds(bound.momentsOf(order), limit) && !rival.visit(order))
+                return false;
+            std::swap(order[i], order[j]);
+        }
+    }
+    return true;
 }

@@ -7,7 +7,8 @@ namespace
 {
 
 constexpr int unassigned = -1;
-constexpr unsigned stepsBetweenQuestions = 8;
+constexpr std::size_t pairsBetweenQuestions = 20000;
+constexpr std::size_t mostListed = 8000000;
 
 constexpr double lengthSlack = 2e-12;
 
@@ -30,6 +31,7 @@ AssignmentTree::AssignmentTree(const OrderFit &fit, const TwinPoints &references
     , m_referenceTaken(fit.references().size(), 0)
     , m_measuredTaken(fit.references().size(), 0)
     , m_covered(fit.references().size(), 0)
+    , m_listedAt(fit.references().size() + 1, 0)
 {
     for (Level &level : m_levels)
         level.partners.resize(fit.references().size());
@@ -55,7 +57,7 @@ double AssignmentTree::limit() const
     return m_bound.sumWithin(m_visitor->limitMm());
 }
 
-bool AssignmentTree::walk(Visitor &visitor, const GoOn &goOn)
+bool AssignmentTree::walk(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn)
 {
     m_visitor = &visitor;
     m_goOn = &goOn;
@@ -72,9 +74,31 @@ bool AssignmentTree::walk(Visitor &visitor, const GoOn &goOn)
     return !fillLevel(0) || descend(0);
 }
 
+bool AssignmentTree::isFull() const
+{
+    return m_listed > mostListed;
+}
+
 bool AssignmentTree::mayGoOn()
 {
-    return ++m_steps % stepsBetweenQuestions != 0 || !*m_goOn || (*m_goOn)();
+    m_work += m_order.size() * m_order.size();
+    if (isFull())
+        return false;
+    if (m_work < pairsBetweenQuestions)
+        return true;
+    m_work = 0;
+    return !*m_goOn || (*m_goOn)();
+}
+
+/// A level keeps the room that it once had.
+void AssignmentTree::countPartners(int depth)
+{
+    std::size_t listed = 0;
+    for (const std::vector<int> &partners : at(m_levels, depth).partners)
+        listed += partners.size();
+    std::size_t &most = at(m_listedAt, depth);
+    m_listed += std::max(listed, most) - most;
+    most = std::max(listed, most);
 }
 
 bool AssignmentTree::descend(int depth)
@@ -132,6 +156,7 @@ bool AssignmentTree::assign(int depth, int reference, int measured)
         if (!at(m_referenceTaken, i))
             at(next.partners, i) = at(level.partners, i);
     }
+    countPartners(depth + 1);
     return fillLevel(depth + 1);
 }
 

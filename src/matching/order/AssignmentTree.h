@@ -1,11 +1,10 @@
 #pragma once
 
-#include "KeptOrder.h"
 #include "OrderFit.h"
+#include "OrderVisitor.h"
 #include "RotationBound.h"
 #include "TwinPoints.h"
 
-#include <functional>
 #include <vector>
 
 /// Walks through the orders of measured points that can fit as well as a limit asks for, and leaves out the
@@ -18,33 +17,20 @@
 class AssignmentTree
 {
 public:
-    /// Told about complete orders.
-    class Visitor
-    {
-    public:
-        virtual ~Visitor() = default;
-
-        /// The root mean square in mm that orders of interest do not exceed; may fall during the walk.
-        [[nodiscard]] virtual double limitMm() const = 0;
-
-        /// False ends the walk.
-        virtual bool visit(const PointOrder &order) = 0;
-    };
-
-    /// Asked every few steps (less than a few milliseconds apart); false ends the walk.
-    using GoOn = std::function<bool()>;
-
     /// `fit` must outlive the tree. All coordinates finite.
     AssignmentTree(const OrderFit &fit, const TwinPoints &references, const TwinPoints &measured);
 
     /// Visits every order that may reach the visitor's limit and can start. False when it was ended early.
-    [[nodiscard]] bool walk(Visitor &visitor, const GoOn &goOn);
+    [[nodiscard]] bool walk(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
 
     /// The root mean square in mm that no order falls below, by the lengths of the points alone.
     [[nodiscard]] double leastRmsMm() const;
 
     /// The root mean square in mm that no order exceeds when its refinement is the best.
     [[nodiscard]] double largestRmsMm() const;
+
+    /// True when a walk ended because it would have needed more than 32 MB.
+    [[nodiscard]] bool isFull() const;
 
 private:
     struct Level {
@@ -70,6 +56,7 @@ private:
     [[nodiscard]] bool keepsTwinsAscending(int reference, int measured) const;
     [[nodiscard]] bool triplePasses(int reference) const;
     [[nodiscard]] double limit() const;
+    void countPartners(int depth);
     bool mayGoOn();
 
     const OrderFit &m_fit;
@@ -82,7 +69,9 @@ private:
     std::vector<char> m_referenceTaken;
     std::vector<char> m_measuredTaken;
     std::vector<char> m_covered;
-    Visitor *m_visitor = nullptr;
-    const GoOn *m_goOn = nullptr;
-    unsigned m_steps = 0;
+    OrderVisitor *m_visitor = nullptr;
+    const OrderVisitor::GoOn *m_goOn = nullptr;
+    std::size_t m_work = 0;
+    std::vector<std::size_t> m_listedAt; ///< the most partners that every level has had room for
+    std::size_t m_listed = 0;            ///< their sum
 };

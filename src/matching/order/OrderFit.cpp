@@ -7,6 +7,8 @@
 namespace
 {
 
+constexpr int triplesBetweenQuestions = 20000;
+
 const MatchingPoint &pointAt(const MatchingPoints &points, int index)
 {
     return points[static_cast<std::size_t>(index)];
@@ -48,18 +50,40 @@ bool OrderFit::canStart(const PointOrder &order) const
     return triplesAllowStart(m_references.front().data(), triple[0].data());
 }
 
-bool OrderFit::canStart() const
+OrderFit::Start OrderFit::anyStart(const OrderVisitor::GoOn &goOn) const
 {
-    const int count = static_cast<int>(m_measured.size());
     if (!triplesAllowStart(m_references.front().data(), m_references.front().data()))
-        return false;
+        return Start::Impossible;
+    const int count = static_cast<int>(m_measured.size());
+    int asked = 0;
     for (int i = 0; i < count; ++i) {
         for (int j = 0; j < count; ++j) {
-            for (int k = 0; k < count; ++k) {
-                if (canStart({i, j, k}))
-                    return true;
+            asked += count;
+            if (asked > triplesBetweenQuestions) {
+                asked = 0;
+                if (goOn && !goOn())
+                    return Start::Cancelled;
             }
+            if (anyThird(i, j))
+                return Start::Possible;
         }
+    }
+    return Start::Impossible;
+}
+
+/// Whether the two points and any third one allow a start. Most that do not are told by the normal, which is
+/// then exactly zero.
+bool OrderFit::anyThird(int first, int second) const
+{
+    const MatchingPoint &p = pointAt(m_measured, first), &q = pointAt(m_measured, second);
+    const MatchingPoint u = {q[0] - p[0], q[1] - p[1], q[2] - p[2]};
+    for (int third = 0; third < static_cast<int>(m_measured.size()); ++third) {
+        const MatchingPoint &r = pointAt(m_measured, third);
+        const MatchingPoint w = {r[0] - p[0], r[1] - p[1], r[2] - p[2]};
+        const bool noNormal = u[1] * w[2] - u[2] * w[1] == 0.0 && u[2] * w[0] - u[0] * w[2] == 0.0 &&
+                              u[0] * w[1] - u[1] * w[0] == 0.0;
+        if (!noNormal && canStart({first, second, third}))
+            return true;
     }
     return false;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeptOrder.h"
 #include "MatchingPoint.h"
+#include "OrderVisitor.h"
 
 #include <array>
 
@@ -27,13 +27,18 @@ public:
     /// True if the first three pairs of `order` allow a start.
     [[nodiscard]] bool canStart(const PointOrder &order) const;
 
-    /// True if the reference points and at least one triple of measured points allow a start.
-    [[nodiscard]] bool canStart() const;
+    enum class Start { Possible, Impossible, Cancelled };
+
+    /// Whether the reference points and at least one triple of measured points allow a start. `goOn` is asked
+    /// before every twenty thousand triples but the first, less than a millisecond apart; false cancels.
+    [[nodiscard]] Start anyStart(const OrderVisitor::GoOn &goOn) const;
 
     [[nodiscard]] const MatchingPoints &references() const { return m_references; }
     [[nodiscard]] const MatchingPoints &measured() const { return m_measured; }
 
 private:
+    [[nodiscard]] bool anyThird(int first, int second) const;
+
     MatchingPoints m_references;
     MatchingPoints m_measured;
     MatchingPoints m_ordered;

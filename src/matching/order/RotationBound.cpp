@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 namespace
@@ -46,7 +47,7 @@ double powerOfTwoAbove(double value)
 {
     int exponent = 0;
     std::frexp(value, &exponent);
-    return std::ldexp(1.0, exponent);
+    return std::ldexp(1.0, std::min(exponent, std::numeric_limits<double>::max_exponent - 1));
 }
 
 double squareOf(double value)

@@ -32,6 +32,10 @@ public:
 
     [[nodiscard]] double unitMm() const { return m_unitMm; }
 
+    /// From their centre, in the unit.
+    [[nodiscard]] const MatchingPoints &centredReferences() const { return m_references.centred; }
+    [[nodiscard]] const MatchingPoints &centredMeasured() const { return m_measured.centred; }
+
     [[nodiscard]] Moments extended(const Moments &moments, int reference, int measured) const;
 
     /// The moments of all pairs of an order.

@@ -7,6 +7,9 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <numeric>
+
 namespace
 {
 
@@ -16,25 +19,47 @@ using Rival = AssignmentSearch::Rival;
 struct Totals {
     int cases = 0;
     int valid = 0;
+    int rotations = 0; ///< searches over rotations that have ended
 };
 
-/// An empty text, or what differs between the search and the loop.
+/// Lets a search ask so often before it is cancelled.
+AssignmentSearch::GoOn questions(int count)
+{
+    return [count]() mutable { return count-- > 0; };
+}
+
+/// An empty text, or what differs from the loop.
+QString difference(const AssignmentSearch::Result &result, const PlainLoop &loop)
+{
+    if ((result.outcome == Outcome::Found) != loop.found)
+        return QStringLiteral("found");
+    if (result.order != loop.order)
+        return QStringLiteral("order");
+    if (result.bestMm < loop.best || result.bestMm > loop.best)
+        return QStringLiteral("residual");
+    return {};
+}
+
+/// Every third set goes through the rotations as well, which take longer on few points.
 QString difference(const SweepFamilies::Case &points, Totals &totals)
 {
     const PlainLoop loop(points.references, points.measured);
     AssignmentSearch search(points.references, points.measured);
     const AssignmentSearch::Result tree = search.runTree({});
-    ++totals.cases;
     totals.valid += loop.found ? 1 : 0;
-    if ((tree.outcome == Outcome::Found) != loop.found)
-        return QStringLiteral("found");
-    if (tree.order != loop.order)
-        return QStringLiteral("order");
-    if (tree.bestMm < loop.best || tree.bestMm > loop.best)
-        return QStringLiteral("residual");
+    const QString wrong = difference(tree, loop);
+    if (!wrong.isEmpty())
+        return wrong;
     if (loop.found && (search.findRival(tree, {}) == Rival::Exists) != loop.rivalExists)
         return QStringLiteral("rival");
-    return {};
+    if (++totals.cases % 3 != 0)
+        return {};
+    const AssignmentSearch::Result rotations = search.runRotations(questions(200));
+    if (rotations.outcome == Outcome::Cancelled)
+        return {};
+    ++totals.rotations;
+    const QString wrongToo = difference(rotations, loop);
+    return wrongToo.isEmpty() ? wrongToo : QStringLiteral("over rotations, ") + wrongToo;
 }
 
 } // namespace
@@ -47,18 +72,21 @@ class AssignmentSweepTest : public QObject
 private slots:
     void shouldGiveTheLoopsResult_data();
     void shouldGiveTheLoopsResult();
+    void shouldGiveTheSameOverRotations();
+    void shouldFindPlantedOrders_data();
+    void shouldFindPlantedOrders();
 };
 
 void AssignmentSweepTest::shouldGiveTheLoopsResult_data()
 {
     QTest::addColumn<int>("points");
     QTest::addColumn<int>("cases");
-    QTest::newRow("3 points") << 3 << TestLoad::share(4000);
-    QTest::newRow("4 points") << 4 << TestLoad::share(6000);
-    QTest::newRow("5 points") << 5 << TestLoad::share(6000);
-    QTest::newRow("6 points") << 6 << TestLoad::share(3500);
-    QTest::newRow("7 points") << 7 << TestLoad::share(1000);
-    QTest::newRow("8 points") << 8 << TestLoad::share(506);
+    QTest::newRow("3 points") << 3 << TestLoad::share(5000);
+    QTest::newRow("4 points") << 4 << TestLoad::share(7000);
+    QTest::newRow("5 points") << 5 << TestLoad::share(5500);
+    QTest::newRow("6 points") << 6 << TestLoad::share(2000);
+    QTest::newRow("7 points") << 7 << TestLoad::share(400);
+    QTest::newRow("8 points") << 8 << TestLoad::share(100);
 }
 
 void AssignmentSweepTest::shouldGiveTheLoopsResult()
@@ -79,6 +107,63 @@ void AssignmentSweepTest::shouldGiveTheLoopsResult()
     }
     QCOMPARE(totals.cases, cases);
     QVERIFY2(totals.valid > cases / 2, qPrintable(QString::number(totals.valid)));
+    QVERIFY2(totals.rotations > cases / 4, qPrintable(QString::number(totals.rotations)));
+}
+
+/// Beyond what the loop can do: wherever both searches end, they must agree.
+void AssignmentSweepTest::shouldGiveTheSameOverRotations()
+{
+    PointSets sets(9100);
+    int compared = 0;
+    const int cases = TestLoad::share(300);
+    const std::vector<SweepFamilies::Family> &families = SweepFamilies::all();
+    for (int i = 0; i < cases; ++i) {
+        const SweepFamilies::Family &family = families[static_cast<std::size_t>(i) % families.size()];
+        const SweepFamilies::Case points = family.make(sets, 9 + i % 7);
+        AssignmentSearch search(points.references, points.measured);
+        const AssignmentSearch::Result tree = search.runTree(questions(100));
+        const AssignmentSearch::Result rotations = search.runRotations(questions(100));
+        if (tree.outcome == Outcome::Cancelled || rotations.outcome == Outcome::Cancelled)
+            continue;
+        ++compared;
+        QVERIFY2(tree.outcome == rotations.outcome && tree.order == rotations.order,
+                 qPrintable(QStringLiteral("%1, case %2").arg(QString::fromStdString(family.name)).arg(i)));
+        QCOMPARE(tree.bestMm, rotations.bestMm);
+    }
+    QVERIFY2(compared > cases / 2, qPrintable(QString::number(compared)));
+}
+
+void AssignmentSweepTest::shouldFindPlantedOrders_data()
+{
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("cases");
+    QTest::newRow("9 points") << 9 << TestLoad::share(250);
+    QTest::newRow("12 points") << 12 << TestLoad::share(250);
+    QTest::newRow("20 points") << 20 << TestLoad::share(200);
+    QTest::newRow("50 points") << 50 << TestLoad::share(200);
+    QTest::newRow("100 points") << 100 << TestLoad::share(70);
+    QTest::newRow("200 points") << 200 << TestLoad::share(30);
+}
+
+void AssignmentSweepTest::shouldFindPlantedOrders()
+{
+    QFETCH(int, points);
+    QFETCH(int, cases);
+    PointSets sets(static_cast<unsigned>(9200 + points));
+    for (int i = 0; i < cases; ++i) {
+        const std::vector<double> values = sets.box(points, 2000);
+        const MatchingPoints references = asPoints(values), moved = asPoints(sets.moved(values, 0.2));
+        PointOrder planted(references.size());
+        std::iota(planted.begin(), planted.end(), 0);
+        std::shuffle(planted.begin(), planted.end(), sets.generator());
+        MatchingPoints measured(references.size());
+        for (std::size_t k = 0; k < planted.size(); ++k)
+            measured[static_cast<std::size_t>(planted[k])] = moved[k];
+        AssignmentSearch search(references, measured);
+        const AssignmentSearch::Result result = search.run({});
+        QVERIFY(result.outcome == Outcome::Found);
+        QCOMPARE(result.order, planted);
+    }
 }
 
 ROOM_TEST_CLASS(AssignmentSweepTest)

@@ -179,6 +179,56 @@ Case farAway(PointSets &sets, int count)
     return measuredWith(sets, references, 0.3);
 }
 
+Case noiseOfTheSpacing(PointSets &sets, int count)
+{
+    return measuredWith(sets, sets.box(count, 1000), 200.0);
+}
+
+Case measuredTwice(PointSets &sets, int count)
+{
+    const Values references = sets.box(count, 1000);
+    Values measured = sets.moved(references, 0.3);
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        measured[axis] = measured[axis + 3] + sets.integer(0, 1) * sets.noise(0.3);
+    return {asPoints(references), asPoints(sets.shuffled(measured))};
+}
+
+Case oneWrong(PointSets &sets, int count)
+{
+    const Values references = sets.box(count, 1000);
+    Values measured = sets.moved(references, 0.3);
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        measured[axis] += sets.uniform(-500, 500);
+    return {asPoints(references), asPoints(sets.shuffled(measured))};
+}
+
+Case halfMoved(PointSets &sets, int count)
+{
+    const Values references = sets.box(count, 1000);
+    Values measured = sets.moved(references, 0.3);
+    for (std::size_t i = 0; i < measured.size() / 2; i += 3)
+        measured[i] += 150.0;
+    return {asPoints(references), asPoints(sets.shuffled(measured))};
+}
+
+Case inches(PointSets &sets, int count)
+{
+    const Values references = sets.box(count, 1000);
+    Values measured = sets.moved(references, 0.3);
+    for (double &value : measured)
+        value *= 25.4;
+    return {asPoints(references), asPoints(sets.shuffled(measured))};
+}
+
+/// A million metres away, or a hundredth of a millimetre large.
+Case extreme(PointSets &sets, int count)
+{
+    if (sets.integer(0, 1))
+        return measuredWith(sets, sets.box(count, 0.01), 0.0);
+    Values references = sets.box(count, 1e9);
+    return measuredWith(sets, references, sets.integer(0, 1) * 1e3);
+}
+
 /// Small whole numbers: many equal distances, many residuals that are exactly equal.
 Case lattice(PointSets &sets, int count)
 {
@@ -217,6 +267,12 @@ const std::vector<Family> &SweepFamilies::all()
         {"tiny", tiny},
         {"far away", farAway},
         {"lattice", lattice},
+        {"noise of the spacing", noiseOfTheSpacing},
+        {"measured twice", measuredTwice},
+        {"one wrong", oneWrong},
+        {"half moved", halfMoved},
+        {"inches", inches},
+        {"extreme", extreme},
     };
     return families;
 }

@@ -1,0 +1,141 @@
+#include "CellOrders.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace
+{
+
+constexpr long stepsBetweenQuestions = 1000;
+
+template <class List>
+auto &at(List &list, int index)
+{
+    return list[static_cast<std::size_t>(index)];
+}
+
+} // namespace
+
+CellOrders::CellOrders(const TwinPoints &references, const TwinPoints &measured)
+    : m_references(references)
+    , m_measured(measured)
+    , m_groups(0)
+{
+    m_count = 0;
+    for (int group = 0; group < references.groupCount(); ++group) {
+        m_room.push_back(static_cast<int>(references.members(group).size()));
+        m_count += references.members(group).size();
+    }
+    m_options.resize(m_count);
+    m_places.resize(m_count);
+    m_groups.resize(m_count);
+}
+
+bool CellOrders::prepare(const std::vector<double> &rests, double gap, std::size_t mostPairs)
+{
+    m_gap = gap;
+    if (!findOptions(rests, mostPairs))
+        return false;
+    for (std::vector<Option> &options : m_options)
+        std::sort(options.begin(), options.end(),
+                  [](const Option &left, const Option &right) { return left.rest < right.rest; });
+    sortPlaces();
+    return true;
+}
+
+CellOrders::Outcome CellOrders::forEach(long mostSteps, const Visit &visit)
+{
+    m_visit = &visit;
+    m_goOn = nullptr;
+    m_stepsLeft = mostSteps;
+    return descend(0, m_gap);
+}
+
+CellOrders::Outcome CellOrders::forEach(const OrderVisitor::GoOn &goOn, const Visit &visit)
+{
+    m_visit = &visit;
+    m_goOn = &goOn;
+    m_stepsLeft = stepsBetweenQuestions;
+    return descend(0, m_gap);
+}
+
+bool CellOrders::mayStep()
+{
+    if (--m_stepsLeft >= 0)
+        return true;
+    m_stepsLeft = stepsBetweenQuestions;
+    return m_goOn != nullptr && (!*m_goOn || (*m_goOn)());
+}
+
+/// Rows of equal reference points have the same rests but for rounding.
+bool CellOrders::findOptions(const std::vector<double> &rests, std::size_t mostPairs)
+{
+    for (std::vector<Option> &options : m_options)
+        options.clear();
+    std::size_t pairs = 0;
+    for (int group = 0; group < m_references.groupCount(); ++group) {
+        for (std::size_t j = 0; j < m_count; ++j) {
+            double rest = std::numeric_limits<double>::infinity();
+            for (const int i : m_references.members(group))
+                rest = std::min(rest, rests[static_cast<std::size_t>(i) * m_count + j]);
+            if (!(rest <= m_gap))
+                continue;
+            m_options[j].push_back({std::max(rest, 0.0), group});
+            if (++pairs > mostPairs)
+                return false;
+        }
+    }
+    return true;
+}
+
+/// Equal measured points stand one behind the other.
+void CellOrders::sortPlaces()
+{
+    const auto optionCount = [this](int j) {
+        return at(m_options, m_measured.members(m_measured.group(j)).front()).size();
+    };
+    std::iota(m_places.begin(), m_places.end(), 0);
+    std::sort(m_places.begin(), m_places.end(), [&](int left, int right) {
+        const std::size_t leftCount = optionCount(left), rightCount = optionCount(right);
+        if (leftCount != rightCount)
+            return leftCount < rightCount;
+        const int leftGroup = m_measured.group(left), rightGroup = m_measured.group(right);
+        return leftGroup != rightGroup ? leftGroup < rightGroup : left < right;
+    });
+}
+
+CellOrders::Outcome CellOrders::descend(std::size_t depth, double gap)
+{
+    if (depth == m_count)
+        return (*m_visit)(order()) ? Outcome::Complete : Outcome::Ended;
+    const int j = m_places[depth];
+    const bool hasTwin = depth > 0 && m_measured.group(m_places[depth - 1]) == m_measured.group(j);
+    const int firstGroup = hasTwin ? at(m_groups, m_places[depth - 1]) : 0;
+    for (const Option &option : at(m_options, j)) {
+        if (option.rest > gap)
+            break;
+        if (option.group < firstGroup || at(m_room, option.group) == 0)
+            continue;
+        if (!mayStep())
+            return Outcome::TooMany;
+        at(m_groups, j) = option.group;
+        --at(m_room, option.group);
+        const Outcome outcome = descend(depth + 1, gap - option.rest);
+        ++at(m_room, option.group);
+        if (outcome != Outcome::Complete)
+            return outcome;
+    }
+    return Outcome::Complete;
+}
+
+PointOrder CellOrders::order() const
+{
+    std::vector<std::size_t> taken(static_cast<std::size_t>(m_references.groupCount()), 0);
+    PointOrder order(m_count);
+    for (std::size_t j = 0; j < m_count; ++j) {
+        const int group = m_groups[j];
+        at(order, m_references.members(group)[at(taken, group)++]) = static_cast<int>(j);
+    }
+    return order;
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "CellOrders.h"
+#include "LinearAssignment.h"
+#include "OrderVisitor.h"
+#include "RotationBound.h"
+#include "RotationCell.h"
+#include "RotationCosts.h"
+
+#include <vector>
+
+/// Walks through the orders of measured points that can fit as well as a limit asks for, by way of the
+/// rotations that they fit best under.
+///
+/// In a part of all rotations (RotationCell) an order costs at its centre no more than at its own best
+/// rotation and what the turn between them adds (RotationCosts::turnWeights). So a cell whose best assignment
+/// at the centre costs more than the limit and that addition holds no order of interest; otherwise the
+/// assignment's prices exclude pairs for the whole cell, and the few orders that are left are visited, or the
+/// cell is cut in two. The work grows with a power of the number of points where the tree (AssignmentTree)
+/// grows without end; for points that fit, the tree is quicker. Orders that only exchange equal points count
+/// as one, as in the tree. Source: H. Li, R. Hartley, ICCV 2007.
+class RotationSearch
+{
+public:
+    /// All coordinates finite. Keeps up to 50 bytes for every pair of points.
+    RotationSearch(const MatchingPoints &references, const MatchingPoints &measured,
+                   const TwinPoints &referenceTwins, const TwinPoints &measuredTwins);
+
+    /// Visits orders that are probably among the best: those that assignment and rotation in turn lead to,
+    /// from rotations all over. The visitor's limit has no say. False when it was ended early.
+    [[nodiscard]] bool visitLikely(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
+
+    /// Visits every order that may reach the visitor's limit, which must be finite. False when it was ended
+    /// early.
+    [[nodiscard]] bool walk(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
+
+    /// The least root mean square in mm of the orders that visitLikely() led to.
+    [[nodiscard]] double leastLikelyRmsMm() const { return m_leastLikelyMm; }
+
+    /// The root mean square in mm that no order exceeds when its refinement is the best.
+    [[nodiscard]] double largestRmsMm() const;
+
+private:
+    using Prices = std::vector<double>;
+
+    struct Start {
+        RotationCell cell;
+        Prices prices;
+        double bound = 0.0;
+    };
+
+    void begin(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
+    void makeStarts();
+    bool follow(const Start &start);
+    bool explore(const RotationCell &cell, const Prices &prices);
+    bool divide(const RotationCell &cell, const RotationCell::Matrix &weights);
+    [[nodiscard]] double allowedCost(double slack) const;
+    void findRests();
+    void exclude(double gap);
+    void admit(std::size_t excludedBefore);
+    bool offer(const PointOrder &order);
+    bool isFew(double gap);
+    bool visitAll(double gap);
+    bool mayGoOn();
+
+    RotationBound m_bound;
+    RotationCosts m_costsUnder;
+    LinearAssignment m_assignment;
+    CellOrders m_orders;
+    std::vector<Start> m_starts;
+    std::vector<double> m_costs;
+    std::vector<double> m_penalties; ///< infinite for the pairs that are excluded from the cell
+    std::vector<double> m_rests;
+    std::vector<std::size_t> m_excluded;
+    std::size_t m_knownCount;
+    std::vector<short> m_known; ///< orders that have come, each at a place that its numbers tell
+    OrderVisitor *m_visitor = nullptr;
+    const OrderVisitor::GoOn *m_goOn = nullptr;
+    double m_leastLikelyMm = 0.0;
+    unsigned m_steps = 0;
+    long m_savedSteps = 0;
+    long m_manySteps = 1000;
+};
