@@ -454,10 +454,7 @@ void AbcMatchingDialog::evaluate()
 
 void AbcMatchingDialog::cancelSearch()
 {
-    m_evaluation->cancel();
-    MatchingEvaluation evaluation;
-    evaluation.outcome = MatchingEvaluation::Outcome::Cancelled;
-    showEvaluation(evaluation);
+    showEvaluation(m_evaluation->cancel());
 }
 
 void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)

@@ -50,7 +50,7 @@ std::optional<MatchingEvaluation> EvaluationThread::start(const MatchingPoints &
     const std::chrono::nanoseconds end = usedTime() + immediateTime;
     const MatchingEvaluation evaluation =
         MatchingEvaluation::of(references, measured, order, [end] { return usedTime() < end; });
-    if (evaluation.outcome != MatchingEvaluation::Outcome::Cancelled)
+    if (evaluation.outcome != MatchingEvaluation::Outcome::Cancelled && !evaluation.otherOrdersUnknown)
         return evaluation;
     const auto job = std::make_shared<Job>();
     job->references = references;
@@ -67,15 +67,18 @@ std::optional<MatchingEvaluation> EvaluationThread::start(const MatchingPoints &
     return std::nullopt;
 }
 
-void EvaluationThread::cancel()
+MatchingEvaluation EvaluationThread::cancel()
 {
+    MatchingEvaluation nothing;
+    nothing.outcome = MatchingEvaluation::Outcome::Cancelled;
     if (!m_job)
-        return;
+        return nothing;
     const std::shared_ptr<Job> job = std::move(m_job);
     m_job = nullptr;
     job->cancelled = true;
     job->thread->disconnect(this);
     job->thread->wait();
+    return job->evaluation;
 }
 
 void EvaluationThread::finish(const std::shared_ptr<Job> &job)

@@ -28,8 +28,9 @@ public:
 
     [[nodiscard]] bool isRunning() const { return m_job != nullptr; }
 
-    /// Ends a running evaluation; finished() does not come.
-    void cancel();
+    /// Ends a running evaluation and returns what it has: Matched if only the search for another order that
+    /// fits was going on, else Cancelled. finished() does not come.
+    MatchingEvaluation cancel();
 
 signals:
     void finished(const MatchingEvaluation &evaluation);

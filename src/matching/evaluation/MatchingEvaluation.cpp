@@ -35,11 +35,8 @@ bool searchOrder(MatchingEvaluation &evaluation, const MatchingPoints &reference
     if (result.outcome != AssignmentSearch::Outcome::Found)
         return false;
     const AssignmentSearch::Rival rival = search.findRival(result, goOn);
-    if (rival == AssignmentSearch::Rival::Cancelled) {
-        evaluation.outcome = Outcome::Cancelled;
-        return false;
-    }
     evaluation.otherOrderFits = rival == AssignmentSearch::Rival::Exists;
+    evaluation.otherOrdersUnknown = rival == AssignmentSearch::Rival::Cancelled;
     evaluation.order = result.order;
     return true;
 }

@@ -19,7 +19,7 @@ struct MatchingEvaluation {
         NoValidOrder,     ///< no order of the measured points can be fitted
         StartFailed,      ///< see `code`, of trafo3d_3trafo
         RefinementFailed, ///< see `code`, of trafo3d_opttrafo
-        Cancelled,        ///< the search was ended before its result was sure
+        Cancelled,        ///< the search was ended before its order was sure
         Matched,
     };
 
@@ -32,7 +32,8 @@ struct MatchingEvaluation {
     using GoOn = std::function<bool()>;
 
     /// Evaluates copies of the lists. A search for up to six points, or for points that fit, ends within
-    /// milliseconds; points that fit badly may take for ever.
+    /// milliseconds; points that fit badly take longer, and if no order is valid it may never end. An order
+    /// that is sure is not lost when `goOn` ends the search for another one that fits.
     [[nodiscard]] static MatchingEvaluation of(const MatchingPoints &references,
                                                const MatchingPoints &measured, Order order, const GoOn &goOn);
 
@@ -47,6 +48,9 @@ struct MatchingEvaluation {
     bsMatrix roomFromReference;      ///< rigid; the inverse of the fit
     bool otherOrderFits =
         false; ///< another order is as good: within 2 % of the residual or 0.05 mm (searches)
+
+    /// The search was ended while it looked for such an order: there may be one or not.
+    bool otherOrdersUnknown = false;
 
     /// The reference point whose distance is the worst, if that is more than three times the median and at
     /// least 0.01 mm; else -1.

@@ -43,7 +43,7 @@ bool isMarked(const QTableWidget *table, int row)
            !table->item(row, 0)->icon().isNull();
 }
 
-/// Points that no order can lay on each other, so that the search has to look at most of them.
+/// Points that no order can lay on each other.
 MatchingPoints unrelated(std::size_t count, unsigned seed)
 {
     std::minstd_rand random(seed);
@@ -52,6 +52,16 @@ MatchingPoints unrelated(std::size_t count, unsigned seed)
     for (MatchingPoint &point : points)
         point = {std::round(coordinate(random)), std::round(coordinate(random)),
                  std::round(coordinate(random))};
+    return points;
+}
+
+/// Points so far away that rounding leaves no order less likely than the others: a search for theirs does not
+/// end.
+MatchingPoints farAway(std::size_t count)
+{
+    MatchingPoints points = unrelated(count, 2);
+    for (MatchingPoint &point : points)
+        point[0] += 1e15;
     return points;
 }
 
@@ -490,7 +500,7 @@ void MatchingResultTest::shouldCancelALongSearch()
 {
     QFETCH(bool, byClosing);
     const MatchingPoints references = unrelated(24, 1);
-    const MatchingPoints measured = unrelated(24, 2);
+    const MatchingPoints measured = farAway(24);
     OpenedDialog opened;
     opened.run([&] {
         enter(opened, references);
@@ -520,14 +530,17 @@ void MatchingResultTest::shouldCancelALongSearch()
 
 void MatchingResultTest::shouldFinishALongSearch()
 {
-    const MatchingPoints references = unrelated(10, 5);
-    const MatchingPoints measured = unrelated(10, 6);
+    const MatchingPoints references = unrelated(60, 5);
+    const MatchingPoints measured = unrelated(60, 6);
     OpenedDialog opened;
+    const auto isSearching = [&opened] { return opened.report().startsWith(QStringLiteral("Searching")); };
     opened.run([&] {
+        // The progress closes by itself.
+        opened.answers().then([&](QWidget *) { QTRY_VERIFY_WITH_TIMEOUT(!isSearching(), 60000); });
         enter(opened, references);
         for (const MatchingPoint &point : measured)
             opened.measure(point);
-        QTRY_VERIFY_WITH_TIMEOUT(!opened.report().startsWith(QStringLiteral("Searching")), 60000);
+        QTRY_VERIFY_WITH_TIMEOUT(!isSearching(), 60000);
         QVERIFY(opened.report().startsWith(QStringLiteral("Transformation evaluation report")) ||
                 opened.report().startsWith(QStringLiteral("No valid permutation")));
     });
@@ -536,7 +549,7 @@ void MatchingResultTest::shouldFinishALongSearch()
 void MatchingResultTest::shouldReplaceARunningSearch()
 {
     const MatchingPoints references = unrelated(24, 1);
-    const MatchingPoints measured = unrelated(24, 2);
+    const MatchingPoints measured = farAway(24);
     OpenedDialog opened;
     opened.run([&] {
         enter(opened, references);
@@ -552,7 +565,7 @@ void MatchingResultTest::shouldReplaceARunningSearch()
 void MatchingResultTest::shouldSurviveItsEndDuringASearch()
 {
     const MatchingPoints references = unrelated(24, 1);
-    const MatchingPoints measured = unrelated(24, 2);
+    const MatchingPoints measured = farAway(24);
     OpenedDialog opened;
     opened.run([&] {
         enter(opened, references);

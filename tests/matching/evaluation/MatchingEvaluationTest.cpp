@@ -44,6 +44,7 @@ private slots:
     void shouldReportARefinementThatFails();
     void shouldReportThatNoOrderIsValid();
     void shouldReportACancelledSearch();
+    void shouldKeepASureOrderWhenTheSearchForAnotherIsCancelled();
     void shouldHandOutTheRoomFromTheReference();
     void shouldNameTheWorstPair_data();
     void shouldNameTheWorstPair();
@@ -133,6 +134,29 @@ void MatchingEvaluationTest::shouldReportACancelledSearch()
     QVERIFY(evaluation.outcome == Outcome::Cancelled);
     QVERIFY(evaluation.order.empty());
     QVERIFY(!evaluation.roomFromReference.differs(bsMatrix::identityMatrix()));
+}
+
+void MatchingEvaluationTest::shouldKeepASureOrderWhenTheSearchForAnotherIsCancelled()
+{
+    PointSets sets(97);
+    const MatchingPoints references = asPoints(sets.box(15, 1000)), measured = asPoints(sets.box(15, 1000));
+    const MatchingEvaluation whole = evaluated(references, measured);
+    QVERIFY(whole.outcome == Outcome::Matched && !whole.otherOrdersUnknown);
+    int cancelled = 0, unknown = 0;
+    MatchingEvaluation cut;
+    for (int questions = 0; cut.outcome != Outcome::Matched || cut.otherOrdersUnknown; ++questions) {
+        int left = questions;
+        cut = MatchingEvaluation::of(references, measured, Order::Searched, [&left]() { return left-- > 0; });
+        cancelled += cut.outcome == Outcome::Cancelled ? 1 : 0;
+        if (cut.outcome == Outcome::Cancelled)
+            continue;
+        unknown += cut.otherOrdersUnknown ? 1 : 0;
+        QCOMPARE(cut.order, whole.order);
+        QCOMPARE(cut.rmsMm, whole.rmsMm);
+    }
+    QVERIFY(cancelled > 10);
+    QVERIFY(unknown > 0);
+    QCOMPARE(cut.otherOrderFits, whole.otherOrderFits);
 }
 
 void MatchingEvaluationTest::shouldHandOutTheRoomFromTheReference()
