@@ -159,6 +159,10 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>%1 of %2 points measured</source>
         <translation>%1 von %2 Punkten gemessen</translation>
     </message>
+    <message>
+        <source>Reading points...</source>
+        <translation>Punkte werden gelesen ...</translation>
+    </message>
 </context>
 <context>
     <name>AbcMatchingDialogClass</name>
@@ -996,6 +1000,10 @@ Umschalt + linke Maustaste</translation>
         <source>The reference points could not be saved in &quot;%1&quot;. An older file of that name is as it was.</source>
         <translation>Die Referenzpunkte konnten nicht in „%1“ gespeichert werden. Eine ältere Datei dieses Namens ist, wie sie war.</translation>
     </message>
+    <message>
+        <source>A list holds %1 points at most; there would be more. The list is as it was.</source>
+        <translation>Eine Liste fasst höchstens %1 Punkte; es wären mehr. Die Liste ist, wie sie war.</translation>
+    </message>
 </context>
 <context>
     <name>MatchingHelpClass</name>
@@ -1139,6 +1147,13 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>The scaling %1 of the room stays in force after &quot;Apply&quot;: all positions will be scaled by it. &quot;Reset scaling&quot; on the tab &quot;Fine&quot; sets it to 1.</source>
         <translation>Die Skalierung %1 des Raums gilt nach „Übernehmen“ weiter: Alle Positionen werden damit skaliert. „Skalierung zurücksetzen“ auf der Registerkarte „Fein“ setzt sie auf 1.</translation>
+    </message>
+</context>
+<context>
+    <name>ReadingProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -3,7 +3,9 @@
 #include "ListReport.h"
 #include "NumberText.h"
 #include "ObjectWatch.h"
+#include "PointFileReading.h"
 #include "PointItem.h"
+#include "PointLimit.h"
 #include "ReferencePointFile.h"
 
 #include <QTableWidgetItem>
@@ -31,6 +33,10 @@ ListEditing::ListEditing(MatchingLists &lists, QWidget *window)
 void ListEditing::addReference()
 {
     PointTable &table = m_lists.referenceTable();
+    if (table.rowCount() >= static_cast<int>(largestPointCount)) {
+        tell(&ListReport::tooManyPoints);
+        return;
+    }
     const ObjectWatch self(this);
     change(m_lists.referenceList(), table.rowCount(), 0, PointRows(1), ListChange::Points::FromCells);
     if (self)
@@ -118,23 +124,41 @@ void ListEditing::takeTypedRow(int row, const PointRow &before)
 
 void ListEditing::load()
 {
-    using Result = ReferencePointFile::LoadResult;
     const ObjectWatch self(this);
     const QString name = m_questions.fileToLoad();
-    if (name.isEmpty() || !self)
+    if (!name.isEmpty() && self)
+        loadFile(name);
+}
+
+void ListEditing::loadFile(const QString &fileName)
+{
+    using Result = PointFileReading::Result;
+    PointFileReading reading(fileName);
+    if (!m_questions.readAll(reading))
         return;
-    MatchingPoints points;
-    const Result result = ReferencePointFile::load(name, points);
-    if (result == Result::UnknownFormat) {
+    switch (reading.result()) {
+    case Result::NotOpened:
+        break;
+    case Result::UnknownFormat:
         m_questions.tellFormatIsUnknown();
-    } else if (result == Result::Loaded) {
-        PointRows rows;
-        rows.reserve(points.size());
-        for (const MatchingPoint &point : points)
-            rows.push_back({point, {}});
-        change(m_lists.referenceList(), 0, m_lists.referenceTable().rowCount(), std::move(rows),
-               ListChange::Points::AsGiven);
+        break;
+    case Result::TooManyPoints:
+        tell(&ListReport::tooManyPoints);
+        break;
+    case Result::Loaded:
+        takeLoaded(reading.takePoints());
+        break;
     }
+}
+
+void ListEditing::takeLoaded(const MatchingPoints &points)
+{
+    PointRows rows;
+    rows.reserve(points.size());
+    for (const MatchingPoint &point : points)
+        rows.push_back({point, {}});
+    change(m_lists.referenceList(), 0, m_lists.referenceTable().rowCount(), std::move(rows),
+           ListChange::Points::AsGiven);
 }
 
 void ListEditing::save()

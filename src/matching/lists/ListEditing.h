@@ -35,6 +35,7 @@ public:
     void takeReferenceCell(QTableWidgetItem &item);
 
     void load();
+    void loadFile(const QString &fileName);
     void save();
 
     /// Nothing happens while the lists may not be changed, as their disabled tables say.
@@ -55,6 +56,7 @@ private:
     void change(PointList &list, int first, int removed, PointRows added, ListChange::Points points);
     void takeTypedRow(int row, const PointRow &before);
     void refuseNumber(const QString &entered, int row, const PointRow &before);
+    void takeLoaded(const MatchingPoints &points);
     void end();
     void tell(Notice notice);
 

@@ -2,6 +2,7 @@
 
 #include "PointFilePrompt.h"
 #include "Prompt.h"
+#include "ReadingProgress.h"
 
 bool ListQuestions::shallRemoveRow(int row) const
 {
@@ -22,6 +23,11 @@ QString ListQuestions::fileToLoad() const
 QString ListQuestions::fileToSave() const
 {
     return PointFilePrompt::fileToSave(m_window, tr("Save reference points"), tr("Text file (*.txt)"));
+}
+
+bool ListQuestions::readAll(PiecewiseReading &reading) const
+{
+    return ReadingProgress::readAll(reading, m_window, tr("Reading points..."));
 }
 
 void ListQuestions::tellNothingIsSelected() const

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QString>
 
+class PiecewiseReading;
 class QWidget;
 
 /// What is asked and told in windows of their own while lists of points are edited.
@@ -27,6 +28,10 @@ public:
     /// Empty when the user cancelled.
     [[nodiscard]] QString fileToLoad() const;
     [[nodiscard]] QString fileToSave() const;
+
+    /// Reads everything, with a progress window once that takes long. False when the user cancelled, and when
+    /// the window in front of which this stands is gone.
+    [[nodiscard]] bool readAll(PiecewiseReading &reading) const;
 
     void tellNothingIsSelected() const;
     void tellNothingIsToSave() const;

@@ -9,5 +9,6 @@ class ListReport
     Q_DECLARE_TR_FUNCTIONS(ListReport)
 
 public:
+    [[nodiscard]] static QString tooManyPoints();
     [[nodiscard]] static QString notSaved(const QString &fileName);
 };

@@ -1,73 +1,17 @@
 #include "ReferencePointFile.h"
 
 #include "NumberText.h"
-#include "ReferencePointReader.h"
+#include "RegularFile.h"
 
 #include <QFile>
 #include <QSaveFile>
 
-#include <sys/stat.h>
-
-#include <cstdio>
-#include <memory>
-
-namespace
-{
-
-struct FileCloser {
-    void operator()(std::FILE *file) const { std::fclose(file); }
-};
-
-using FilePointer = std::unique_ptr<std::FILE, FileCloser>;
-
-using Status = struct stat;
-
-bool readStatus(const QByteArray &name, Status &status)
-{
-    return ::stat(name.constData(), &status) == 0;
-}
-
-bool isThere(const QByteArray &name)
-{
-    Status status{};
-    return readStatus(name, status);
-}
-
-/// A directory opens but cannot be read, and a pipe may wait for ever.
-bool isRegularFile(const QByteArray &name)
-{
-    Status status{};
-    return readStatus(name, status) && S_ISREG(status.st_mode);
-}
-
-FilePointer openForReading(const QByteArray &name)
-{
-    return FilePointer(isRegularFile(name) ? std::fopen(name.constData(), "rb") : nullptr);
-}
-
-} // namespace
-
 namespace ReferencePointFile
 {
 
-LoadResult load(const QString &fileName, MatchingPoints &points)
-{
-    FilePointer file = openForReading(fileName.toLatin1());
-    if (!file)
-        file = openForReading(QFile::encodeName(fileName));
-    QFile device;
-    if (!file || !device.open(file.get(), QIODevice::ReadOnly))
-        return LoadResult::NotOpened;
-    std::optional<MatchingPoints> loaded = ReferencePointReader(device).read();
-    if (!loaded)
-        return LoadResult::UnknownFormat;
-    points = std::move(*loaded);
-    return LoadResult::Loaded;
-}
-
 bool exists(const QString &fileName)
 {
-    return isThere(fileName.toLatin1()) || isThere(QFile::encodeName(fileName));
+    return RegularFile::isThere(fileName.toLatin1()) || RegularFile::isThere(QFile::encodeName(fileName));
 }
 
 QString suffix()
@@ -99,7 +43,7 @@ bool save(const QString &fileName, const std::vector<Row> &rows)
 {
     const QString name = savedName(fileName);
     const QByteArray encoded = QFile::encodeName(name);
-    if (isThere(encoded) && !isRegularFile(encoded))
+    if (RegularFile::isThere(encoded) && !RegularFile::isRegular(encoded))
         return false;
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Text))

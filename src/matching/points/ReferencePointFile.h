@@ -1,7 +1,5 @@
 #pragma once
 
-#include "MatchingPoint.h"
-
 #include <QString>
 
 #include <array>
@@ -9,22 +7,11 @@
 
 class QIODevice;
 
-/// Reference point files: which file a name means, what a load brought, and the format that is saved.
+/// Reference point files: which file a name means, and the format that is saved.
 namespace ReferencePointFile
 {
 
-enum class LoadResult {
-    NotOpened,     ///< no regular file of that name can be read
-    UnknownFormat, ///< nothing in the file starts a list of points
-    Loaded,
-};
-
-/// Replaces `points` by those of the file, and leaves them as they are unless the result is Loaded.
-/// The name reaches the file system as Latin-1, or as save() writes it where there is no such file. For the
-/// formats see ReferencePointReader.
-[[nodiscard]] LoadResult load(const QString &fileName, MatchingPoints &points);
-
-/// Whether load() would find something of that name.
+/// Whether PointFileReading would find something of that name.
 [[nodiscard]] bool exists(const QString &fileName);
 
 /// The texts of the three coordinate cells of one table row.

@@ -2,8 +2,10 @@
 
 #include "Ascii.h"
 #include "NumberReader.h"
+#include "PointLimit.h"
 
 #include <cstring>
+#include <iterator>
 
 namespace
 {
@@ -64,80 +66,127 @@ bool readPoint(const char *text, MatchingPoint &point)
 
 std::optional<MatchingPoints> ReferencePointReader::read()
 {
-    bool recognised = false;
-    m_lines.next();
-    while (*m_lines.line() != '\0' || !m_lines.atEnd()) {
-        if (readBlock())
-            recognised = true;
-        else
-            m_lines.next();
+    while (readPiece()) {
     }
-    if (!recognised)
+    if (result() != Result::Read)
         return std::nullopt;
-    return std::move(m_points);
+    return takePoints();
 }
 
-/// Reads the block that the current line starts; the current line is then the first behind it.
-bool ReferencePointReader::readBlock()
+bool ReferencePointReader::readPiece()
 {
-    const char *line = m_lines.line();
-    if (startsWith(line, documentationPrefixes[0]))
-        readDocumentation();
-    else if (startsWith(line, bracketedPrefix))
-        readBracketed();
-    else if (startsWith(line, numberedPrefix))
-        readNumbered();
-    else
-        return false;
+    constexpr qint64 pieceSize = 128 * 1024;
+    const qint64 pieceEnd = m_lines.position() + pieceSize;
+    while (m_lines.position() < pieceEnd) {
+        if (m_points.size() > largestPointCount || !readLine())
+            return false;
+    }
     return true;
 }
 
-void ReferencePointReader::readDocumentation()
+ReferencePointReader::Result ReferencePointReader::result() const
 {
-    const bool anyX = readDocumentationAxis(0);
-    const bool anyY = readDocumentationAxis(1);
-    const bool anyZ = readDocumentationAxis(2);
-    if (!anyX && !anyY && !anyZ)
+    if (m_points.size() > largestPointCount)
+        return Result::TooManyPoints;
+    return m_recognised && !m_lines.isGivenUp() ? Result::Read : Result::UnknownFormat;
+}
+
+/// Does with the current line what the block wants, and goes to the next. False at the end of the text.
+bool ReferencePointReader::readLine()
+{
+    if (!m_begun) {
+        m_lines.next();
+        m_begun = true;
+    }
+    switch (m_block) {
+    case Block::None:
+        if (*m_lines.line() == '\0' && m_lines.atEnd())
+            return false;
+        beginBlock();
+        break;
+    case Block::Documentation:
+        takeDocumentationLine();
+        break;
+    case Block::Bracketed:
+        takeBracketedLine();
+        break;
+    case Block::Numbered:
+        takeNumberedLine();
+        break;
+    }
+    return true;
+}
+
+/// A line that starts a block is its first line, too. Any other is skipped.
+void ReferencePointReader::beginBlock()
+{
+    const char *line = m_lines.line();
+    if (startsWith(line, documentationPrefixes[0]))
+        m_block = Block::Documentation;
+    else if (startsWith(line, bracketedPrefix))
+        m_block = Block::Bracketed;
+    else if (startsWith(line, numberedPrefix))
+        m_block = Block::Numbered;
+    if (m_block == Block::None)
+        m_lines.next();
+    else
+        m_recognised = true;
+    m_axis = 0;
+    m_index = 0;
+    m_anyValue = false;
+}
+
+/// Behind the last value of an axis the same line may be the first of the next. A block without any value
+/// ends behind its line.
+void ReferencePointReader::takeDocumentationLine()
+{
+    if (takeDocumentationValue()) {
+        m_anyValue = true;
+        ++m_index;
+        m_lines.next();
+        return;
+    }
+    m_index = 0;
+    if (++m_axis < std::size(documentationPrefixes))
+        return;
+    m_block = Block::None;
+    if (!m_anyValue)
         m_lines.next();
 }
 
-/// Takes the lines of one axis as long as they convert. False if there was none.
-bool ReferencePointReader::readDocumentationAxis(std::size_t axis)
+bool ReferencePointReader::takeDocumentationValue()
 {
     double value = 0.0;
-    std::size_t index = 0;
-    for (;; m_lines.next(), ++index) {
-        const char *text = m_lines.line();
-        if (!skip(text, documentationPrefixes[axis]) || !skip(text, ":3:") || !readReal(text, value))
-            return index > 0;
-        if (axis == 0)
-            m_points.push_back({value, missing, missing});
-        else if (index < m_points.size())
-            m_points[index][axis] = value;
-    }
+    const char *text = m_lines.line();
+    if (!skip(text, documentationPrefixes[m_axis]) || !skip(text, ":3:") || !readReal(text, value))
+        return false;
+    if (m_axis == 0)
+        m_points.push_back({value, missing, missing});
+    else if (m_index < m_points.size())
+        m_points[m_index][m_axis] = value;
+    return true;
 }
 
-void ReferencePointReader::readBracketed()
+/// The line whose reading met the end does not count.
+void ReferencePointReader::takeBracketedLine()
 {
     MatchingPoint point{};
-    while (!m_lines.atEnd()) {
-        const char *text = m_lines.line();
-        if (skip(text, "(") && skipNumber(text) && skip(text, ")") && readPoint(text, point))
-            m_points.push_back(point);
-        m_lines.next();
-    }
+    const char *text = m_lines.line();
+    if (m_lines.atEnd())
+        m_block = Block::None;
+    else if (skip(text, "(") && skipNumber(text) && skip(text, ")") && readPoint(text, point))
+        m_points.push_back(point);
     m_lines.next();
 }
 
-void ReferencePointReader::readNumbered()
+/// The line whose reading met the end counts, and is the last.
+void ReferencePointReader::takeNumberedLine()
 {
     MatchingPoint point{};
-    for (;; m_lines.next()) {
-        const char *text = m_lines.line();
-        if (skipNumber(text) && readPoint(text, point))
-            m_points.push_back(point);
-        if (m_lines.atEnd())
-            break;
-    }
+    const char *text = m_lines.line();
+    if (skipNumber(text) && readPoint(text, point))
+        m_points.push_back(point);
+    if (m_lines.atEnd())
+        m_block = Block::None;
     m_lines.next();
 }

@@ -49,6 +49,7 @@ private slots:
     void shouldSurviveItsEndInsideAQuestion();
     void shouldLoadAFile();
     void shouldKeepThePointsForAnUnknownFormat();
+    void shouldRefuseMorePointsThanAListHolds();
     void shouldKeepThePointsWhenNothingIsChosen();
     void shouldKeepLoadedPrecisionUntilTheListIsEdited();
     void shouldSaveAFile_data();
@@ -332,6 +333,33 @@ void MatchingListsTest::shouldKeepThePointsForAnUnknownFormat()
         QCOMPARE(opened.answers().boxes(),
                  QStringList{QStringLiteral("Error loading file|Unknown format !")});
         QCOMPARE(opened.rows(referenceTable), 1);
+    });
+}
+
+void MatchingListsTest::shouldRefuseMorePointsThanAListHolds()
+{
+    const QByteArray hundredThousand = QByteArray("1 1 2 3\n").repeated(100000);
+    write("full.txt", hundredThousand);
+    write("long.txt", hundredThousand + "1 9 9 9\n");
+    OpenedDialog opened;
+    opened.run([&] {
+        FileChoice full(path("full.txt"));
+        FileChoice tooLong(path("long.txt"));
+        opened.answers().then(std::ref(full)).then(std::ref(tooLong));
+        opened.click("w_loadButton");
+        QCOMPARE(opened.rows(referenceTable), 100000);
+        QCOMPARE(opened.notice(), QString());
+        const QString notice =
+            QStringLiteral("A list holds 100000 points at most; there would be more. The list is as it was.");
+        opened.click("pushButton_addRefPoint");
+        QCOMPARE(opened.notice(), notice);
+        QCOMPARE(opened.rows(referenceTable), 100000);
+        opened.find<QTableWidget>(referenceTable)->item(7, 0)->setText(QStringLiteral("5"));
+        QCOMPARE(opened.notice(), QString());
+        opened.click("w_loadButton");
+        QCOMPARE(opened.notice(), notice);
+        QCOMPARE(opened.rows(referenceTable), 100000);
+        QCOMPARE(opened.cell(referenceTable, 7, 0), QStringLiteral("5.00"));
     });
 }
 

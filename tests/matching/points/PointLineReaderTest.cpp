@@ -68,6 +68,23 @@ private slots:
         QCOMPARE(QByteArray(reader.line()), first.left(1023));
         QVERIFY(reader.atEnd());
     }
+
+    void shouldGiveUpALineThatDoesNotEndForMegabytes()
+    {
+        constexpr int limit = 16 * 1024 * 1024;
+        for (const bool tooLong : {false, true}) {
+            QBuffer buffer;
+            buffer.setData(QByteArray(tooLong ? limit : limit - 1, 'x') + "\nnext\n");
+            QVERIFY(buffer.open(QIODevice::ReadOnly));
+            PointLineReader reader(buffer);
+            reader.next();
+            QCOMPARE(QByteArray(reader.line()), QByteArray(1023, 'x'));
+            QCOMPARE(reader.isGivenUp(), tooLong);
+            QCOMPARE(reader.atEnd(), tooLong);
+            reader.next();
+            QCOMPARE(reader.line(), tooLong ? "" : "next\n");
+        }
+    }
 };
 
 ROOM_TEST_CLASS(PointLineReaderTest)
