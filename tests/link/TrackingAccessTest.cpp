@@ -28,6 +28,7 @@ RoomTrafoData turnedRoom()
 } // namespace
 
 Q_DECLARE_METATYPE(Operation)
+Q_DECLARE_METATYPE(CoordinateType)
 
 /// Every text is spelled here once more by hand: a slip in one place meets a contradiction in the other.
 class TrackingAccessTest : public QObject
@@ -359,25 +360,26 @@ private slots:
     void shouldMapEveryCoordinateType_data()
     {
         QTest::addColumn<QByteArray>("answer");
-        QTest::addColumn<int>("code");
-        QTest::newRow("normal") << QByteArray("normal") << 0;
-        QTest::newRow("powerwall") << QByteArray("powerwall") << 1;
-        QTest::newRow("powerwall_standing") << QByteArray("powerwall_standing") << 2;
-        QTest::newRow("mid_camera") << QByteArray("mid_camera") << 3;
-        QTest::newRow("none") << QByteArray("none") << 5;
-        QTest::newRow("first_camera") << QByteArray("first_camera") << -1;
-        QTest::newRow("nothing") << QByteArray("") << -1;
+        QTest::addColumn<CoordinateType>("type");
+        QTest::newRow("normal") << QByteArray("normal") << CoordinateType::Normal;
+        QTest::newRow("powerwall") << QByteArray("powerwall") << CoordinateType::Powerwall;
+        QTest::newRow("powerwall_standing")
+            << QByteArray("powerwall_standing") << CoordinateType::PowerwallStanding;
+        QTest::newRow("mid_camera") << QByteArray("mid_camera") << CoordinateType::MidCamera;
+        QTest::newRow("none") << QByteArray("none") << CoordinateType::None;
+        QTest::newRow("first_camera") << QByteArray("first_camera") << CoordinateType::Unknown;
+        QTest::newRow("nothing") << QByteArray("") << CoordinateType::Unknown;
     }
 
     void shouldMapEveryCoordinateType()
     {
         QFETCH(QByteArray, answer);
-        QFETCH(int, code);
+        QFETCH(CoordinateType, type);
         RecordingHost host;
         host.setAnswer("roomcal coordinate_type", answer);
         const BackendVersions old = interfaceVersion(1, 8, 0);
 
-        QCOMPARE(int(TrackingAccess(&host, &old).coordinateType()), code);
+        QCOMPARE(TrackingAccess(&host, &old).coordinateType(), type);
         QCOMPARE(host.calls(), QStringList({"read roomcal coordinate_type"}));
     }
 

@@ -19,8 +19,6 @@ struct DefaultAxes {
     int top;
 };
 
-constexpr int normalType = static_cast<int>(CoordinateType::Normal);
-constexpr int unusedType = 4;
 constexpr int quarterTurn = 90;
 
 constexpr std::array<Assignment, 24> assignments{{
@@ -46,9 +44,9 @@ constexpr std::array<WholeAngles, 24> otherAngles{{
     {0, 90, 0},    {180, 90, 0}, {-90, -90, 0}, {90, -90, 0}, {0, -90, 0},   {180, -90, 0},
 }};
 
-DefaultAxes defaultAxes(int type)
+DefaultAxes defaultAxes(CoordinateType type)
 {
-    return type == normalType ? DefaultAxes{X, Z} : DefaultAxes{X, Y};
+    return type == CoordinateType::Normal ? DefaultAxes{X, Z} : DefaultAxes{X, Y};
 }
 
 /// The number of the first row with this property, or -1.
@@ -100,8 +98,7 @@ bool toQuarterAngle(double angle, int *whole)
 } // namespace
 
 AxisAssigner::AxisAssigner()
-    : m_type(noType)
-    , m_row(0)
+    : m_row(0)
 {
     assignDefault();
 }
@@ -112,9 +109,9 @@ const char *AxisAssigner::axisText(int axis)
     return texts.at(static_cast<std::size_t>(axis));
 }
 
-void AxisAssigner::setCoordinateType(int type)
+void AxisAssigner::setCoordinateType(CoordinateType type)
 {
-    m_type = type < 0 || type == unusedType ? noType : type;
+    m_type = type == CoordinateType::Unknown ? CoordinateType::None : type;
     assignDefault();
 }
 
@@ -177,5 +174,6 @@ DirectionAxes AxisAssigner::directionAxes() const
 
 WholeAngles AxisAssigner::angles() const
 {
-    return (m_type == normalType ? normalAngles : otherAngles).at(static_cast<std::size_t>(m_row));
+    return (m_type == CoordinateType::Normal ? normalAngles : otherAngles)
+        .at(static_cast<std::size_t>(m_row));
 }

@@ -17,13 +17,12 @@ using WholeAngles = std::array<int, 3>;
 /// degrees.
 ///
 /// An assignment is one of 24 right-handed triples (right, top, towards the viewer). Which rotation stands
-/// for an assignment depends on the coordinate type of the room calibration: without rotation, type 0 has x
+/// for an assignment depends on the coordinate type of the room calibration: without rotation, "normal" has x
 /// to the right and z up, every other type x to the right and y up.
 class AxisAssigner
 {
 public:
     static constexpr int axisCodes = 6;
-    static constexpr int noType = static_cast<int>(CoordinateType::None);
 
     AxisAssigner();
 
@@ -31,10 +30,10 @@ public:
     static const char *axisText(int axis);
     static int negated(int axis) { return axis ^ 1; }
 
-    /// Takes a coordinate type (0 normal, 1 powerwall, 2 powerwall standing, 3 middle camera, 5 none) and
-    /// goes to its default assignment. Negative types and 4 become 5.
-    void setCoordinateType(int type);
-    int coordinateType() const { return m_type; }
+    /// Takes a coordinate type and goes to its default assignment; the unknown type is taken as none.
+    void setCoordinateType(CoordinateType type);
+    CoordinateType coordinateType() const { return m_type; }
+    bool hasCoordinateType() const { return m_type != CoordinateType::None; }
 
     void assignDefault();
 
@@ -58,6 +57,6 @@ public:
 private:
     void assignTurned(const WholeAngles &angles);
 
-    int m_type;
+    CoordinateType m_type = CoordinateType::None;
     int m_row;
 };

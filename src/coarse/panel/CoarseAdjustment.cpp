@@ -1,6 +1,5 @@
 #include "CoarseAdjustment.h"
 
-#include "CoordinateType.h"
 #include "ObjectWatch.h"
 #include "RenderArea.h"
 #include "Resources.h"
@@ -18,11 +17,6 @@ namespace
 constexpr int rowHeight = 28;
 constexpr int columns = 4;
 constexpr int darkLightness = 128;
-
-bool isUsable(int type)
-{
-    return type >= 0 && type != AxisAssigner::noType;
-}
 
 QString textOf(int axis)
 {
@@ -91,12 +85,10 @@ void CoarseAdjustment::updatePanel()
     fillComboBoxes();
     fitColumns();
     const ObjectWatch self(this);
-    const TrackingAccess controller = m_controller;
-    const CoordinateType type = controller.coordinateType();
+    const CoordinateType type = m_controller.coordinateType();
     if (!self)
         return;
-    m_type = static_cast<int>(type);
-    m_assigner.setCoordinateType(m_type);
+    m_assigner.setCoordinateType(type);
     m_picture->setCoordinateType(m_assigner.coordinateType());
     showRoomAngles();
     m_isInitialised = true;
@@ -149,7 +141,7 @@ void CoarseAdjustment::showAssignment()
 /// Enables, disables and explains by the coordinate type and the angles.
 void CoarseAdjustment::showState()
 {
-    const bool canAssign = isUsable(m_type);
+    const bool canAssign = m_assigner.hasCoordinateType();
     m_ui->comboBox_right->setEnabled(canAssign);
     m_ui->comboBox_top->setEnabled(canAssign);
     m_ui->pushButton_reset->setEnabled(canAssign);
@@ -163,7 +155,7 @@ void CoarseAdjustment::showState()
 
 QString CoarseAdjustment::notice() const
 {
-    if (!isUsable(m_type))
+    if (!m_assigner.hasCoordinateType())
         return tr(
             "The controller has no coordinate type of a room calibration, so axes cannot be assigned to "
             "directions here. Use the tab \"Fine\".");

@@ -67,7 +67,6 @@ private:
     TrackingAccess m_controller;
     RoomAngleExchange *m_angles;
     AxisAssigner m_assigner;
-    int m_type = -1;
     bool m_isInitialised = false;
     bool m_hasQuarterAngles = true;
     RenderArea *m_picture;

@@ -1,7 +1,6 @@
 #include "RenderArea.h"
 
 #include "BackendName.h"
-#include "CoordinateType.h"
 #include "Resources.h"
 
 #include <QPaintEvent>
@@ -52,7 +51,7 @@ void RenderArea::computeLines(int width)
                QLine(30, low, 37, low),       QLine(low, 30, lowHead, 30),   QLine(low, 30, low, 37)};
 }
 
-void RenderArea::setCoordinateType(int type)
+void RenderArea::setCoordinateType(CoordinateType type)
 {
     m_type = type;
     m_picture = QPixmap(picturePath());
@@ -67,7 +66,7 @@ void RenderArea::setAxes(const DirectionAxes &axes)
 
 QString RenderArea::picturePath() const
 {
-    switch (static_cast<CoordinateType>(m_type)) {
+    switch (m_type) {
     case CoordinateType::Normal:
     case CoordinateType::Powerwall:
         return QStringLiteral(":/normal.png");
@@ -77,9 +76,11 @@ QString RenderArea::picturePath() const
         if (isBackendNamed(m_versions, QLatin1String("OKTAVO3")))
             return QStringLiteral(":/mid_camera_okt3.png");
         return QStringLiteral(":/mid_camera.png");
-    default:
-        return QStringLiteral(":/background.png");
+    case CoordinateType::None:
+    case CoordinateType::Unknown:
+        break;
     }
+    return QStringLiteral(":/background.png");
 }
 
 void RenderArea::paintEvent(QPaintEvent *event)
@@ -90,7 +91,7 @@ void RenderArea::paintEvent(QPaintEvent *event)
     const QRectF area(0, 0, m_size, m_size);
     const qreal density = m_picture.devicePixelRatio(); // the source is counted in the picture's own pixels
     painter.drawPixmap(area, m_picture, QRectF(area.topLeft(), area.size() * density));
-    if (m_type >= 0 && m_type != static_cast<int>(CoordinateType::None))
+    if (m_type != CoordinateType::Unknown && m_type != CoordinateType::None)
         drawArrows(&painter);
 }
 

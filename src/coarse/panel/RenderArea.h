@@ -22,9 +22,9 @@ public:
     /// be null; their backend name chooses between the pictures of the middle camera.
     RenderArea(int size, QWidget *parent, const BackendVersions *versions);
 
-    /// 0 normal, 1 powerwall, 2 powerwall standing, 3 middle camera; any other type is shown without arrows.
-    void setCoordinateType(int type);
-    int coordinateType() const { return m_type; }
+    /// No type and an unknown one are shown without arrows.
+    void setCoordinateType(CoordinateType type);
+    CoordinateType coordinateType() const { return m_type; }
 
     void setAxes(const DirectionAxes &axes);
     const DirectionAxes &axes() const { return m_axes; }
@@ -37,7 +37,7 @@ private:
     QString picturePath() const;
     void drawArrows(QPainter *painter) const;
 
-    int m_type = -1;
+    CoordinateType m_type = CoordinateType::Unknown;
     DirectionAxes m_axes{};
     QPixmap m_picture;
     int m_size;

@@ -55,7 +55,7 @@ Eigen::Matrix3d rotation(const WholeAngles &angles)
     return turn(angles[0], 0) * turn(angles[1], 1) * turn(angles[2], 2);
 }
 
-AxisAssigner assignerOf(int type)
+AxisAssigner assignerOf(CoordinateType type)
 {
     AxisAssigner assigner;
     assigner.setCoordinateType(type);
@@ -71,6 +71,8 @@ void choose(AxisAssigner &assigner, int right, int top)
 
 } // namespace
 
+Q_DECLARE_METATYPE(CoordinateType)
+
 class AxisAssignerTest : public QObject
 {
     Q_OBJECT
@@ -80,7 +82,7 @@ private slots:
 
     void shouldGiveTheAnglesOfTheTable()
     {
-        QFETCH(int, type);
+        QFETCH(CoordinateType, type);
         QFETCH(QString, row);
         QFETCH(QString, angles);
         const QStringList axes = row.split(QLatin1Char('/'));
@@ -103,15 +105,15 @@ private slots:
 
     void shouldShowTheAxesThatTheRotationTurnsIntoTheDirections()
     {
-        QFETCH(int, type);
+        QFETCH(CoordinateType, type);
         QFETCH(QString, row);
         const QStringList axes = row.split(QLatin1Char('/'));
         AxisAssigner assigner = assignerOf(type);
         choose(assigner, codeOf(axes[0]), codeOf(axes[1]));
 
         // The columns of the room rotation are the new axes in the coordinates of the calibration.
-        const Eigen::Vector3d up = type == 0 ? Eigen::Vector3d::UnitZ() : Eigen::Vector3d::UnitY();
-        const Eigen::Vector3d viewer = type == 0 ? Eigen::Vector3d(-Eigen::Vector3d::UnitY())
+        const Eigen::Vector3d up = type == CoordinateType::Normal ? Eigen::Vector3d::UnitZ() : Eigen::Vector3d::UnitY();
+        const Eigen::Vector3d viewer = type == CoordinateType::Normal ? Eigen::Vector3d(-Eigen::Vector3d::UnitY())
                                                  : Eigen::Vector3d(Eigen::Vector3d::UnitZ());
         const Eigen::Matrix3d r = rotation(assigner.angles());
         const DirectionAxes shown = assigner.directionAxes();
@@ -124,7 +126,7 @@ private slots:
 
     void shouldFindTheAssignmentOfItsAngles()
     {
-        QFETCH(int, type);
+        QFETCH(CoordinateType, type);
         QFETCH(QString, row);
         const QStringList axes = row.split(QLatin1Char('/'));
         AxisAssigner chosen = assignerOf(type);
@@ -139,7 +141,9 @@ private slots:
 
     void shouldFindAnAssignmentForEveryQuarterTurn()
     {
-        for (const int type : {0, 1, 2, 3, 5}) {
+        for (const CoordinateType type :
+             {CoordinateType::Normal, CoordinateType::Powerwall, CoordinateType::PowerwallStanding,
+              CoordinateType::MidCamera, CoordinateType::None}) {
             for (int n = 0; n < 5 * 5 * 5; ++n) {
                 const WholeAngles a{n % 5 * 90 - 180, n / 5 % 5 * 90 - 180, n / 25 * 90 - 180};
                 AxisAssigner assigner = assignerOf(type);
@@ -167,7 +171,7 @@ private slots:
         const QStringList topOfRight = QStringLiteral("y y x x x x").split(QLatin1Char(' '));
         const QStringList rightOfTop = QStringLiteral("y y x x x x").split(QLatin1Char(' '));
 
-        AxisAssigner byRight = assignerOf(1);
+        AxisAssigner byRight = assignerOf(CoordinateType::Powerwall);
         byRight.chooseRight(top / 2 == 0 ? 2 : 0);
         byRight.chooseTop(top);
         QCOMPARE(byRight.top(), top);
@@ -175,7 +179,7 @@ private slots:
         QCOMPARE(byRight.right(), right);
         QCOMPARE(text(byRight.top()), isValid ? text(top) : topOfRight[right]);
 
-        AxisAssigner byTop = assignerOf(1);
+        AxisAssigner byTop = assignerOf(CoordinateType::Powerwall);
         byTop.chooseTop(right / 2 == 0 ? 2 : 0);
         byTop.chooseRight(right);
         QCOMPARE(byTop.right(), right);
@@ -211,7 +215,7 @@ private slots:
             WholeAngles expected{};
             angles[place] = angle;
             expected[place] = whole;
-            AxisAssigner assigner = assignerOf(0);
+            AxisAssigner assigner = assignerOf(CoordinateType::Normal);
             assigner.chooseRight(3);
             QCOMPARE(assigner.assignAngles(angles[0], angles[1], angles[2]), isQuarter);
             QVERIFY((rotation(assigner.angles()) - rotation(expected)).norm() < 1e-12);
@@ -220,27 +224,27 @@ private slots:
 
     void shouldStartWithTheDefaultOfItsType_data()
     {
-        QTest::addColumn<int>("given");
-        QTest::addColumn<int>("kept");
+        QTest::addColumn<CoordinateType>("given");
+        QTest::addColumn<CoordinateType>("kept");
         QTest::addColumn<QString>("axes");
         const QString upIsZ = QStringLiteral("-x x z -z -y y");
         const QString upIsY = QStringLiteral("-x x y -y z -z");
-        QTest::newRow("normal") << 0 << 0 << upIsZ;
-        QTest::newRow("powerwall") << 1 << 1 << upIsY;
-        QTest::newRow("powerwall standing") << 2 << 2 << upIsY;
-        QTest::newRow("middle camera") << 3 << 3 << upIsY;
-        QTest::newRow("unused") << 4 << 5 << upIsY;
-        QTest::newRow("none") << 5 << 5 << upIsY;
-        QTest::newRow("unknown") << -1 << 5 << upIsY;
+        QTest::newRow("normal") << CoordinateType::Normal << CoordinateType::Normal << upIsZ;
+        QTest::newRow("powerwall") << CoordinateType::Powerwall << CoordinateType::Powerwall << upIsY;
+        QTest::newRow("powerwall standing")
+            << CoordinateType::PowerwallStanding << CoordinateType::PowerwallStanding << upIsY;
+        QTest::newRow("middle camera") << CoordinateType::MidCamera << CoordinateType::MidCamera << upIsY;
+        QTest::newRow("none") << CoordinateType::None << CoordinateType::None << upIsY;
+        QTest::newRow("unknown") << CoordinateType::Unknown << CoordinateType::None << upIsY;
     }
 
     void shouldStartWithTheDefaultOfItsType()
     {
-        QFETCH(int, given);
-        QFETCH(int, kept);
+        QFETCH(CoordinateType, given);
+        QFETCH(CoordinateType, kept);
         QFETCH(QString, axes);
         AxisAssigner assigner;
-        QCOMPARE(assigner.coordinateType(), 5);
+        QCOMPARE(assigner.coordinateType(), CoordinateType::None);
         assigner.chooseRight(4);
 
         assigner.setCoordinateType(given);
@@ -255,7 +259,7 @@ private slots:
 
     void shouldIgnoreCodesThatAreNoAxes()
     {
-        AxisAssigner assigner = assignerOf(0);
+        AxisAssigner assigner = assignerOf(CoordinateType::Normal);
         assigner.chooseRight(-1);
         assigner.chooseTop(6);
         QCOMPARE(assigner.right(), 0);
@@ -265,15 +269,17 @@ private slots:
 private:
     static void addRows()
     {
-        QTest::addColumn<int>("type");
+        QTest::addColumn<CoordinateType>("type");
         QTest::addColumn<QString>("row");
         QTest::addColumn<QString>("angles");
         const QStringList rows = QString::fromLatin1(tableRows).split(QStringLiteral(", "));
-        for (const int type : {0, 1, 2, 3}) {
-            const QString table = QString::fromLatin1(type == 0 ? normalAngles : otherAngles);
+        for (const CoordinateType type : {CoordinateType::Normal, CoordinateType::Powerwall,
+                                          CoordinateType::PowerwallStanding, CoordinateType::MidCamera}) {
+            const bool isNormal = type == CoordinateType::Normal;
+            const QString table = QString::fromLatin1(isNormal ? normalAngles : otherAngles);
             const QStringList angles = table.split(QStringLiteral("), "));
             for (int i = 0; i < 24; ++i)
-                QTest::addRow("type %d, %s", type, qPrintable(rows[i]))
+                QTest::addRow("type %d, %s", int(type), qPrintable(rows[i]))
                     << type << rows[i] << (i < 23 ? angles[i] + QLatin1Char(')') : angles[i]);
         }
     }

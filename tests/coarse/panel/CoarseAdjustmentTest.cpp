@@ -117,6 +117,8 @@ Eigen::Matrix3d writtenRotation(const Angles &angles)
 
 Q_DECLARE_METATYPE(Angles)
 
+Q_DECLARE_METATYPE(CoordinateType)
+
 class CoarseAdjustmentTest : public QObject
 {
     Q_OBJECT
@@ -220,32 +222,32 @@ private slots:
         Bench bench("none");
         bench.host.setAnswer(QStringLiteral("roomcal coordinate_type"), "mid_camera");
         bench.panel.updatePanel();
-        QCOMPARE(bench.picture()->coordinateType(), 3);
+        QCOMPARE(bench.picture()->coordinateType(), CoordinateType::MidCamera);
         QVERIFY(bench.right()->isEnabled());
     }
 
     void shouldShowEveryAnswerOfTheQuery_data()
     {
         QTest::addColumn<QByteArray>("answer");
-        QTest::addColumn<int>("type");
-        QTest::newRow("normal") << QByteArray("normal") << 0;
-        QTest::newRow("powerwall") << QByteArray("powerwall") << 1;
-        QTest::newRow("standing") << QByteArray("powerwall_standing") << 2;
-        QTest::newRow("middle camera") << QByteArray("mid_camera") << 3;
-        QTest::newRow("none") << QByteArray("none") << 5;
-        QTest::newRow("unknown word") << QByteArray("first_camera") << 5;
-        QTest::newRow("trailing blank") << QByteArray("normal ") << 5;
-        QTest::newRow("nothing") << QByteArray("") << 5;
-        QTest::newRow("very long") << QByteArray(1000, 'n') << 5;
+        QTest::addColumn<CoordinateType>("type");
+        QTest::newRow("normal") << QByteArray("normal") << CoordinateType::Normal;
+        QTest::newRow("powerwall") << QByteArray("powerwall") << CoordinateType::Powerwall;
+        QTest::newRow("standing") << QByteArray("powerwall_standing") << CoordinateType::PowerwallStanding;
+        QTest::newRow("middle camera") << QByteArray("mid_camera") << CoordinateType::MidCamera;
+        QTest::newRow("none") << QByteArray("none") << CoordinateType::None;
+        QTest::newRow("unknown word") << QByteArray("first_camera") << CoordinateType::None;
+        QTest::newRow("trailing blank") << QByteArray("normal ") << CoordinateType::None;
+        QTest::newRow("nothing") << QByteArray("") << CoordinateType::None;
+        QTest::newRow("very long") << QByteArray(1000, 'n') << CoordinateType::None;
     }
 
     void shouldShowEveryAnswerOfTheQuery()
     {
         QFETCH(QByteArray, answer);
-        QFETCH(int, type);
-        const bool isKnown = type != 5;
+        QFETCH(CoordinateType, type);
+        const bool isKnown = type != CoordinateType::None;
         const Bench bench(answer.constData());
-        const int top = type == 0 ? 4 : 2;
+        const int top = type == CoordinateType::Normal ? 4 : 2;
         QCOMPARE(bench.picture()->coordinateType(), type);
         QCOMPARE(bench.right()->isEnabled(), isKnown);
         QCOMPARE(bench.top()->isEnabled(), isKnown);
@@ -266,7 +268,7 @@ private slots:
         bench.panel.updatePanel();
         QCOMPARE(bench.host.reports(),
                  QStringList{QStringLiteral("Error: Cannot require room calibration coordinate type.")});
-        QCOMPARE(bench.picture()->coordinateType(), 5);
+        QCOMPARE(bench.picture()->coordinateType(), CoordinateType::None);
         QVERIFY(!bench.right()->isEnabled());
         bench.host.succeedText(QStringLiteral("roomcal"));
         bench.panel.updatePanel();
@@ -508,7 +510,7 @@ private:
         QCOMPARE(bench.text("label_bottom_left"), axisTexts[third]);
         QCOMPARE(bench.text("label_top_right"), axisTexts[third ^ 1]);
         QCOMPARE(bench.picture()->axes(), (DirectionAxes{right ^ 1, right, top, top ^ 1, third, third ^ 1}));
-        QCOMPARE(bench.picture()->coordinateType() == 0, type == "normal");
+        QCOMPARE(bench.picture()->coordinateType() == CoordinateType::Normal, type == "normal");
     }
 
     static void addAssignments()

@@ -75,6 +75,8 @@ const std::array<Arrow, 6> arrows{{
 
 Q_DECLARE_METATYPE(DirectionAxes)
 
+Q_DECLARE_METATYPE(CoordinateType)
+
 class RenderAreaTest : public QObject
 {
     Q_OBJECT
@@ -87,25 +89,27 @@ private slots:
         const RenderArea area(side, nullptr, nullptr);
         QCOMPARE(area.minimumSize(), QSize(side, side));
         QCOMPARE(area.maximumSize(), QSize(side, side));
-        QCOMPARE(area.coordinateType(), -1);
+        QCOMPARE(area.coordinateType(), CoordinateType::Unknown);
     }
 
     void shouldDrawEachArrowFromTheCentreToItsEdge_data()
     {
-        QTest::addColumn<int>("type");
+        QTest::addColumn<CoordinateType>("type");
         QTest::addColumn<DirectionAxes>("axes");
-        for (int type = 0; type <= 3; ++type) {
+        for (const CoordinateType type : {CoordinateType::Normal, CoordinateType::Powerwall,
+                                          CoordinateType::PowerwallStanding, CoordinateType::MidCamera}) {
+            const int n = int(type);
             AxisAssigner assigner;
             assigner.setCoordinateType(type);
-            QTest::addRow("type %d", type) << type << assigner.directionAxes();
-            QTest::addRow("type %d, positive axes only", type) << type << DirectionAxes{0, 2, 4, 0, 2, 4};
-            QTest::addRow("type %d, negative axes only", type) << type << DirectionAxes{1, 3, 5, 1, 3, 5};
+            QTest::addRow("type %d", n) << type << assigner.directionAxes();
+            QTest::addRow("type %d, positive axes only", n) << type << DirectionAxes{0, 2, 4, 0, 2, 4};
+            QTest::addRow("type %d, negative axes only", n) << type << DirectionAxes{1, 3, 5, 1, 3, 5};
         }
     }
 
     void shouldDrawEachArrowFromTheCentreToItsEdge()
     {
-        QFETCH(int, type);
+        QFETCH(CoordinateType, type);
         QFETCH(DirectionAxes, axes);
         RenderArea area(side, nullptr, nullptr);
         area.setCoordinateType(type);
@@ -127,7 +131,7 @@ private slots:
     void shouldDrawNegativeAxesThicker()
     {
         RenderArea area(side, nullptr, nullptr);
-        area.setCoordinateType(2);
+        area.setCoordinateType(CoordinateType::PowerwallStanding);
         area.setAxes({1, 0, 2, 3, 5, 4});
         const QImage image = picture(area);
         const auto inkAcross = [&image](int x) {
@@ -143,14 +147,14 @@ private slots:
 
     void shouldShowTheEmptyRoomWithoutArrows_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::newRow("none") << 5;
-        QTest::newRow("unknown") << -1;
+        QTest::addColumn<CoordinateType>("type");
+        QTest::newRow("none") << CoordinateType::None;
+        QTest::newRow("unknown") << CoordinateType::Unknown;
     }
 
     void shouldShowTheEmptyRoomWithoutArrows()
     {
-        QFETCH(int, type);
+        QFETCH(CoordinateType, type);
         RenderArea area(side, nullptr, nullptr);
         area.setCoordinateType(type);
         area.setAxes({1, 0, 2, 3, 4, 5});
@@ -159,22 +163,26 @@ private slots:
 
     void shouldChooseThePictureOfTheType_data()
     {
-        QTest::addColumn<int>("type");
+        QTest::addColumn<CoordinateType>("type");
         QTest::addColumn<QString>("backend");
         QTest::addColumn<QByteArray>("resource");
-        QTest::newRow("normal") << 0 << QString() << QByteArray(":/normal.png");
-        QTest::newRow("powerwall") << 1 << QString() << QByteArray(":/normal.png");
-        QTest::newRow("standing") << 2 << QString() << QByteArray(":/powerwall_standing.png");
-        QTest::newRow("middle camera") << 3 << QString() << QByteArray(":/mid_camera.png");
+        QTest::newRow("normal") << CoordinateType::Normal << QString() << QByteArray(":/normal.png");
+        QTest::newRow("powerwall") << CoordinateType::Powerwall << QString() << QByteArray(":/normal.png");
+        QTest::newRow("standing") << CoordinateType::PowerwallStanding << QString()
+                                  << QByteArray(":/powerwall_standing.png");
+        QTest::newRow("middle camera")
+            << CoordinateType::MidCamera << QString() << QByteArray(":/mid_camera.png");
         QTest::newRow("three in one")
-            << 3 << QStringLiteral("OKTAVO3") << QByteArray(":/mid_camera_okt3.png");
-        QTest::newRow("other case") << 3 << QStringLiteral("Oktavo3") << QByteArray(":/mid_camera.png");
-        QTest::newRow("longer name") << 3 << QStringLiteral("OKTAVO3 ") << QByteArray(":/mid_camera.png");
+            << CoordinateType::MidCamera << QStringLiteral("OKTAVO3") << QByteArray(":/mid_camera_okt3.png");
+        QTest::newRow("other case") << CoordinateType::MidCamera << QStringLiteral("Oktavo3")
+                                    << QByteArray(":/mid_camera.png");
+        QTest::newRow("longer name") << CoordinateType::MidCamera << QStringLiteral("OKTAVO3 ")
+                                     << QByteArray(":/mid_camera.png");
     }
 
     void shouldChooseThePictureOfTheType()
     {
-        QFETCH(int, type);
+        QFETCH(CoordinateType, type);
         QFETCH(QString, backend);
         QFETCH(QByteArray, resource);
         BackendVersions versions;
@@ -201,7 +209,7 @@ private slots:
             quint64 next;
         } record{{0, 0, 0, 1, 24, -1}, behindTheNumbers};
         RenderArea area(side, nullptr, reinterpret_cast<const BackendVersions *>(&record));
-        area.setCoordinateType(3);
+        area.setCoordinateType(CoordinateType::MidCamera);
         QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(":/mid_camera.png").copy(betweenTheArrows));
     }
 
@@ -213,7 +221,7 @@ private slots:
         auto *behind = static_cast<char *>(pages) + page;
         QCOMPARE(mprotect(behind, page, PROT_NONE), 0);
         RenderArea area(side, nullptr, reinterpret_cast<const BackendVersions *>(behind - 6 * sizeof(int)));
-        area.setCoordinateType(3);
+        area.setCoordinateType(CoordinateType::MidCamera);
         QCOMPARE(picture(area).copy(betweenTheArrows), onWhite(":/mid_camera.png").copy(betweenTheArrows));
         munmap(pages, 2 * page);
     }
@@ -221,7 +229,7 @@ private slots:
     void shouldDrawNoMoreThanItsSize()
     {
         RenderArea area(100, nullptr, nullptr);
-        area.setCoordinateType(5);
+        area.setCoordinateType(CoordinateType::None);
         const QImage image = picture(area);
         const QImage whole = onWhite(":/background.png");
         QCOMPARE(image.copy(0, 0, 100, 100), whole.copy(0, 0, 100, 100));
