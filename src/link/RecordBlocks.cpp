@@ -6,16 +6,6 @@
 
 #include <algorithm>
 
-namespace
-{
-
-bool idIsValid(int id)
-{
-    return id >= 0 && id < RecordList<MarkerRecord>::cap;
-}
-
-} // namespace
-
 namespace RecordBlocks
 {
 
@@ -52,7 +42,7 @@ bool readHead(char **cursor, const char *format, std::optional<int> wantedId, Ma
     if (!moveBehind(cursor, readBlock(*cursor, format, head.ints, head.reals)))
         return false;
     const int id = head.ints[0];
-    if (!idIsValid(id) || id != wantedId.value_or(id))
+    if (id != wantedId.value_or(id))
         return false;
     record.id = id;
     record.quality = head.reals[0];

@@ -25,8 +25,7 @@ struct Head {
 /// count is 0.
 [[nodiscard]] bool readCount(char **cursor, int *count);
 
-/// Reads the first block and stores id and quality. An id outside 0 to the cap of a list, or another than the
-/// wanted one, fails and stores nothing.
+/// Reads the first block and stores id and quality. An id other than the wanted one fails and stores nothing.
 [[nodiscard]] bool readHead(char **cursor, const char *format, std::optional<int> wantedId,
                             MarkerRecord &record, Head &head);
 

@@ -29,10 +29,19 @@ bool readCountedRecords(char **cursor, RecordList<Record> &list, int *announced,
     return true;
 }
 
-void setBits(int bits, int places, RecordButtons &buttons)
+/// Whether a list may have an entry of this number.
+bool isIndex(int id)
+{
+    return id >= 0 && id < RecordList<BodyRecord>::cap;
+}
+
+/// The first formats tell their buttons by the lowest bits of one number.
+constexpr int buttonsOfTheFirstFormats = 4;
+
+void setBits(int bits, RecordButtons &buttons)
 {
     buttons.fill(0);
-    for (int place = 0; place < places; ++place)
+    for (int place = 0; place < buttonsOfTheFirstFormats; ++place)
         buttons[static_cast<std::size_t>(place)] =
             static_cast<int>((static_cast<unsigned>(bits) >> place) & 1U);
 }
@@ -122,22 +131,23 @@ bool VelmarParser::readCalibratedGloves(char **cursor)
 
 bool VelmarParser::readBodies(char **cursor)
 {
-    m_bodies.blank();
     int count = 0;
-    if (!readNumber(cursor, NumberReader::integer, &count))
+    const bool converts = readNumber(cursor, NumberReader::integer, &count);
+    if (count > RecordList<BodyRecord>::cap)
         return false;
+    m_bodies.blank();
     for (int index = 0; index < count; ++index) {
         if (!readBody(cursor))
             return false;
     }
-    return true;
+    return converts;
 }
 
 bool VelmarParser::readBody(char **cursor)
 {
     BodyRecord found;
     Head head;
-    if (!readHead(cursor, "id", anyId, found, head))
+    if (!readHead(cursor, "id", anyId, found, head) || !isIndex(found.id))
         return false;
     if (found.id >= m_bodies.count())
         m_bodies.resize(found.id + 1LL);
@@ -153,8 +163,8 @@ bool VelmarParser::readHandhelds(char **cursor)
         Head head;
         if (!readHead(cursor, "idi", index, device, head))
             return false;
-        device.buttonCount = recordButtonPlaces;
-        setBits(head.ints[1], recordButtonPlaces, device.buttons);
+        device.buttonCount = buttonsOfTheFirstFormats;
+        setBits(head.ints[1], device.buttons);
         device.joystickCount = 0;
         device.joysticks.fill(0.0);
         return readPlace(cursor, device);
@@ -180,13 +190,12 @@ bool VelmarParser::readHandhelds2(char **cursor)
 
 bool VelmarParser::readTools(char **cursor)
 {
-    constexpr int flagsOfTheFirstFormat = 4;
     const auto readRecord = [cursor](int index, MeasurementToolRecord &tool) {
         Head head;
         if (!readHead(cursor, "idi", index, tool, head))
             return false;
-        tool.flagCount = flagsOfTheFirstFormat;
-        setBits(head.ints[1], flagsOfTheFirstFormat, tool.flags);
+        tool.flagCount = buttonsOfTheFirstFormats;
+        setBits(head.ints[1], tool.flags);
         tool.tipRadius = 0.0;
         tool.covariance.fill(0.0);
         return readPlace(cursor, tool);

@@ -3,7 +3,18 @@
 
 #include <QtTest>
 
+#include <functional>
 #include <limits>
+
+namespace
+{
+
+/// The id of the record at a place of the kind's list.
+using Ids = std::function<int(const VelmarParser &, int)>;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Ids)
 
 class DamagedRecordTest : public QObject
 {
@@ -26,6 +37,8 @@ private slots:
     void shouldTakeANegativeCountForNone();
     void shouldRefuseIdsOutsideTheCap_data();
     void shouldRefuseIdsOutsideTheCap();
+    void shouldTakeAnyIdOfAKindWithoutARuleForIds_data();
+    void shouldTakeAnyIdOfAKindWithoutARuleForIds();
     void shouldSaturateIntegers();
     void shouldGiveNullOutsideAList();
     void shouldReadNotANumberAndInfinityAsTheyAre();
@@ -129,7 +142,7 @@ void DamagedRecordTest::shouldFailWhenAnyBlockIsDamaged()
 void DamagedRecordTest::shouldHoldCountsAboveTheCapOff_data()
 {
     QTest::addColumn<QByteArray>("kind");
-    for (const char *kind : {"6df", "6df2", "6dmt", "6dmt2", "6dmtr", "gl", "6dj", "6di", "3d"})
+    for (const char *kind : {"6d", "6df", "6df2", "6dmt", "6dmt2", "6dmtr", "gl", "6dj", "6di", "3d"})
         QTest::newRow(kind) << QByteArray(kind);
 }
 
@@ -139,12 +152,15 @@ void DamagedRecordTest::shouldHoldCountsAboveTheCapOff()
     VelmarParser parser;
     QCOMPARE(parse(parser, "6df 1 [0 1.0 1][0 0 0]" + unitRotation), 1);
     QCOMPARE(parse(parser, "6dmt 1 [0 1.0 1][0 0 0]" + unitRotation), 1);
+    QCOMPARE(parse(parser, "6d 1 [1 0.5][1 2 3]" + unitRotation), 1);
     for (const char *count : {" 100001", " 2147483648", " 18446744073709551616"})
         QCOMPARE(parse(parser, kind + count), 0);
     QCOMPARE(parser.handheldCount(), 1);
     QCOMPARE(parser.announcedHandhelds(), 1);
     QCOMPARE(parser.measurementToolCount(), 1);
     QCOMPARE(parser.announcedTools(), kind == "6dmt2" ? 0 : 1);
+    QCOMPARE(parser.bodyCount(), 2);
+    QCOMPARE(parser.body(1)->quality, 0.5); // not even blanked
     QCOMPARE(parser.markerCount() + parser.gloveCount() + parser.jointCount() + parser.inertialCount(), 0);
 }
 
@@ -160,7 +176,6 @@ void DamagedRecordTest::shouldTakeACountAtTheCap()
 void DamagedRecordTest::shouldTakeANegativeCountForNone_data()
 {
     shouldHoldCountsAboveTheCapOff_data();
-    QTest::newRow("6d") << QByteArray("6d");
 }
 
 void DamagedRecordTest::shouldTakeANegativeCountForNone()
@@ -178,8 +193,6 @@ void DamagedRecordTest::shouldRefuseIdsOutsideTheCap_data()
     QTest::newRow("6d below") << "6d 1 [-1 1.0][1 2 3]" + unitRotation;
     QTest::newRow("6d at the cap") << "6d 1 [100000 1.0][1 2 3]" + unitRotation;
     QTest::newRow("6d far above") << "6d 1 [4294967296 1.0][1 2 3]" + unitRotation;
-    QTest::newRow("3d below") << QByteArray("3d 1 [-1 1.0][1 2 3]");
-    QTest::newRow("3d at the cap") << QByteArray("3d 1 [100000 1.0][1 2 3]");
 }
 
 void DamagedRecordTest::shouldRefuseIdsOutsideTheCap()
@@ -188,8 +201,36 @@ void DamagedRecordTest::shouldRefuseIdsOutsideTheCap()
     VelmarParser parser;
     QCOMPARE(parse(parser, line), 0);
     QCOMPARE(parser.bodyCount(), 0);
-    if (parser.markerCount() == 1)
-        QCOMPARE(parser.marker(0)->quality, -1.0);
+}
+
+void DamagedRecordTest::shouldTakeAnyIdOfAKindWithoutARuleForIds_data()
+{
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<Ids>("ids");
+    const QByteArray place = "[1 2 3]" + unitRotation;
+    const QByteArray further = place + "[1 2 3 4 5 6]";
+    QTest::newRow("3d") << QByteArray("3d 3 [-1 1.0][1 2 3][100000 1.0][1 2 3][7 1.0][1 2 3]")
+                        << Ids([](const VelmarParser &p, int i) { return p.marker(i)->id; });
+    QTest::newRow("6dmtr") << "6dmtr 3 [-1 1.0]" + place + "[100000 1.0]" + place + "[7 1.0]" + place
+                           << Ids([](const VelmarParser &p, int i) { return p.toolReference(i)->id; });
+    QTest::newRow("6di") << "6di 3 [-1 1.0]" + place + "[100000 1.0]" + place + "[7 1.0]" + place
+                         << Ids([](const VelmarParser &p, int i) { return p.inertial(i)->id; });
+    QTest::newRow("6dj") << "6dj 3 [-1 1.0]" + further + "[100000 1.0]" + further + "[7 1.0]" + further
+                         << Ids([](const VelmarParser &p, int i) { return p.joint(i)->id; });
+    QTest::newRow("gl") << "gl 3 [-1 1.0 0 5]" + further + "[100000 1.0 0 5]" + further + "[7 1.0 0 5]" +
+                               further
+                        << Ids([](const VelmarParser &p, int i) { return p.glove(i)->id; });
+}
+
+void DamagedRecordTest::shouldTakeAnyIdOfAKindWithoutARuleForIds()
+{
+    QFETCH(QByteArray, line);
+    QFETCH(Ids, ids);
+    VelmarParser parser;
+    QCOMPARE(parse(parser, line), 1);
+    QCOMPARE(ids(parser, 0), -1);
+    QCOMPARE(ids(parser, 1), 100000);
+    QCOMPARE(ids(parser, 2), 7);
 }
 
 void DamagedRecordTest::shouldSaturateIntegers()

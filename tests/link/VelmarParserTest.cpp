@@ -294,10 +294,11 @@ void VelmarParserTest::shouldRequireIdsInOrder()
 void VelmarParserTest::shouldReadHandheldsOfTheFirstFormat()
 {
     VelmarParser parser;
-    QCOMPARE(parse(parser, "6df 1 [0 1.0 34][500 0 1000]" + unitRotation), 1);
+    QCOMPARE(parse(parser, "6df 1 [0 1.0 -14][500 0 1000]" + unitRotation), 1); // all bits but 0, 2 and 3
     QCOMPARE(parser.announcedHandhelds(), 1);
     QCOMPARE(parser.handheldCount(), 1);
-    QCOMPARE(parser.handheld(0)->buttons, (RecordButtons{0, 1, 0, 0, 0, 1}));
+    QCOMPARE(parser.handheld(0)->buttonCount, 4);
+    QCOMPARE(parser.handheld(0)->buttons, (RecordButtons{0, 1, 0, 0}));
     QCOMPARE(parser.handheld(0)->location, (RecordLocation{500, 0, 1000}));
 }
 
