@@ -321,6 +321,31 @@ private slots:
         }
     }
 
+    /// The plain conversion is kept where it gives the matrix back to a billionth, and only there.
+    void shouldConvertOtherwiseFromABillionthOn()
+    {
+        std::mt19937 random(20261123);
+        std::normal_distribution<double> gauss;
+        int barelyKept = 0;
+        int barelyReplaced = 0;
+        for (int i = 0; i < 20000; ++i) {
+            const double gap = 0.001 + 0.05 * (i % 100);
+            const Eigen::Matrix3d r =
+                turn(180.0 - gap, {gauss(random), gauss(random), gauss(random)}).toRotationMatrix();
+            const bsQuaternion plain = matrix(r).toQuaternion();
+            const Eigen::Matrix3d back = eigen(bsMatrix::fromQuaternion(plain)).topLeftCorner<3, 3>();
+            const double miss = (back - r).cwiseAbs().maxCoeff();
+            const bsQuaternion taken = matrix(r).toOrientation();
+            const bool isPlain =
+                taken.x == plain.x && taken.y == plain.y && taken.z == plain.z && taken.w == plain.w;
+            QCOMPARE(isPlain, miss <= 1e-9);
+            barelyKept += miss <= 1e-9 && miss > 0.8e-9 ? 1 : 0;
+            barelyReplaced += miss > 1e-9 && miss < 1.2e-9 ? 1 : 0;
+        }
+        QVERIFY(barelyKept > 0);
+        QVERIFY(barelyReplaced > 0);
+    }
+
     void shouldKeepEveryAxisAlignedRotationAsOrientation()
     {
         int count = 0;
