@@ -112,9 +112,11 @@ private slots:
         choose(assigner, codeOf(axes[0]), codeOf(axes[1]));
 
         // The columns of the room rotation are the new axes in the coordinates of the calibration.
-        const Eigen::Vector3d up = type == CoordinateType::Normal ? Eigen::Vector3d::UnitZ() : Eigen::Vector3d::UnitY();
-        const Eigen::Vector3d viewer = type == CoordinateType::Normal ? Eigen::Vector3d(-Eigen::Vector3d::UnitY())
-                                                 : Eigen::Vector3d(Eigen::Vector3d::UnitZ());
+        const Eigen::Vector3d up =
+            type == CoordinateType::Normal ? Eigen::Vector3d::UnitZ() : Eigen::Vector3d::UnitY();
+        const Eigen::Vector3d viewer = type == CoordinateType::Normal
+                                           ? Eigen::Vector3d(-Eigen::Vector3d::UnitY())
+                                           : Eigen::Vector3d(Eigen::Vector3d::UnitZ());
         const Eigen::Matrix3d r = rotation(assigner.angles());
         const DirectionAxes shown = assigner.directionAxes();
         QVERIFY((r * vectorOf(shown[1])).isApprox(Eigen::Vector3d::UnitX(), 1e-12));
