@@ -90,7 +90,8 @@ const QList<Catalogue> &catalogues()
     static const QList<Catalogue> list{
         {"module",
          QStringLiteral(CATALOGUE),
-         {"module", "dialog", "fine", "view", "coarse", "calibration", "matching", "room"},
+         {"src/module", "src/dialog", "src/fine", "src/view", "src/coarse", "src/calibration", "src/matching",
+          "src/room"},
          200},
         {"bench", QStringLiteral(BENCH_CATALOGUE), {"bench"}, 100},
     };
