@@ -9,18 +9,15 @@
 #include "MatchingEvaluation.h"
 #include "MatchingHelp.h"
 #include "MatchingLists.h"
+#include "MatchingNotices.h"
 #include "MatchingReport.h"
 #include "MeasuringView.h"
 #include "ModalWindow.h"
-#include "NoticeLine.h"
 #include "ObjectWatch.h"
-#include "PointNotices.h"
-#include "ReferenceGeometry.h"
 #include "Resources.h"
 #include "ResultView.h"
 #include "ScreenFit.h"
 #include "SearchProgress.h"
-#include "SetHints.h"
 #include "ui_AbcMatchingDialog.h"
 
 #include <QCloseEvent>
@@ -30,7 +27,6 @@
 #include <algorithm>
 #include <chrono>
 #include <cstring>
-#include <limits>
 
 using namespace std::chrono_literals;
 
@@ -58,9 +54,8 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     ListKeys::connectTo(*m_editing, m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_controls = std::make_unique<MatchingControls>(*m_ui, *this);
     m_measuring = std::make_unique<MeasuringView>(*m_ui);
-    m_notices = std::make_unique<NoticeLine>(m_ui->scrollArea_notice, m_ui->label_notice);
-    m_result =
-        std::make_unique<ResultView>(*m_ui, *m_notices, m_lists->referenceTable(), m_lists->measuredTable());
+    m_notices = std::make_unique<MatchingNotices>(m_ui->scrollArea_notice, m_ui->label_notice);
+    m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
     connectOwnSignals();
@@ -78,7 +73,7 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
-    connect(m_editing, &ListEditing::noticeChanged, this, &AbcMatchingDialog::showListNotice);
+    connect(m_editing, &ListEditing::noticeChanged, this, [this] { m_notices->tellEditing(*m_editing); });
     connect(m_evaluation, &EvaluationThread::finished, this, &AbcMatchingDialog::showEvaluation);
     connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
 }
@@ -138,46 +133,23 @@ void AbcMatchingDialog::showSurveyTexts()
 {
     const ToolSurvey::Verdict verdict = m_state.verdict();
     m_measuring->showNoToolNotice(verdict == ToolSurvey::Verdict::NotCalibrated);
-    m_notices->say(NoticeLine::Side::Tools, [verdict] { return MatchingReport::noTool(verdict); });
+    m_notices->tellTools(verdict);
 }
 
-void AbcMatchingDialog::showListNotice()
+void AbcMatchingDialog::showPoints()
 {
-    m_notices->say(NoticeLine::Side::Lists, [this] { return m_editing->notice(); });
-}
-
-/// At once, for a search of lists that do not fit may go on for long.
-void AbcMatchingDialog::showPointNotice()
-{
-    const SetHints hints = SetHints::of(m_lists->references(), m_lists->measured());
-    const ReferenceGeometry geometry = ReferenceGeometry::of(m_lists->references());
-    m_misfitExplained = hints.any();
-    m_notices->say(NoticeLine::Side::Points,
-                   [hints, geometry] { return PointNotices::ofLists(hints, geometry); });
-    showCount();
-}
-
-void AbcMatchingDialog::showCount()
-{
+    m_notices->tellPoints(m_lists->references(), m_lists->measured());
     m_measuring->showCount(m_lists->measuredTable().rowCount(), m_lists->referenceTable().rowCount());
-}
-
-void AbcMatchingDialog::showScalingNotice(bool valid)
-{
-    const double scaling = valid ? m_scaling : 1.0;
-    m_notices->say(NoticeLine::Side::Scaling, [scaling] { return PointNotices::ofScaling(scaling); });
 }
 
 void AbcMatchingDialog::tellScaling(double scaling)
 {
-    m_scaling = scaling;
-    showScalingNotice(m_state.isValid());
+    m_notices->setScaling(scaling);
 }
 
 void AbcMatchingDialog::showWhetherRecordsArrive()
 {
-    const bool silent = m_state.isOpen() && m_records.isSilent(RecordWatch::Clock::now());
-    m_notices->say(NoticeLine::Side::Data, silent ? &MatchingReport::noData : NoticeLine::Text());
+    m_notices->tellData(!m_state.isOpen() || !m_records.isSilent(RecordWatch::Clock::now()));
 }
 
 void AbcMatchingDialog::showState()
@@ -434,7 +406,8 @@ void AbcMatchingDialog::evaluate()
     m_state.beginEvaluation();
     m_transformedPoints.clear();
     m_result->clear();
-    showPointNotice();
+    m_notices->forgetResult();
+    showPoints();
     const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
                                                 ? MatchingEvaluation::Order::Preserved
                                                 : MatchingEvaluation::Order::Searched;
@@ -467,9 +440,8 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
         m_transformation = evaluation.roomFromReference;
     }
     showState();
-    const double anyResidual = std::numeric_limits<double>::infinity();
-    m_result->show(evaluation, m_misfitExplained ? anyResidual : m_sampler.toleranceMm());
-    showScalingNotice(valid);
+    m_result->show(evaluation);
+    m_notices->tellResult(evaluation, m_sampler.toleranceMm());
     emit updateRequest();
 }
 
@@ -495,7 +467,7 @@ void AbcMatchingDialog::changeEvent(QEvent *event)
     m_ui->retranslateUi(this);
     m_progress->showTexts();
     showSurveyTexts();
-    showCount();
+    showPoints();
     showTrackingStatus();
     m_result->retranslate();
 }

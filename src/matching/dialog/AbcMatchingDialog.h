@@ -20,8 +20,8 @@ class EvaluationThread;
 class ListEditing;
 class MatchingControls;
 class MatchingLists;
+class MatchingNotices;
 class MeasuringView;
-class NoticeLine;
 class QTableWidgetItem;
 class ResultView;
 class SearchProgress;
@@ -107,10 +107,7 @@ private:
     void showSurvey(const ToolSurvey &survey);
     void showState();
     void showSurveyTexts();
-    void showListNotice();
-    void showPointNotice();
-    void showScalingNotice(bool valid);
-    void showCount();
+    void showPoints();
     void showWhetherRecordsArrive();
     void report(const std::function<QString()> &text);
 
@@ -130,7 +127,7 @@ private:
     ListEditing *m_editing;
     std::unique_ptr<MatchingControls> m_controls;
     std::unique_ptr<MeasuringView> m_measuring;
-    std::unique_ptr<NoticeLine> m_notices;
+    std::unique_ptr<MatchingNotices> m_notices;
     std::unique_ptr<ResultView> m_result;
     EvaluationThread *m_evaluation;
     SearchProgress *m_progress;
@@ -139,8 +136,6 @@ private:
     RecordWatch m_records;
     bool m_running = false;
     MatchingPoint m_mean{};
-    bool m_misfitExplained = false; ///< the lists tell why they do not fit
-    double m_scaling = 1.0;
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
 };

@@ -24,7 +24,6 @@ public:
     /// Replaces what a side says. The text is asked for again when the language changes; none or an empty one
     /// says nothing.
     void say(Side side, Text text);
-    void beSilent(Side side) { say(side, {}); }
 
     /// Tells everything in the present language.
     void show();

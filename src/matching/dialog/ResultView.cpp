@@ -1,15 +1,11 @@
 #include "ResultView.h"
 
 #include "MatchingReport.h"
-#include "NoticeLine.h"
-#include "PointNotices.h"
 #include "PointTable.h"
 #include "ui_AbcMatchingDialog.h"
 
-ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, NoticeLine &notices, PointTable &references,
-                       PointTable &measured)
+ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured)
     : m_ui(ui)
-    , m_notices(notices)
     , m_references(references)
     , m_measured(measured)
 {
@@ -22,13 +18,11 @@ void ResultView::clear()
     m_measured.clearMark();
 }
 
-void ResultView::show(const MatchingEvaluation &evaluation, double limitMm)
+void ResultView::show(const MatchingEvaluation &evaluation)
 {
     clear();
     m_evaluation = evaluation;
     markWorstRows();
-    m_notices.say(NoticeLine::Side::Result,
-                  [evaluation, limitMm] { return PointNotices::ofResult(evaluation, limitMm); });
     showReport(MatchingReport::report(evaluation));
     m_report = [evaluation] { return MatchingReport::report(evaluation); };
 }
@@ -36,7 +30,6 @@ void ResultView::show(const MatchingEvaluation &evaluation, double limitMm)
 void ResultView::showSearching()
 {
     clear();
-    m_notices.beSilent(NoticeLine::Side::Result);
     showReport(MatchingReport::searching());
     m_report = [] { return MatchingReport::searching(); };
 }

@@ -7,7 +7,6 @@
 #include <functional>
 #include <optional>
 
-class NoticeLine;
 class PointTable;
 
 namespace Ui
@@ -15,18 +14,16 @@ namespace Ui
 class AbcMatchingDialogClass;
 }
 
-/// Shows what an evaluation brought: the report, the line below it, and the rows that are worst.
+/// Shows what an evaluation brought: the report, and the rows that are worst.
 class ResultView
 {
 public:
-    /// All of these must outlive this.
-    ResultView(Ui::AbcMatchingDialogClass &ui, NoticeLine &notices, PointTable &references,
-               PointTable &measured);
+    /// Form and tables must outlive this.
+    ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured);
 
     /// Forgets the last evaluation; the report stays until there is another text.
     void clear();
-    /// A residual above the limit is told as a misfit.
-    void show(const MatchingEvaluation &evaluation, double limitMm);
+    void show(const MatchingEvaluation &evaluation);
     void showSearching();
 
     void showReport(const QString &text);
@@ -40,7 +37,6 @@ private:
     void markWorstRows();
 
     Ui::AbcMatchingDialogClass &m_ui;
-    NoticeLine &m_notices;
     PointTable &m_references;
     PointTable &m_measured;
     std::optional<MatchingEvaluation> m_evaluation;

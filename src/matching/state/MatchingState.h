@@ -56,8 +56,6 @@ public:
     void beginEvaluation();
     void searchGoesOn() { m_searching = true; }
     void evaluated(bool valid);
-    /// The last evaluation succeeded.
-    [[nodiscard]] bool isValid() const { return m_valid; }
     [[nodiscard]] bool isSearching() const { return m_searching; }
 
 private:
@@ -69,6 +67,6 @@ private:
     bool m_starting = false;
     bool m_measuring = false;
     bool m_searching = false;
-    bool m_valid = false;
+    bool m_valid = false;          ///< the last evaluation succeeded
     bool m_measureOffered = false; ///< as the tracking state last had it
 };

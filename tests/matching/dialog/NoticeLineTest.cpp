@@ -30,7 +30,7 @@ private slots:
         line.say(Side::Result, text("The points do not fit."));
         line.say(Side::Data, text("No data."));
         QCOMPARE(label.text(), QStringLiteral("No data.\nThe points do not fit."));
-        line.beSilent(Side::Data);
+        line.say(Side::Data, {});
         QCOMPARE(label.text(), QStringLiteral("The points do not fit."));
         line.say(Side::Result, text(""));
         QCOMPARE(label.text(), QString());
