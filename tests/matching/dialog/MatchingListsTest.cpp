@@ -343,14 +343,14 @@ void MatchingListsTest::shouldRefuseMorePointsThanAListHolds()
     write("long.txt", hundredThousand + "1 9 9 9\n");
     OpenedDialog opened;
     opened.run([&] {
+        const QString notice =
+            QStringLiteral("A list holds 100000 points at most; there would be more. The list is as it was.");
         FileChoice full(path("full.txt"));
         FileChoice tooLong(path("long.txt"));
         opened.answers().then(std::ref(full)).then(std::ref(tooLong));
         opened.click("w_loadButton");
         QCOMPARE(opened.rows(referenceTable), 100000);
         QVERIFY(!opened.notice().contains(notice));
-        const QString notice =
-            QStringLiteral("A list holds 100000 points at most; there would be more. The list is as it was.");
         QVERIFY(!opened.notice().contains(notice));
         opened.click("pushButton_addRefPoint");
         QVERIFY(opened.notice().startsWith(notice));
