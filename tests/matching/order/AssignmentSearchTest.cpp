@@ -1,5 +1,6 @@
 #include "AssignmentSearch.h"
 
+#include "PlainLoop.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
 
@@ -83,6 +84,12 @@ private slots:
     void shouldAnswerAtOnceWhenNoOrderIsValid_data();
     void shouldAnswerAtOnceWhenNoOrderIsValid();
     void shouldStayFastWhereManyReferencePointsAreEqual();
+    void shouldGiveTheLoopsResultForHugeCoordinates_data();
+    void shouldGiveTheLoopsResultForHugeCoordinates();
+    void shouldEndWhereTheTreeDoesNot_data();
+    void shouldEndWhereTheTreeDoesNot();
+    void shouldAskWhileItLooksForAStart();
+    void shouldRefuseMorePointsThanMemoryAllows();
     void shouldStopWhenToldSo();
     void shouldAskOftenEnough();
     void shouldStopTheSearchForARivalWhenToldSo();
@@ -183,6 +190,100 @@ void AssignmentSearchTest::shouldStayFastWhereManyReferencePointsAreEqual()
         QVERIFY(result.outcome != Outcome::Cancelled);
         QVERIFY(result.outcome == Outcome::NoValidOrder || search.findRival(result, {}) == Rival::Exists);
     }
+}
+
+void AssignmentSearchTest::shouldGiveTheLoopsResultForHugeCoordinates_data()
+{
+    QTest::addColumn<double>("referenceScale");
+    QTest::addColumn<double>("measuredScale");
+    QTest::newRow("both large") << 1e100 << 1e100;
+    QTest::newRow("squares overflow") << 1e156 << 1e156;
+    QTest::newRow("far beyond") << 1e300 << 1e300;
+    QTest::newRow("at the end of the numbers") << 3e305 << 3e305;
+    QTest::newRow("references beyond") << 1e160 << 1.0;
+    QTest::newRow("measured points beyond") << 1.0 << 1e160;
+    QTest::newRow("tiny") << 1e-200 << 1e-200;
+}
+
+void AssignmentSearchTest::shouldGiveTheLoopsResultForHugeCoordinates()
+{
+    QFETCH(double, referenceScale);
+    QFETCH(double, measuredScale);
+    PointSets sets(79);
+    for (int trial = 0; trial < 3; ++trial) {
+        std::vector<double> references = sets.box(6, 1000), measured = sets.shuffled(references);
+        for (double &value : references)
+            value *= referenceScale;
+        for (double &value : measured)
+            value *= measuredScale;
+        const PlainLoop loop(asPoints(references), asPoints(measured));
+        AssignmentSearch search(asPoints(references), asPoints(measured));
+        for (const AssignmentSearch::Result &result : {search.runTree({}), search.run({})}) {
+            QCOMPARE(result.outcome == Outcome::Found, loop.found);
+            QCOMPARE(result.order, loop.order);
+        }
+    }
+}
+
+void AssignmentSearchTest::shouldEndWhereTheTreeDoesNot_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("noise of the spacing") << 0;
+    QTest::newRow("all wrong") << 1;
+    QTest::newRow("half filled") << 2;
+    QTest::newRow("inches") << 3;
+}
+
+void AssignmentSearchTest::shouldEndWhereTheTreeDoesNot()
+{
+    QFETCH(int, kind);
+    PointSets sets(80);
+    std::vector<double> values = sets.box(20, 1000);
+    std::vector<double> measured =
+        kind == 1 ? sets.box(20, 1000) : sets.moved(values, kind == 0 ? 200.0 : 0.3);
+    if (kind == 2)
+        std::fill(values.begin() + 30, values.end(), 0.0);
+    for (double &value : values)
+        value /= kind == 3 ? 25.4 : 1.0;
+    measured = sets.shuffled(measured);
+    AssignmentSearch search(asPoints(values), asPoints(measured));
+    int left = 200;
+    QVERIFY(search.runTree([&left]() { return left-- > 0; }).outcome == Outcome::Cancelled);
+    const AssignmentSearch::Result result = search.run({});
+    QVERIFY(result.outcome == Outcome::Found);
+    const Rival rival = search.findRival(result, {});
+    QVERIFY(rival == Rival::None || rival == Rival::Exists);
+    // Nothing that exchanges two partners may be better.
+    OrderFit fit(asPoints(values), asPoints(measured));
+    PointOrder order = result.order;
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            std::swap(order[i], order[j]);
+            const OrderFit::Result other = fit.fit(order);
+            QVERIFY(!other.isValid() || static_cast<float>(other.rmsMm) >= result.bestMm);
+            std::swap(order[i], order[j]);
+        }
+    }
+}
+
+void AssignmentSearchTest::shouldAskWhileItLooksForAStart()
+{
+    std::vector<double> line;
+    for (int i = 0; i < 200; ++i)
+        line.insert(line.end(), {10.0 * i, 20.0 * i, 0.0});
+    PointSets sets(81);
+    AssignmentSearch search(asPoints(sets.box(200, 1000)), asPoints(line));
+    int questions = 0;
+    QVERIFY(search.run([&questions]() { return ++questions < 7; }).outcome == Outcome::Cancelled);
+    QCOMPARE(questions, 7);
+    QVERIFY(search.run({}).outcome == Outcome::NoValidOrder);
+}
+
+void AssignmentSearchTest::shouldRefuseMorePointsThanMemoryAllows()
+{
+    PointSets sets(82);
+    const MatchingPoints list = asPoints(sets.box(static_cast<int>(AssignmentSearch::mostPoints) + 1, 1000));
+    QVERIFY(AssignmentSearch(list, list).run({}).outcome == Outcome::Cancelled);
 }
 
 void AssignmentSearchTest::shouldStopWhenToldSo()
