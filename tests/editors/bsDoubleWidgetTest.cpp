@@ -246,6 +246,61 @@ private slots:
         QCOMPARE(bench.editor->value(), bench.wheel()->value());
     }
 
+    void shouldBeginEveryEditAnew()
+    {
+        // GIVEN an edit of each kind, one after the other
+        Bench bench;
+        QVERIFY(bench.isReady);
+        const QPoint start = bench.wheel()->rect().center();
+        for (int round = 0; round < 2; ++round) {
+            bench.log.clear();
+            bench.editor->reset();
+            // WHEN typed
+            bench.type("7");
+            QTest::keyClick(bench.spinBox(), Qt::Key_Return);
+            QCOMPARE(bench.log, words("begin 7 7 end"));
+            // WHEN dragged
+            bench.log.clear();
+            QTest::mousePress(bench.wheel(), Qt::LeftButton, Qt::NoModifier, start);
+            QTest::mouseRelease(bench.wheel(), Qt::LeftButton, Qt::NoModifier, start);
+            QCOMPARE(bench.log, words("begin end"));
+            // WHEN scrolled, the end waits for the pointer to leave
+            bench.log.clear();
+            QTest::mouseMove(bench.wheel(), start);
+            QTRY_VERIFY(bench.editor->underMouse());
+            bench.turnMouseWheel(bench.wheel(), 1);
+            QCOMPARE(bench.log, words("begin 8"));
+            QTest::mouseMove(&bench.other, bench.other.rect().center());
+            QTRY_COMPARE(bench.log, words("begin 8 end"));
+            // WHEN typed again, the pointer that leaves ends nothing
+            bench.log.clear();
+            QTest::mouseMove(bench.wheel(), start);
+            QTRY_VERIFY(bench.editor->underMouse());
+            bench.type("5");
+            QTest::mouseMove(&bench.other, bench.other.rect().center());
+            QTRY_VERIFY(!bench.editor->underMouse());
+            QCOMPARE(bench.log, words("begin 5"));
+            bench.other.setFocus();
+            QCOMPARE(bench.log, words("begin 5 end"));
+        }
+    }
+
+    void shouldSetTheWheelBackAfterADrag()
+    {
+        Bench bench;
+        QVERIFY(bench.isReady);
+        const QPoint start = bench.wheel()->rect().center();
+        QTest::mousePress(bench.wheel(), Qt::LeftButton, Qt::NoModifier, start);
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(9, 0), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QApplication::sendEvent(bench.wheel(), &move);
+        bench.editor->resetWheel();
+        QVERIFY(bench.wheel()->value() > 0.0); // it is held
+        QTest::mouseRelease(bench.wheel(), Qt::LeftButton, Qt::NoModifier, start);
+        bench.editor->resetWheel();
+        QCOMPARE(bench.wheel()->value(), 0.0);
+    }
+
     void shouldGoOnWithADragDuringWhichItIsReset()
     {
         // GIVEN

@@ -238,7 +238,9 @@ private slots:
     {
         CountingCanvas canvas;
         canvas.room()->loadRoom({});
+        canvas.move(170, 90);
         showCanvas(canvas);
+        QTRY_COMPARE(canvas.mapToGlobal(QPoint()), QPoint(170, 90));
         QMenu menu;
         menu.addAction(QStringLiteral("Some entry"));
         canvas.setContextMenu(&menu);

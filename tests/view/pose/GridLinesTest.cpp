@@ -149,6 +149,17 @@ private slots:
         }
     }
 
+    void shouldDrawAsManyLinesAsFitAndNoMore()
+    {
+        const GridWindow most = visibleGrid(10000.0, 1.0, wholePlaneInView(10000.0));
+        QCOMPARE(most.alongX.count, 20001);
+        QCOMPARE(most.alongX.at(20000), 10000.0);
+        const GridWindow tooMany = visibleGrid(10001.0, 1.0, wholePlaneInView(10001.0));
+        QCOMPARE(tooMany.alongX.count, 20001);
+        QCOMPARE(tooMany.alongY.count, 20001);
+        QCOMPARE(visibleGrid(2e7, 1e6, wholePlaneInView(1e7)).halfSize, 1e7);
+    }
+
     void shouldGiveNothingForSenselessNumbers()
     {
         const double bad = std::numeric_limits<double>::quiet_NaN();
