@@ -588,6 +588,10 @@ Diese Kalibrierung kann zurzeit nicht unterbrochen werden!</translation>
         <translation>&amp;Zurücksetzen</translation>
     </message>
     <message>
+        <source>The coordinate type of the room calibration is not known here, so axes cannot be assigned to directions here. Use the tab &quot;Fine&quot;.</source>
+        <translation>Der Koordinatentyp der Raumkalibrierung ist hier nicht bekannt, daher können hier keine Achsen zugeordnet werden. Bitte den Reiter „Fein“ verwenden.</translation>
+    </message>
+    <message>
         <source>The controller has no coordinate type of a room calibration, so axes cannot be assigned to directions here. Use the tab &quot;Fine&quot;.</source>
         <translation>Der Controller kennt keinen Koordinatentyp einer Raumkalibrierung, daher können hier keine Achsen zugeordnet werden. Bitte den Reiter „Fein“ verwenden.</translation>
     </message>

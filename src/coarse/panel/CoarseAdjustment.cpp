@@ -88,6 +88,7 @@ void CoarseAdjustment::updatePanel()
     const CoordinateType type = m_controller.coordinateType();
     if (!self)
         return;
+    m_isKnownType = type != CoordinateType::Unknown;
     m_assigner.setCoordinateType(type);
     m_picture->setCoordinateType(m_assigner.coordinateType());
     showRoomAngles();
@@ -155,6 +156,9 @@ void CoarseAdjustment::showState()
 
 QString CoarseAdjustment::notice() const
 {
+    if (!m_isKnownType)
+        return tr("The coordinate type of the room calibration is not known here, so axes cannot be assigned "
+                  "to directions here. Use the tab \"Fine\".");
     if (!m_assigner.hasCoordinateType())
         return tr(
             "The controller has no coordinate type of a room calibration, so axes cannot be assigned to "

@@ -68,6 +68,7 @@ private:
     RoomAngleExchange *m_angles;
     AxisAssigner m_assigner;
     bool m_isInitialised = false;
+    bool m_isKnownType = true;
     bool m_hasQuarterAngles = true;
     RenderArea *m_picture;
 };

@@ -258,6 +258,9 @@ private slots:
         QCOMPARE(bench.picture()->axes()[2], top);
         QCOMPARE(bench.part<QLabel>("label_assignNotice")->isVisible(), !isKnown);
         QCOMPARE(bench.host.reports(), QStringList());
+        if (!isKnown)
+            QCOMPARE(bench.text("label_assignNotice").contains(QStringLiteral("is not known here")),
+                     answer != "none");
     }
 
     void shouldReportATypeThatCannotBeRead()
