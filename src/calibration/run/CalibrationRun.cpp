@@ -2,6 +2,7 @@
 
 #include "CalibrationKind.h"
 #include "Percentage.h"
+#include "Saturated.h"
 
 #include <cmath>
 
@@ -10,6 +11,14 @@ namespace
 
 constexpr int firstStep = 1;
 constexpr int secondStep = 2;
+constexpr int wholePercent = 100;
+
+/// The fraction of a second is dropped; nothing when the answers give no number.
+std::optional<int> remainingSeconds(double stepFraction, double durationSeconds)
+{
+    const double remaining = (1.0 - stepFraction) * durationSeconds;
+    return std::isfinite(remaining) ? std::make_optional(saturated(remaining)) : std::nullopt;
+}
 
 } // namespace
 
@@ -81,16 +90,16 @@ CalibrationPoll CalibrationRun::pollActivity()
     if (!isGoingOn())
         return {};
     if (activity == Activity::None)
-        return ended(CalibrationPoll::State::Done);
+        return leave(Phase::Over, CalibrationPoll::State::Done);
     if (activity == Activity::Error)
-        return ended(CalibrationPoll::State::Failed);
+        return leave(Phase::Over, CalibrationPoll::State::Failed);
     if (activity != Activity::Calibrating)
         return {};
-    CalibrationPoll result;
-    result.state = CalibrationPoll::State::Running;
-    readOverall(&result);
+    CalibrationPoll result = readProgress();
     noteMovement(&result);
-    readStep(&result);
+    const std::optional<StepProgress> step = readStep(&result);
+    result.firstStepIsComplete =
+        step && step->step == firstStep && result.overallPercent.value_or(0) == wholePercent;
     return isGoingOn() ? result : CalibrationPoll();
 }
 
@@ -100,43 +109,35 @@ CalibrationPoll CalibrationRun::pollSteps()
     if (!isGoingOn())
         return {};
     if (step == CalibrationStep::None)
-        return ended(CalibrationPoll::State::Done);
+        return leave(Phase::Over, CalibrationPoll::State::Done);
     if (step == CalibrationStep::Error)
-        return ended(CalibrationPoll::State::Failed);
+        return leave(Phase::Over, CalibrationPoll::State::Failed);
     if (step == CalibrationStep::PauseAfterFirst)
-        return paused();
+        return leave(Phase::Paused, CalibrationPoll::State::Pause);
     if (step != CalibrationStep::First && step != CalibrationStep::Second)
         return {};
-    CalibrationPoll result;
-    result.state = CalibrationPoll::State::Running;
-    readOverall(&result);
+    CalibrationPoll result = readProgress();
     readStep(&result);
-    result.firstStepIsComplete = false;
     return isGoingOn() ? result : CalibrationPoll();
 }
 
-CalibrationPoll CalibrationRun::ended(CalibrationPoll::State state)
+CalibrationPoll CalibrationRun::leave(Phase phase, CalibrationPoll::State state)
 {
-    m_phase = Phase::Over;
+    m_phase = phase;
     CalibrationPoll result;
     result.state = state;
     return result;
 }
 
-CalibrationPoll CalibrationRun::paused()
+CalibrationPoll CalibrationRun::readProgress() const
 {
-    m_phase = Phase::Paused;
     CalibrationPoll result;
-    result.state = CalibrationPoll::State::Pause;
-    return result;
-}
-
-void CalibrationRun::readOverall(CalibrationPoll *poll)
-{
+    result.state = CalibrationPoll::State::Running;
     const std::optional<double> progress = m_controller.progress();
-    if (!progress || !std::isfinite(*progress))
-        return;
-    poll->overallPercent = hasTwoSteps() ? Percentage::truncated(*progress) : Percentage::floored(*progress);
+    if (progress && std::isfinite(*progress))
+        result.overallPercent =
+            hasTwoSteps() ? Percentage::truncated(*progress) : Percentage::floored(*progress);
+    return result;
 }
 
 void CalibrationRun::noteMovement(CalibrationPoll *poll)
@@ -147,20 +148,17 @@ void CalibrationRun::noteMovement(CalibrationPoll *poll)
     m_lastPercent = *poll->overallPercent;
 }
 
-void CalibrationRun::readStep(CalibrationPoll *poll)
+std::optional<StepProgress> CalibrationRun::readStep(CalibrationPoll *poll) const
 {
     if (!isGoingOn())
-        return;
+        return std::nullopt;
     const std::optional<StepProgress> progress = m_controller.stepProgress();
-    poll->firstStepIsComplete = progress && progress->step == 1 && poll->overallPercent.value_or(0) == 100;
     if (!isGoingOn() || !m_controller.supports(ControllerFeature::StepDuration))
-        return;
+        return progress;
     const std::optional<double> duration = m_controller.stepDuration(m_kind, firstStep);
-    if (!progress || !progress->fraction || !duration)
-        return;
-    const double remaining = (1.0 - *progress->fraction) * *duration;
-    if (std::isfinite(remaining))
-        poll->remainingSeconds = Percentage::remainingSeconds(*progress->fraction, *duration);
+    if (progress && progress->fraction && duration)
+        poll->remainingSeconds = remainingSeconds(*progress->fraction, *duration);
+    return progress;
 }
 
 void CalibrationRun::resume()

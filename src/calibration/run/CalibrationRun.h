@@ -79,10 +79,9 @@ private:
     void askForPausesBetweenSteps();
     CalibrationPoll pollActivity();
     CalibrationPoll pollSteps();
-    CalibrationPoll ended(CalibrationPoll::State state);
-    CalibrationPoll paused();
-    void readOverall(CalibrationPoll *poll);
-    void readStep(CalibrationPoll *poll);
+    CalibrationPoll leave(Phase phase, CalibrationPoll::State state);
+    CalibrationPoll readProgress() const;
+    std::optional<StepProgress> readStep(CalibrationPoll *poll) const;
     void noteMovement(CalibrationPoll *poll);
 
     CalibrationAccess m_controller;

@@ -25,10 +25,4 @@ std::vector<std::optional<int>> tabs(const QString &message)
     return result;
 }
 
-int columns(int cameraCount)
-{
-    constexpr int mostInNarrowGrid = 100;
-    return cameraCount > mostInNarrowGrid ? 12 : 6;
-}
-
 } // namespace CameraMessages

@@ -16,7 +16,4 @@ bool holdsCamera(const QString &message, int camera);
 /// The tab of each camera, in the order of the cameras; nothing where an entry is no whole number from 0 on.
 std::vector<std::optional<int>> tabs(const QString &message);
 
-/// The columns in which this many camera boxes are laid out.
-int columns(int cameraCount);
-
 } // namespace CameraMessages

@@ -23,9 +23,4 @@ int ofCamera(float fraction)
     return saturated(double(percent));
 }
 
-int remainingSeconds(double stepFraction, double durationSeconds)
-{
-    return saturated((1.0 - stepFraction) * durationSeconds);
-}
-
 } // namespace Percentage

@@ -12,7 +12,4 @@ int floored(double fraction);
 int truncated(double fraction);
 int ofCamera(float fraction);
 
-/// The whole seconds that remain of a step, the fraction dropped.
-int remainingSeconds(double stepFraction, double durationSeconds);
-
 } // namespace Percentage

@@ -20,6 +20,12 @@ CameraGrid::CameraGrid(QGridLayout *layout, IOManager *commands, const BackendVe
 {
 }
 
+int CameraGrid::columnsFor(int cameras)
+{
+    constexpr int mostInNarrowGrid = 100;
+    return cameras > mostInNarrowGrid ? 12 : 6;
+}
+
 void CameraGrid::build()
 {
     const ObjectWatch self(this);
@@ -27,7 +33,7 @@ void CameraGrid::build()
     if (!count || !self)
         return;
     clear();
-    const int columns = CameraMessages::columns(*count);
+    const int columns = columnsFor(*count);
     for (int i = 0; i < *count; ++i) {
         if (!addBox(i, columns))
             return;

@@ -26,6 +26,9 @@ class CameraGrid : public QObject
 public:
     CameraGrid(QGridLayout *layout, IOManager *commands, const BackendVersions *versions, QObject *parent);
 
+    /// The columns in which the boxes of this many cameras stand.
+    static int columnsFor(int cameras);
+
     /// Asks for the number of cameras and makes a box for each, in place of those there were. When the number
     /// cannot be read, that is reported and everything stays as it is.
     void build();

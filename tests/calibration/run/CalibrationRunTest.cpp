@@ -284,6 +284,28 @@ private slots:
         QCOMPARE(m_host->reports(), QStringList());
     }
 
+    void shouldDropTheFractionOfTheRemainingSeconds_data()
+    {
+        QTest::addColumn<QByteArray>("fraction");
+        QTest::addColumn<int>("seconds");
+        QTest::newRow("begun") << QByteArray("0.0") << 5;
+        QTest::newRow("just begun") << QByteArray("0.01") << 4;
+        QTest::newRow("over") << QByteArray("1.0") << 0;
+        QTest::newRow("more than over") << QByteArray("1.5") << -2;
+    }
+
+    void shouldDropTheFractionOfTheRemainingSeconds()
+    {
+        // GIVEN: a step of five seconds
+        QFETCH(QByteArray, fraction);
+        CalibrationRun run = startedRun("room", false);
+        set("status active", "cal");
+        // WHEN
+        set("status step_progress", "1 " + fraction);
+        // THEN
+        QTEST(run.poll().remainingSeconds.value_or(-1000), "seconds");
+    }
+
     void shouldIgnoreNumbersThatAreNone()
     {
         CalibrationRun run = startedRun("room", false);

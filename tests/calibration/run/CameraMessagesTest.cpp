@@ -27,14 +27,6 @@ private slots:
         const std::vector<std::optional<int>> expected{0, {}, 1, {}, {}, {}, 7};
         QVERIFY(tabs == expected);
     }
-
-    void shouldWidenTheGridFromAHundredAndOneCamerasOn()
-    {
-        QCOMPARE(CameraMessages::columns(0), 6);
-        QCOMPARE(CameraMessages::columns(1), 6);
-        QCOMPARE(CameraMessages::columns(100), 6);
-        QCOMPARE(CameraMessages::columns(101), 12);
-    }
 };
 
 ROOM_TEST_CLASS(CameraMessagesTest)

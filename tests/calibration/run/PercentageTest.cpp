@@ -35,14 +35,6 @@ private slots:
         QTEST(Percentage::truncated(fraction), "truncated");
         QTEST(Percentage::ofCamera(float(fraction)), "camera");
     }
-
-    void shouldDropTheFractionOfTheRemainingSeconds()
-    {
-        QCOMPARE(Percentage::remainingSeconds(0.0, 5.0), 5);
-        QCOMPARE(Percentage::remainingSeconds(0.01, 5.0), 4);
-        QCOMPARE(Percentage::remainingSeconds(1.5, 5.0), -2);
-        QCOMPARE(Percentage::remainingSeconds(1.0, 5.0), 0);
-    }
 };
 
 ROOM_TEST_CLASS(PercentageTest)

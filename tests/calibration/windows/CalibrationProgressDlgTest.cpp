@@ -350,6 +350,58 @@ private slots:
         QCOMPARE(afterwards, QString());
     }
 
+    void shouldMoveNothingWhenASentenceComesOrGoes()
+    {
+        // GIVEN
+        CalibrationBench bench;
+        QuickProgress dialog(&bench);
+        dialog.show();
+        const auto places = [&dialog] {
+            QCoreApplication::sendPostedEvents();
+            QList<QPoint> list;
+            for (const char *name : {"progressBar_overall", "label_remaining_time", "pb_cancel"})
+                list.append(dialog.findChild<QWidget *>(QLatin1String(name))->pos());
+            return list;
+        };
+        auto *info = dialog.findChild<QLabel *>(QStringLiteral("label_info"));
+        auto *warning = dialog.findChild<QLabel *>(QStringLiteral("label_warning"));
+        info->show();
+        warning->show();
+        const QList<QPoint> before = places();
+        // WHEN THEN
+        info->hide();
+        QCOMPARE(places(), before);
+        warning->hide();
+        QCOMPARE(places(), before);
+        QVERIFY(dialog.findChild<QWidget *>(QStringLiteral("pb_cancel"))->y() > 0);
+    }
+
+    void shouldCountDownOverTheWindowThatIsSeen()
+    {
+        // GIVEN: the progress window is shown only after this pause
+        CalibrationBench bench;
+        bench.set("cal step_pause room s01", "yes 3");
+        QWidget window;
+        window.setGeometry(300, 200, 600, 500);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QuickProgress dialog(&bench, false, &window);
+        dialog.setCountdownTick(1h);
+        ModalAnswer modal;
+        QRect waitingPlace;
+        const QWidget *parent = nullptr;
+        modal.then([&](QWidget *waiting) {
+            waitingPlace = waiting->geometry();
+            parent = waiting->parentWidget();
+            waiting->close();
+        });
+        // WHEN
+        QCOMPARE(dialog.start(room), 0);
+        // THEN
+        QCOMPARE(parent, &window);
+        QVERIFY(window.geometry().contains(waitingPlace.center()));
+    }
+
     void shouldNotWarnOutsideRoomCalibrations()
     {
         CalibrationBench bench;

@@ -126,9 +126,15 @@ private slots:
         Progress dialog(&bench);
         ModalAnswer modal;
         modal.leaveAlone(progressTitle);
-        modal.then(acceptWaiting).then([&](QWidget *) { dialog.reject(); });
+        bool isLeftOpen = true;
+        modal.then(acceptWaiting).then([&](QWidget *waiting) {
+            dialog.reject();
+            isLeftOpen = waiting->isVisible();
+        });
 
         QCOMPARE(dialog.start(room), 0);
+
+        QVERIFY(!isLeftOpen);
 
         QCOMPARE(bench.host.calls().count(QStringLiteral("command velmar2 cal room stop")), 1);
     }
