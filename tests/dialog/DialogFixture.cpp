@@ -19,13 +19,19 @@ DialogFixture::DialogFixture(int major, int minor, int patch)
 
 int DialogFixture::open(const std::function<void()> &inside)
 {
-    const QPointer<QDialog> guard = &dialog;
-    answer.then([this, inside, guard](QWidget *) {
-        inside();
-        if (guard && guard->isVisible())
-            guard->done(QDialog::Rejected);
+    bool isThrough = false;
+    answer.then([this, inside, &isThrough](QWidget *opened) {
+        if (opened == &dialog) {
+            inside();
+            isThrough = true;
+        }
+        if (dialog.isVisible())
+            dialog.done(QDialog::Rejected);
     });
-    return dialog.update_and_exec();
+    const int result = dialog.update_and_exec();
+    if (!isThrough)
+        QTest::qFail("The dialog did not open.", __FILE__, __LINE__);
+    return result;
 }
 
 void DialogFixture::click(const char *button)

@@ -16,8 +16,9 @@ public:
     /// `window` is the host's window, `host` outlives the dialog.
     explicit DialogFixture(int major = 1, int minor = 24, int patch = -1);
 
-    /// Triggers the opening and runs `inside` once the dialog is up; returns the result of the opening. A
-    /// dialog that `inside` left open is closed by its result Rejected, without any of its own sequences.
+    /// Triggers the opening and runs `inside` once the dialog is up; returns the result of the opening. Fails
+    /// the test when the dialog did not open. A dialog that `inside` left open is closed by its result
+    /// Rejected, without any of its own sequences.
     int open(const std::function<void()> &inside);
 
     template <typename Widget>
