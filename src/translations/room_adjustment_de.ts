@@ -1008,6 +1008,10 @@ Umschalt + linke Maustaste</translation>
         <source>A list holds %1 points at most; there would be more. The list is as it was.</source>
         <translation>Eine Liste fasst höchstens %1 Punkte; es wären mehr. Die Liste ist, wie sie war.</translation>
     </message>
+    <message>
+        <source>These lines of the pasted text are not three numbers and were left out: %1.</source>
+        <translation>Diese Zeilen des eingefügten Textes sind keine drei Zahlen und wurden weggelassen: %1.</translation>
+    </message>
 </context>
 <context>
     <name>MatchingHelpClass</name>

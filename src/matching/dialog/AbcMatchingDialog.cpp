@@ -14,6 +14,7 @@
 #include "MeasuringView.h"
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
+#include "PointFileDrop.h"
 #include "Resources.h"
 #include "ResultView.h"
 #include "ScreenFit.h"
@@ -51,6 +52,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_lists =
         std::make_unique<MatchingLists>(m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_editing = new ListEditing(*m_lists, this);
+    new PointFileDrop(*m_editing, this);
     ListKeys::connectTo(*m_editing, m_ui->tableWidget_referencePoints, m_ui->tableWidget_measuredPoints);
     m_controls = std::make_unique<MatchingControls>(*m_ui, *this);
     m_measuring = std::make_unique<MeasuringView>(*m_ui);

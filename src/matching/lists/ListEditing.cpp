@@ -8,10 +8,13 @@
 #include "PointLimit.h"
 #include "ReferencePointFile.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QTableWidgetItem>
 #include <QTimer>
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -177,9 +180,57 @@ void ListEditing::save()
         tell([name] { return ListReport::notSaved(ReferencePointFile::savedName(name)); });
 }
 
+void ListEditing::copyReferences()
+{
+    copy(m_lists.referenceTable());
+}
+
+void ListEditing::copyMeasured()
+{
+    copy(m_lists.measuredTable());
+}
+
+void ListEditing::copy(const PointTable &table)
+{
+    std::vector<PointText::Row> rows = table.texts();
+    const int selected = table.selectedRow();
+    if (selected >= 0)
+        rows = {rows[static_cast<std::size_t>(selected)]};
+    if (!rows.empty())
+        QGuiApplication::clipboard()->setText(PointText::write(rows));
+}
+
+void ListEditing::pasteReferences()
+{
+    const auto present = static_cast<std::size_t>(m_lists.referenceTable().rowCount());
+    const std::size_t room = largestPointCount - std::min(present, largestPointCount);
+    PointText text(QGuiApplication::clipboard()->text(), room);
+    const ObjectWatch self(this);
+    if (!m_questions.readAll(text))
+        return;
+    if (text.isTooLong()) {
+        tell(&ListReport::tooManyPoints);
+        return;
+    }
+    if (!text.rows().empty())
+        append(text.rows());
+    if (self && !text.linesNotRead().empty())
+        tell([lines = text.linesNotRead()] { return ListReport::notRead(lines); });
+}
+
+void ListEditing::append(const std::vector<PointText::Row> &texts)
+{
+    PointRows rows;
+    rows.reserve(texts.size());
+    for (const PointText::Row &text : texts)
+        rows.push_back({{}, text});
+    change(m_lists.referenceList(), m_lists.referenceTable().rowCount(), 0, std::move(rows),
+           ListChange::Points::FromCells);
+}
+
 void ListEditing::undo()
 {
-    if (!m_lists.referenceTable().isEnabled() || !m_history.canUndo())
+    if (!mayChange() || !m_history.canUndo())
         return;
     m_history.undo();
     end();
@@ -187,7 +238,7 @@ void ListEditing::undo()
 
 void ListEditing::redo()
 {
-    if (!m_lists.referenceTable().isEnabled() || !m_history.canRedo())
+    if (!mayChange() || !m_history.canRedo())
         return;
     m_history.redo();
     end();

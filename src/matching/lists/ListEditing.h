@@ -3,11 +3,13 @@
 #include "ListChange.h"
 #include "ListQuestions.h"
 #include "MatchingLists.h"
+#include "PointText.h"
 
 #include <QObject>
 #include <QUndoStack>
 
 #include <functional>
+#include <vector>
 
 class QTableWidgetItem;
 
@@ -38,7 +40,14 @@ public:
     void loadFile(const QString &fileName);
     void save();
 
-    /// Nothing happens while the lists may not be changed, as their disabled tables say.
+    /// The selected row, or all rows where none is selected, go into the clipboard; see PointText.
+    void copyReferences();
+    void copyMeasured();
+    /// The rows that the clipboard holds become the last reference points.
+    void pasteReferences();
+
+    /// A disabled table of reference points says no; then nothing can be undone, redone or dropped either.
+    [[nodiscard]] bool mayChange() { return m_lists.referenceTable().isEnabled(); }
     void undo();
     void redo();
 
@@ -56,6 +65,8 @@ private:
     void change(PointList &list, int first, int removed, PointRows added, ListChange::Points points);
     void takeTypedRow(int row, const PointRow &before);
     void refuseNumber(const QString &entered, int row, const PointRow &before);
+    void copy(const PointTable &table);
+    void append(const std::vector<PointText::Row> &texts);
     void takeLoaded(const MatchingPoints &points);
     void end();
     void tell(Notice notice);

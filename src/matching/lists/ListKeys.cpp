@@ -28,6 +28,9 @@ void connectTo(ListEditing &editing, QTableWidget *references, QTableWidget *mea
     QWidget *window = references->window();
     addKey(Qt::Key_Delete, references, Qt::WidgetShortcut, editing, &ListEditing::removeSelectedReference);
     addKey(Qt::Key_Delete, measured, Qt::WidgetShortcut, editing, &ListEditing::removeSelectedMeasured);
+    addKey(Qt::CTRL + Qt::Key_C, references, Qt::WidgetShortcut, editing, &ListEditing::copyReferences);
+    addKey(Qt::CTRL + Qt::Key_C, measured, Qt::WidgetShortcut, editing, &ListEditing::copyMeasured);
+    addKey(Qt::CTRL + Qt::Key_V, references, Qt::WidgetShortcut, editing, &ListEditing::pasteReferences);
     addKey(Qt::CTRL + Qt::Key_Z, window, Qt::WindowShortcut, editing, &ListEditing::undo);
     addKey(Qt::CTRL + Qt::SHIFT + Qt::Key_Z, window, Qt::WindowShortcut, editing, &ListEditing::redo);
 }

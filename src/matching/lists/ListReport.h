@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <vector>
+
 /// The sentences in which the notice line tells what became of an operation on the lists of points.
 class ListReport
 {
@@ -10,5 +12,7 @@ class ListReport
 
 public:
     [[nodiscard]] static QString tooManyPoints();
+    /// Lines of a pasted text, which has one at least.
+    [[nodiscard]] static QString notRead(const std::vector<int> &lines);
     [[nodiscard]] static QString notSaved(const QString &fileName);
 };

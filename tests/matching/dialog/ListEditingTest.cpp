@@ -4,9 +4,12 @@
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
 
+#include <QClipboard>
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -275,6 +278,106 @@ private slots:
         });
     }
 
+    void shouldCopyTheSelectedRowOrAll_data() { addTables(); }
+    void shouldCopyTheSelectedRowOrAll()
+    {
+        QFETCH(QByteArray, tableName);
+        OpenedDialog opened;
+        opened.run([&] {
+            addPoints(opened, 3);
+            auto *table = opened.find<QTableWidget>(tableName.constData());
+            table->setFocus();
+            QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+            QCOMPARE(QGuiApplication::clipboard()->text(),
+                     QString("1.00\t1.00\t0.00\n2.00\t4.00\t0.00\n3.00\t9.00\t0.00\n"));
+            table->selectRow(1);
+            QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+            QCOMPARE(QGuiApplication::clipboard()->text(), QString("2.00\t4.00\t0.00\n"));
+        });
+    }
+
+    void shouldAppendPastedRowsAndNameTheLinesItCouldNotRead()
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            // GIVEN
+            addPoints(opened, 1);
+            QGuiApplication::clipboard()->setText("x\ty\tz\n1,5\t2\t3\n\n4;5\n6 7 8\n");
+            auto *table = opened.find<QTableWidget>(referenceTable);
+            table->setFocus();
+            QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
+            // WHEN
+            QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+            // THEN
+            QCOMPARE(contents(opened, referenceTable),
+                     (QStringList{"1.00 1.00 0.00", "1.50 2.00 3.00", "6.00 7.00 8.00"}));
+            QCOMPARE(evaluated.count(), 1);
+            QVERIFY(opened.notice().startsWith(
+                "These lines of the pasted text are not three numbers and were left out: 1, 4."));
+            press(opened, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(opened.rows(referenceTable), 1);
+            QVERIFY(!opened.notice().contains("left out"));
+        });
+    }
+
+    void shouldPasteNothingThatIsNoPoint()
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            addPoints(opened, 1);
+            QGuiApplication::clipboard()->setText("one\ntwo\n");
+            QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
+            auto *table = opened.find<QTableWidget>(referenceTable);
+            table->setFocus();
+            QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+            QCOMPARE(opened.rows(referenceTable), 1);
+            QVERIFY(evaluated.isEmpty());
+            QVERIFY(opened.notice().contains("left out: 1, 2."));
+        });
+    }
+
+    void shouldLoadAFileThatIsDropped()
+    {
+        OpenedDialog opened;
+        opened.run([&] {
+            // GIVEN
+            addPoints(opened, 1);
+            QTemporaryDir folder;
+            QFile file(folder.filePath("points.txt"));
+            QVERIFY(file.open(QIODevice::WriteOnly));
+            file.write("1 1 2 3\n2 4 5 6\n");
+            file.close();
+            // WHEN
+            QVERIFY(drop(opened, {QUrl::fromLocalFile(file.fileName())}));
+            // THEN
+            QTRY_COMPARE(contents(opened, referenceTable), (QStringList{"1.00 2.00 3.00", "4.00 5.00 6.00"}));
+            press(opened, Qt::Key_Z, Qt::ControlModifier);
+            QCOMPARE(opened.rows(referenceTable), 1);
+        });
+    }
+
+    void shouldRefuseOtherDrops_data()
+    {
+        QTest::addColumn<QList<QUrl>>("urls");
+        QTest::newRow("no file") << QList<QUrl>();
+        QTest::newRow("two files") << QList<QUrl>{QUrl("file:///a.txt"), QUrl("file:///b.txt")};
+        QTest::newRow("another machine") << QList<QUrl>{QUrl("http://host/points.txt")};
+    }
+
+    void shouldRefuseOtherDrops()
+    {
+        QFETCH(QList<QUrl>, urls);
+        OpenedDialog opened;
+        opened.run([&] { QVERIFY(!drop(opened, urls)); });
+    }
+
+    void shouldRefuseADropWhileNothingCanBeChanged()
+    {
+        OpenedDialog opened;
+        opened.host().setAnswer("measurementtool available", "no");
+        opened.run([&] { QVERIFY(!drop(opened, {QUrl("file:///a.txt")})); });
+    }
+
     void shouldUndoInsideAnOpenEditorOnly()
     {
         OpenedDialog opened;
@@ -307,6 +410,21 @@ private:
         opened.dialog().activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&opened.dialog()));
         QTest::keyClick(&opened.dialog(), key, modifiers);
+    }
+
+    /// Drags files to the window and drops them where it takes them. Returns whether it does.
+    static bool drop(OpenedDialog &opened, const QList<QUrl> &urls)
+    {
+        QMimeData data;
+        data.setUrls(urls);
+        const QPoint place(5, 5);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(&opened.dialog(), &enter);
+        QDropEvent drop(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        drop.ignore();
+        QApplication::sendEvent(&opened.dialog(), &drop);
+        return enter.isAccepted() && drop.isAccepted();
     }
 
     static QStringList contents(OpenedDialog &opened, const char *tableName)
@@ -422,6 +540,13 @@ void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints_data()
         {"loaded, shorter", [](OpenedDialog &opened) { load(opened, "1 1 2 3\n2 4 5 6\n3 7 8 8\n"); }},
         {"loaded, longer",
          [](OpenedDialog &opened) { load(opened, "1 1 2 3\n1 2 2 2\n1 3 3 3\n1 4 4 5\n1 5 5 5\n"); }},
+        {"pasted",
+         [](OpenedDialog &opened) {
+             QGuiApplication::clipboard()->setText("1 2 3\n4 5 6\n");
+             auto *table = opened.find<QTableWidget>(referenceTable);
+             table->setFocus();
+             QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+         }},
         {"loaded, empty", [](OpenedDialog &opened) { load(opened, "(1) 1 2 3"); }},
     });
 }
