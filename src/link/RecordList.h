@@ -4,7 +4,10 @@
 #include <vector>
 
 /// The entries of one record kind. New entries are blank: all numbers 0, quality -1.0, id the entry's index.
-/// Memory is kept when the list gets shorter, so a list that has once had its size allocates nothing more.
+///
+/// An entry is made when it is first asked for, so a line that announces more than it holds costs nothing.
+/// Memory is kept when the list gets shorter: a list whose entries have once been there allocates nothing
+/// more. A pointer to an entry holds until the list changes or an entry behind it is asked for.
 template <typename Record>
 class RecordList
 {
@@ -12,36 +15,36 @@ public:
     /// No list gets longer, whatever a record says.
     static constexpr int cap = 100000;
 
-    [[nodiscard]] int count() const { return static_cast<int>(m_records.size()); }
+    [[nodiscard]] int count() const { return m_count; }
 
     /// Null when the index is outside 0 to count() - 1.
-    [[nodiscard]] const Record *at(int index) const
-    {
-        return contains(index) ? &m_records[place(index)] : nullptr;
-    }
-    [[nodiscard]] Record *at(int index) { return contains(index) ? &m_records[place(index)] : nullptr; }
+    [[nodiscard]] const Record *at(int index) const { return contains(index) ? &made(index) : nullptr; }
+    [[nodiscard]] Record *at(int index) { return contains(index) ? &made(index) : nullptr; }
 
     /// Sizes the list, held inside 0 to cap; entries that stay keep their values.
     void resize(long long size)
     {
-        const int old = count();
-        m_records.resize(static_cast<std::size_t>(std::clamp<long long>(size, 0, cap)));
-        for (int index = old; index < count(); ++index)
-            m_records[place(index)].id = index;
+        m_count = static_cast<int>(std::clamp<long long>(size, 0, cap));
+        if (m_made.size() > place(m_count))
+            m_made.resize(place(m_count));
     }
 
     /// Makes every entry blank.
-    void blank()
-    {
-        for (int index = 0; index < count(); ++index) {
-            m_records[place(index)] = Record();
-            m_records[place(index)].id = index;
-        }
-    }
+    void blank() { m_made.clear(); }
 
 private:
     [[nodiscard]] bool contains(int index) const { return index >= 0 && index < count(); }
     [[nodiscard]] static std::size_t place(int index) { return static_cast<std::size_t>(index); }
 
-    std::vector<Record> m_records;
+    Record &made(int index) const
+    {
+        while (m_made.size() <= place(index)) {
+            m_made.emplace_back();
+            m_made.back().id = static_cast<int>(m_made.size()) - 1;
+        }
+        return m_made[place(index)];
+    }
+
+    mutable std::vector<Record> m_made; ///< the first entries; all behind them are blank
+    int m_count = 0;
 };

@@ -1,4 +1,6 @@
 #include "RecordList.h"
+
+#include "AllocationCounter.h"
 #include "MeasurementRecords.h"
 #include "TestRegistry.h"
 
@@ -16,6 +18,7 @@ private slots:
     void shouldKeepTheEntriesThatStay();
     void shouldHoldItsSizeBetweenNothingAndTheCap();
     void shouldBlankEveryEntry();
+    void shouldMakeEntriesOnlyWhenTheyAreAskedFor();
     void shouldGiveNullOutsideTheList();
 };
 
@@ -63,6 +66,17 @@ void RecordListTest::shouldBlankEveryEntry()
     QCOMPARE(list.at(1)->id, 1);
     QCOMPARE(list.at(1)->quality, -1.0);
     QCOMPARE(list.at(1)->location, RecordLocation());
+}
+
+void RecordListTest::shouldMakeEntriesOnlyWhenTheyAreAskedFor()
+{
+    RecordList<MarkerRecord> list;
+    const std::size_t before = AllocationCounter::count();
+    list.resize(100000);
+    list.blank();
+    QCOMPARE(AllocationCounter::count(), before);
+    QCOMPARE(list.at(99999)->id, 99999);
+    QVERIFY(AllocationCounter::count() > before);
 }
 
 void RecordListTest::shouldGiveNullOutsideTheList()
