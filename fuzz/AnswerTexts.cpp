@@ -1,5 +1,6 @@
 #include "AnswerTexts.h"
 
+#include "AnswerWords.h"
 #include "CalibrationAnswers.h"
 #include "Percentage.h"
 #include "Requirement.h"
@@ -93,7 +94,7 @@ std::string read(const std::string &text)
     const QByteArray answer = QByteArray::fromStdString(text);
     Transcript transcript;
     for (int n = 0; n < 8; ++n)
-        require(CalibrationAnswers::word(answer, n).toStdString() == word(text, std::size_t(n)));
+        require(answerWord(answer, n).toStdString() == word(text, std::size_t(n)));
     const int pause = CalibrationAnswers::announcedPause(answer);
     checkPause(text, pause);
     const std::optional<int> stepPause = CalibrationAnswers::stepPause(answer);

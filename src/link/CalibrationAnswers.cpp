@@ -1,30 +1,24 @@
 #include "CalibrationAnswers.h"
 
+#include "AnswerWords.h"
 #include "NumberReader.h"
 #include "Saturated.h"
-
-#include <QList>
 
 #include <cstdlib>
 
 namespace CalibrationAnswers
 {
 
-QByteArray word(const QByteArray &answer, int n)
-{
-    return answer.split(' ').value(n);
-}
-
 int announcedPause(const QByteArray &value)
 {
-    return value.startsWith("yes") ? saturated(word(value, 1).toDouble()) : 0;
+    return value.startsWith("yes") ? saturated(answerWord(value, 1).toDouble()) : 0;
 }
 
 std::optional<int> stepPause(const QByteArray &answer)
 {
-    if (word(answer, 6) != "yes")
+    if (answerWord(answer, 6) != "yes")
         return std::nullopt;
-    const int seconds = word(answer, 7).toInt();
+    const int seconds = answerWord(answer, 7).toInt();
     return seconds == 0 ? defaultPauseSeconds : seconds;
 }
 
@@ -59,17 +53,21 @@ std::optional<double> leadingReal(const QByteArray &value)
 
 QByteArray quotedText(const QByteArray &answer)
 {
-    return answer.split('"').value(1);
+    const int opening = answer.indexOf('"');
+    if (opening < 0)
+        return {};
+    const int closing = answer.indexOf('"', opening + 1);
+    return answer.mid(opening + 1, closing < 0 ? -1 : closing - opening - 1);
 }
 
 float cameraProgress(const QByteArray &answer)
 {
-    return NumberReader::singleReal(word(answer, 5).constData(), nullptr);
+    return NumberReader::singleReal(answerWord(answer, 5).constData(), nullptr);
 }
 
 QByteArray cameraSerial(const QByteArray &answer)
 {
-    return word(answer, 6);
+    return answerWord(answer, 6);
 }
 
 } // namespace CalibrationAnswers

@@ -23,9 +23,6 @@ namespace CalibrationAnswers
 /// Of a step whose pause the controller does not tell.
 constexpr int defaultPauseSeconds = 5;
 
-/// The n-th word; empty when there are fewer.
-QByteArray word(const QByteArray &answer, int n);
-
 /// The seconds of the value "yes SECONDS", truncated. 0 for a value that does not begin with "yes" or has no
 /// number as its second word.
 int announcedPause(const QByteArray &value);

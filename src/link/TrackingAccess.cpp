@@ -1,9 +1,8 @@
 #include "TrackingAccess.h"
 
+#include "AnswerWords.h"
 #include "ControllerCall.h"
 #include "SharedCalls.h"
-
-#include <QList>
 
 namespace
 {
@@ -11,18 +10,14 @@ namespace
 constexpr std::array<const char *, TrackingAccess::recordKindCount> recordKinds = {"ts", "6dmt2", "6dmt",
                                                                                    "6df2", "6df"};
 
-/// Takes the first `count` numbers of a text that is split at single blanks; nothing when one does not
-/// convert.
+/// Takes the first `count` words of a text for numbers; nothing when one does not convert.
 template <std::size_t count>
 std::optional<std::array<double, count>> numbers(const QByteArray &text)
 {
-    const QList<QByteArray> words = text.split(' ');
-    if (words.size() < int(count))
-        return std::nullopt;
     std::array<double, count> result{};
     for (std::size_t i = 0; i < count; ++i) {
         bool converted = false;
-        result[i] = words[int(i)].toDouble(&converted);
+        result[i] = answerWord(text, int(i)).toDouble(&converted);
         if (!converted)
             return std::nullopt;
     }
@@ -118,8 +113,8 @@ std::array<double, 3> TrackingAccess::positionOfCamera(int camera) const
 {
     const std::optional<QByteArray> room =
         roomText(m_channel.reporting("Error: Unable to get room cal of camera"), camera);
-    const QList<QByteArray> words = room.value_or(QByteArray()).split(' ');
-    return {words.value(0).toDouble(), words.value(1).toDouble(), words.value(2).toDouble()};
+    const QByteArray text = room.value_or(QByteArray());
+    return {answerWord(text, 0).toDouble(), answerWord(text, 1).toDouble(), answerWord(text, 2).toDouble()};
 }
 
 RoomTrafoData TrackingAccess::roomAdjustment() const
