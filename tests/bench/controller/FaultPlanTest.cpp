@@ -3,6 +3,8 @@
 
 #include <QtTest>
 
+#include <utility>
+
 namespace
 {
 
@@ -64,6 +66,30 @@ private slots:
         QCOMPARE(late.delayMilliseconds, 250);
         QVERIFY(late.executed && !late.runsEvents);
         QVERIFY(planOf("sim fault delay 1 status 250 events").next("status active").runsEvents);
+    }
+
+    void shouldDelayByTheLongestOfSeveralDelays()
+    {
+        for (const auto &[first, second] : {std::pair("250", "100"), std::pair("100", "250")}) {
+            FaultPlan plan = planOf((std::string("sim fault delay 1 status ") + first).c_str());
+            QCOMPARE(plan.run(std::string("sim fault delay 1 status ") + second + " events", 0.0),
+                     std::optional<std::string>("sim ok"));
+            const FaultEffect effect = plan.next("status active");
+            QCOMPARE(effect.delayMilliseconds, 250);
+            QVERIFY(effect.runsEvents);
+        }
+    }
+
+    void shouldTakeTheTroubleThatWasAskedForFirst()
+    {
+        FaultPlan plan = planOf("sim fault fail 1 status 9");
+        plan.run("sim fault answer 1 status = other", 0.0);
+        plan.run("sim fault delay 1 status 30", 0.0);
+        const FaultEffect effect = plan.next("status active");
+        QVERIFY(!effect.executed);
+        QCOMPARE(effect.result, std::optional<int>(9));
+        QVERIFY(!effect.answer.has_value());
+        QCOMPARE(effect.delayMilliseconds, 30);
     }
 
     void shouldDisconnectForAWhile()

@@ -79,6 +79,8 @@ private slots:
     void shouldCountFramesAndTime();
     void shouldRepeatItselfFromASeed();
     void shouldScatterAsAsked();
+    void shouldScaleTheNoiseLikeTheRoom_data();
+    void shouldScaleTheNoiseLikeTheRoom();
     void shouldMarkAMeasurementForItsDuration_data();
     void shouldMarkAMeasurementForItsDuration();
     void shouldMeasureTheTipWithinItsScatter();
@@ -232,6 +234,37 @@ void FrameTest::shouldScatterAsAsked()
     const double n = 3.0 * count;
     QVERIFY(std::fabs(sum / n) < 4.0 * 0.5 / std::sqrt(n));
     QVERIFY(std::fabs(std::sqrt(squares / n) - 0.5) < 4.0 * 0.5 / std::sqrt(2.0 * n));
+}
+
+void FrameTest::shouldScaleTheNoiseLikeTheRoom_data()
+{
+    QTest::addColumn<double>("scaling");
+    QTest::newRow("smaller") << 0.5;
+    QTest::newRow("larger") << 4.0;
+}
+
+// The noise is that of the raw coordinates: what scales them scales it.
+void FrameTest::shouldScaleTheNoiseLikeTheRoom()
+{
+    QFETCH(double, scaling);
+    const auto tipOf = [](double factor, double *variance) {
+        Bench bench({"sim tool 1 tip 0 0 0", "sim tool 1 noise 50", "sim seed 7"});
+        bench.ask(("velmar2 set tracking extra_scaling " + std::to_string(factor)).c_str());
+        const FrameEntry tool = readFrameLine(bench.line("6dmt2"), 5).entries[0];
+        *variance = tool.blocks[4][0];
+        return tool.blocks[1];
+    };
+    double variance = 0.0;
+    double scaledVariance = 0.0;
+    const QVector<double> tip = tipOf(1.0, &variance);
+    const QVector<double> scaled = tipOf(scaling, &scaledVariance);
+    constexpr double roundingMm = 0.005;
+    for (int i = 0; i < 3; ++i) {
+        QVERIFY(std::abs(tip[i]) > 1.0);
+        QVERIFY2(std::abs(scaled[i] - scaling * tip[i]) < roundingMm, qPrintable(QString::number(scaled[i])));
+    }
+    QCOMPARE(variance, 2500.0);
+    QCOMPARE(scaledVariance, 2500.0 * scaling * scaling);
 }
 
 void FrameTest::shouldMarkAMeasurementForItsDuration_data()

@@ -29,6 +29,11 @@ private slots:
     void shouldAnswerEveryRequestOfTheDefaultScene();
     void shouldRefuseWithAReadableError_data();
     void shouldRefuseWithAReadableError();
+    void shouldTakeCoordinateSettingsWhileMeasuringWithANote_data();
+    void shouldTakeCoordinateSettingsWhileMeasuringWithANote();
+    void shouldRefuseEverySettingWhileLocked_data();
+    void shouldRefuseEverySettingWhileLocked();
+    void shouldTellTheNominalPointsOfTheWorkpiece();
     void shouldKeepTheWordsAtTheirPlaces();
     void shouldNeverAnswerMoreThanABufferHolds();
 };
@@ -188,6 +193,79 @@ void VocabularyTest::shouldRefuseWithAReadableError()
     else if (!preparation.isEmpty())
         QCOMPARE(ask(controller, preparation), QStringLiteral("velmar2 ok"));
     QCOMPARE(ask(controller, request), answer);
+}
+
+void VocabularyTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QString>("note");
+    const auto row = [](const char *name, const char *setting, const char *note) {
+        QTest::newRow(name) << QString::fromLatin1(setting) << QString::fromLatin1(note);
+    };
+    row("rotation", "extra_rotation 0 -1 0 1 0 0 0 0 1", "tracking extra_rotation was set while measuring");
+    row("translation", "extra_translation 1 2 3", "tracking extra_translation was set while measuring");
+    row("scaling", "extra_scaling 2", "tracking extra_scaling was set while measuring");
+    row("reference", "reference body b01", "tracking reference was set while measuring");
+    row("no reference", "reference none", "tracking reference was set while measuring");
+}
+
+void VocabularyTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote()
+{
+    QFETCH(QString, setting);
+    QFETCH(QString, note);
+    const QString request = QStringLiteral("velmar2 set tracking ") + setting;
+    SimController controller;
+    QCOMPARE(ask(controller, request), QStringLiteral("velmar2 ok"));
+    QVERIFY(controller.takeNotes().empty());
+    ask(controller, QStringLiteral("velmar2 tracking start"));
+    QCOMPARE(ask(controller, request), QStringLiteral("velmar2 ok"));
+    QCOMPARE(controller.takeNotes(), std::vector<std::string>{note.toStdString()});
+    tell(controller, "sim strict on");
+    QCOMPARE(ask(controller, request), QStringLiteral("velmar2 err 20 \"stop tracking first\""));
+    QVERIFY(controller.takeNotes().empty());
+}
+
+void VocabularyTest::shouldRefuseEverySettingWhileLocked_data()
+{
+    QTest::addColumn<QString>("setting");
+    for (const char *setting :
+         {"tracking extra_rotation 0 -1 0 1 0 0 0 0 1", "tracking extra_translation 1 2 3",
+          "tracking extra_scaling 2", "tracking reference body b01", "roomcal type angle_no_wand",
+          "roomcal angle 1 2 3", "roomcal angle_height 4", "roomcal duration 5",
+          "roomcal coordinate_type powerwall"})
+        QTest::newRow(setting) << QString::fromLatin1(setting);
+}
+
+void VocabularyTest::shouldRefuseEverySettingWhileLocked()
+{
+    QFETCH(QString, setting);
+    SimController controller;
+    const QString question = QStringLiteral("velmar2 get ") + setting.section(QLatin1Char(' '), 0, 1);
+    const QString before = ask(controller, question);
+    tell(controller, "sim locked yes");
+    const QString request = QStringLiteral("velmar2 set ") + setting;
+    QCOMPARE(ask(controller, request), QStringLiteral("velmar2 err 13 \"configuration is locked\""));
+    QCOMPARE(ask(controller, question), before);
+    tell(controller, "sim locked no");
+    QCOMPARE(ask(controller, request), QStringLiteral("velmar2 ok"));
+    QVERIFY(ask(controller, question) != before);
+}
+
+void VocabularyTest::shouldTellTheNominalPointsOfTheWorkpiece()
+{
+    SimController controller;
+    QStringList points;
+    for (int number = 1; number <= 6; ++number)
+        points << QString::fromStdString(
+            SimScript(controller).run("sim get point " + std::to_string(number)));
+    const QStringList expected = {
+        QStringLiteral("sim get point 1 0.000 0.000 0.000 \"front left\""),
+        QStringLiteral("sim get point 2 620.000 0.000 0.000 \"front right\""),
+        QStringLiteral("sim get point 3 0.000 410.000 0.000 \"rear left\""),
+        QStringLiteral("sim get point 4 620.000 380.000 60.000 \"rear right\""),
+        QStringLiteral("sim get point 5 150.000 120.000 340.000 \"top of the post\""),
+        QStringLiteral("sim get point 6 480.000 90.000 130.000 \"bore\"")};
+    QCOMPARE(points, expected);
 }
 
 void VocabularyTest::shouldKeepTheWordsAtTheirPlaces()
