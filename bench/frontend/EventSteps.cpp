@@ -42,6 +42,8 @@ void EventSteps::poll()
         emit finished();
     else if (isReadyToBegin())
         begin();
+    else if (m_readyPolls > 0) // on a slow machine the looks alone may take longer than the patience
+        pollLater();
     else
         pollLaterOrFail(m_steps[m_next].name);
 }
