@@ -5,6 +5,8 @@
 #include "CameraNotices.h"
 #include "ControllerLink.h"
 #include "ConversationView.h"
+#include "DialogPlace.h"
+#include "GuideWindow.h"
 #include "LanguageMenu.h"
 #include "ModalCompanion.h"
 #include "RoomPanel.h"
@@ -15,8 +17,8 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QScreen>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -26,10 +28,29 @@ namespace
 {
 
 constexpr int reportShownMs = 15000;
-const QSize startSize(1000, 720);
+constexpr int startWidth = 1000;
+constexpr int largestStartHeight = 720;
+constexpr int smallestStartHeight = 360;
 const QSize roomSize(430, 720);
 const QPoint startPosition(20, 20);
+
+// What a dialog of the module and the frames of both windows need below this one.
+constexpr int dialogHeight = 780;
 constexpr int windowGap = 20;
+
+/// The largest window that leaves nothing outside the screen, its frame included.
+QSize roomBelow(const QRect &available)
+{
+    constexpr int frame = 40;
+    return available.size() - QSize(2 * startPosition.x(), startPosition.y() + frame);
+}
+
+/// So low that a dialog of the module has its place below, if the screen is high enough.
+QSize startSizeOn(const QRect &available)
+{
+    const int height = std::clamp(available.height() - dialogHeight, smallestStartHeight, largestStartHeight);
+    return QSize(startWidth, height).boundedTo(roomBelow(available));
+}
 
 } // namespace
 
@@ -50,11 +71,13 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     statusBar()->addPermanentWidget(m_droppedLabel);
     statusBar()->addPermanentWidget(m_moduleLabel);
     statusBar()->addPermanentWidget(m_connectionLabel);
-    resize(startSize);
-    move(startPosition);
+    const QRect available = screen()->availableGeometry();
+    resize(startSizeOn(available));
+    move(available.topLeft() + startPosition);
     m_room->setWindowFlag(Qt::Window);
-    m_room->resize(roomSize);
+    m_room->resize(roomSize.expandedTo(m_room->sizeHint()).boundedTo(roomBelow(available)));
     m_companion = new ModalCompanion(m_room);
+    new DialogPlace(this, m_conversation, m_room);
     new CameraNotices(m_channel, this);
     buildMenus();
     readVersion();
@@ -102,6 +125,8 @@ void BenchWindow::buildMenus()
     m_measuringAction =
         m_helpMenu->addAction(QString(), this, &BenchWindow::showHelp, QKeySequence(Qt::Key_F1));
     m_measuringAction->setObjectName(QStringLiteral("helpOnMeasuring"));
+    auto *roomHelp = new QShortcut(QKeySequence(Qt::Key_F1), m_room);
+    connect(roomHelp, &QShortcut::activated, this, &BenchWindow::showHelp);
     m_menus = std::make_unique<ModuleMenus>(menuBar(), m_helpMenu->menuAction());
 }
 
@@ -233,14 +258,12 @@ void BenchWindow::closeEvent(QCloseEvent *event)
     QMainWindow::closeEvent(event);
 }
 
+// It belongs to the room's window, since that one is above the dialogs of the module and so never blocked.
 void BenchWindow::showHelp()
 {
-    QMessageBox::information(
-        this, tr("How to measure points"),
-        tr("<ol><li>Press Shift+F5: the dialog \"Room Adjustment\" opens.</li>"
-           "<li>Choose the tab \"Fine\" and press \"Start\" under \"Adjust based on reference points\".</li>"
-           "<li>In the window \"Simulated Room\" press \"Point 1\", then \"Press the tool button\", and wait "
-           "until the point stands in the dialog's table.</li>"
-           "<li>Do the same with the points 2 and 3.</li></ol>"
-           "<p>F6 switches between the dialog and the simulated room.</p>"));
+    if (m_guide.isNull())
+        m_guide = new GuideWindow(m_room);
+    m_guide->show();
+    m_guide->raise();
+    m_guide->activateWindow();
 }

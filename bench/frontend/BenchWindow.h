@@ -6,12 +6,14 @@
 #include "RoomControls.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
 class BenchIOManager;
 class BenchLanguage;
 class ConversationView;
+class GuideWindow;
 class ModalCompanion;
 class QLabel;
 class QMenu;
@@ -83,6 +85,7 @@ private:
     QAction *m_quitAction = nullptr;
     QMenu *m_helpMenu = nullptr;
     QAction *m_measuringAction = nullptr;
+    QPointer<GuideWindow> m_guide;
     QMenu *m_languageMenu = nullptr;
     QMenu *m_roomLanguageMenu = nullptr;
     std::unique_ptr<ModuleMenus> m_menus;

@@ -1,13 +1,13 @@
 #include "ConversationView.h"
 
 #include "CallLog.h"
+#include "SaveQuestion.h"
 #include "TextFile.h"
 #include "ui_ConversationView.h"
 
 #include <QAction>
 #include <QClipboard>
 #include <QEvent>
-#include <QFileDialog>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QScrollBar>
@@ -128,8 +128,8 @@ void ConversationView::on_copyButton_clicked()
 
 void ConversationView::on_saveButton_clicked()
 {
-    const QString file = QFileDialog::getSaveFileName(this, tr("Save the conversation"), QString(),
-                                                      tr("Text files (*.txt);;All files (*)"));
+    const QString file =
+        SaveQuestion::ask(this, tr("Save the conversation"), tr("Text files (*.txt);;All files (*)"));
     if (!file.isEmpty() && !saveTo(file))
         QMessageBox::warning(this, tr("Save the conversation"), tr("%1 could not be written.").arg(file));
 }

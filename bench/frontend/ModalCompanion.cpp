@@ -49,6 +49,13 @@ void ModalCompanion::standAboveModal()
     QWindow *below = QGuiApplication::modalWindow();
     if (below == nullptr && m_window->parentWidget() != nullptr)
         below = m_window->parentWidget()->window()->windowHandle();
-    if (below != m_window->windowHandle())
-        m_window->windowHandle()->setTransientParent(below);
+    if (below == m_window->windowHandle())
+        return;
+    m_window->windowHandle()->setTransientParent(below);
+    // Whether a window is blocked is found out anew only for the one that gets a new parent.
+    const auto windows = QGuiApplication::topLevelWindows();
+    for (QWindow *window : windows) {
+        if (window->transientParent() == m_window->windowHandle())
+            window->setTransientParent(m_window->windowHandle());
+    }
 }

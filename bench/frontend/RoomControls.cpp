@@ -80,6 +80,17 @@ void RoomControls::setAngleToolVisible(bool visible)
     send(QStringLiteral("angletool visible %1").arg(yesNo(visible)));
 }
 
+void RoomControls::setCoordinateType(const QString &identifier)
+{
+    const QString line = QStringLiteral("velmar2 set roomcal coordinate_type ") + identifier;
+    const LinkAnswer answer = m_channel.link().ask(line.toStdString());
+    if (answer.arrived && answer.text == SimAnswer::ok)
+        emit changed();
+    else
+        emit refused(
+            tr("The controller does not do \"%1\": %2").arg(line, QString::fromStdString(answer.text)));
+}
+
 void RoomControls::setLocked(bool locked)
 {
     send(QStringLiteral("locked %1").arg(yesNo(locked)));
@@ -140,7 +151,16 @@ QString RoomControls::control(const QString &line)
 
 std::optional<QString> RoomControls::question(const QString &about) const
 {
-    const QString asked = QStringLiteral("sim get ") + about;
+    return valueOf(QStringLiteral("sim get ") + about);
+}
+
+std::optional<QString> RoomControls::parameter(const QString &name) const
+{
+    return valueOf(QStringLiteral("velmar2 get ") + name);
+}
+
+std::optional<QString> RoomControls::valueOf(const QString &asked) const
+{
     const LinkAnswer answer = m_channel.link().ask(asked.toStdString());
     const QString text = QString::fromStdString(answer.text);
     if (!answer.arrived || !text.startsWith(asked + QLatin1Char(' ')))
@@ -155,9 +175,15 @@ std::optional<bool> RoomControls::truth(const QString &about) const
     return value ? std::optional<bool>(value->section(QLatin1Char(' '), -1) == yes) : std::nullopt;
 }
 
-std::optional<ToolReading> RoomControls::toolReading() const
+int RoomControls::toolCount() const
 {
-    const std::optional<QString> value = question(QStringLiteral("tool 1"));
+    constexpr int place = 1;
+    return count(place);
+}
+
+std::optional<ToolReading> RoomControls::toolReading(int tool) const
+{
+    const std::optional<QString> value = question(QStringLiteral("tool %1").arg(tool));
     if (!value)
         return std::nullopt;
     const QStringList words = value->split(QLatin1Char(' '));
@@ -196,10 +222,36 @@ std::optional<bool> RoomControls::isAngleToolVisible() const
     return truth(QStringLiteral("angletool"));
 }
 
+QStringList RoomControls::coordinateTypes() const
+{
+    QStringList types;
+    const auto count = parameter(QStringLiteral("roomcal number_of_available_coordinate_types"));
+    for (int number = 1; number <= count.value_or(QString()).toInt(); ++number) {
+        const auto type = parameter(
+            QStringLiteral("roomcal available_coordinate_type t%1").arg(number, 2, 10, QLatin1Char('0')));
+        if (!type)
+            break;
+        types << *type;
+    }
+    return types;
+}
+
+std::optional<QString> RoomControls::coordinateType() const
+{
+    return parameter(QStringLiteral("roomcal coordinate_type"));
+}
+
 int RoomControls::pointCount() const
 {
+    constexpr int place = 4;
+    return count(place);
+}
+
+/// One of the numbers of cameras, tools, devices, bodies and points, by its place.
+int RoomControls::count(int place) const
+{
     const std::optional<QString> value = question(QStringLiteral("counts"));
-    return value ? value->section(QLatin1Char(' '), 4, 4).toInt() : 0;
+    return value ? value->section(QLatin1Char(' '), place, place).toInt() : 0;
 }
 
 std::optional<WorkpiecePoint> RoomControls::point(int number) const

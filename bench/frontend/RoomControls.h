@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <array>
 #include <optional>
@@ -43,6 +44,9 @@ public:
     void setTremor(double sigmaMm);
     void setAngleToolVisible(bool visible);
 
+    /// Refused while the configuration is locked.
+    void setCoordinateType(const QString &identifier);
+
     void setLocked(bool locked);
     void setAvailable(bool available);
     void setInterfaceVersion(int major, int minor, int third);
@@ -61,7 +65,13 @@ public:
     /// Any control line, with or without its leading "sim". Gives the controller's answer.
     QString send(const QString &line);
 
-    std::optional<ToolReading> toolReading() const;
+    int toolCount() const;
+    std::optional<ToolReading> toolReading(int tool = 1) const;
+
+    /// The identifiers that the controller offers, and the one that the next room calibration takes.
+    QStringList coordinateTypes() const;
+    std::optional<QString> coordinateType() const;
+
     std::optional<std::array<int, 3>> interfaceVersion() const;
     std::optional<bool> isLocked() const;
     std::optional<bool> isAvailable() const;
@@ -78,7 +88,10 @@ signals:
 
 private:
     QString control(const QString &line);
+    int count(int place) const;
     std::optional<QString> question(const QString &about) const;
+    std::optional<QString> parameter(const QString &name) const;
+    std::optional<QString> valueOf(const QString &asked) const;
     std::optional<bool> truth(const QString &about) const;
 
     BenchIOManager &m_channel;

@@ -1,17 +1,19 @@
 #include "RoomPanel.h"
 
 #include "RoomControls.h"
+#include "SaveQuestion.h"
 #include "ui_RoomPanel.h"
 
 #include <QEvent>
-#include <QFileDialog>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QSignalBlocker>
 #include <QTabBar>
 
+#include <algorithm>
 #include <chrono>
 
 namespace
@@ -23,6 +25,7 @@ constexpr auto readingInterval = 100ms;
 constexpr int pointColumns = 3;
 constexpr int lastMnemonic = 9;
 constexpr double perCent = 0.01;
+constexpr int scrollBarRoom = 20; // a page may be higher than the screen; above there may be a menu bar
 
 QString millimetres(double value)
 {
@@ -71,6 +74,20 @@ RoomPanel::RoomPanel(RoomControls &controls, QWidget *parent)
 
 RoomPanel::~RoomPanel() = default;
 
+QSize RoomPanel::sizeHint() const
+{
+    QSize shown;
+    QSize whole;
+    const auto areas = findChildren<QScrollArea *>();
+    for (const QScrollArea *area : areas) {
+        shown = shown.expandedTo(area->sizeHint());
+        whole.setWidth(std::max(whole.width(), area->widget()->minimumSizeHint().width()));
+    }
+    for (const QScrollArea *area : areas)
+        whole.setHeight(std::max(whole.height(), area->widget()->heightForWidth(whole.width())));
+    return QWidget::sizeHint() - shown + whole + QSize(scrollBarRoom, 2 * fontMetrics().height());
+}
+
 void RoomPanel::showState()
 {
     showPoints();
@@ -86,7 +103,35 @@ void RoomPanel::showState()
     check(m_ui->lockedBox, m_controls.isLocked());
     check(m_ui->availableBox, m_controls.isAvailable());
     check(m_ui->angleToolBox, m_controls.isAngleToolVisible());
+    showCoordinateType();
+    showTools();
     showReading();
+}
+
+void RoomPanel::showCoordinateType()
+{
+    QComboBox *box = m_ui->coordinateTypeBox;
+    if (box->count() == 0)
+        box->addItems(m_controls.coordinateTypes());
+    if (const auto type = m_controls.coordinateType())
+        box->setCurrentIndex(box->findText(*type));
+}
+
+/// A line for each tool behind the first.
+void RoomPanel::showTools()
+{
+    const int others = std::max(0, m_controls.toolCount() - 1);
+    while (m_toolLabels.size() > others) {
+        m_ui->readingLayout->removeRow(m_toolCaptions.takeLast());
+        m_toolLabels.removeLast();
+    }
+    while (m_toolLabels.size() < others) {
+        m_toolCaptions << new QLabel(m_ui->readingGroup);
+        m_toolLabels << new QLabel(m_ui->readingGroup);
+        m_toolLabels.last()->setObjectName(QStringLiteral("toolLabel%1").arg(m_toolLabels.size() + 1));
+        m_toolLabels.last()->setWordWrap(true);
+        m_ui->readingLayout->addRow(m_toolCaptions.last(), m_toolLabels.last());
+    }
 }
 
 void RoomPanel::showPoints()
@@ -147,13 +192,31 @@ void RoomPanel::showReading()
     m_ui->xLabel->setText(isSeen ? millimetres(reading->tipMm[0]) : none);
     m_ui->yLabel->setText(isSeen ? millimetres(reading->tipMm[1]) : none);
     m_ui->zLabel->setText(isSeen ? millimetres(reading->tipMm[2]) : none);
+    m_ui->stateLabel->setText(stateText(reading));
+    showOtherReadings();
+}
+
+QString RoomPanel::stateText(const std::optional<ToolReading> &reading) const
+{
     if (!reading)
-        m_ui->stateLabel->setText(tr("not known, the controller does not say it"));
-    else if (!reading->isTracked)
-        m_ui->stateLabel->setText(tr("out of sight"));
-    else
-        m_ui->stateLabel->setText(reading->isMeasuring ? tr("in sight, measuring a point ...")
-                                                       : tr("in sight"));
+        return tr("not known, the controller does not say it");
+    if (!reading->isTracked)
+        return tr("out of sight");
+    return reading->isMeasuring ? tr("in sight, measuring a point ...") : tr("in sight");
+}
+
+void RoomPanel::showOtherReadings()
+{
+    for (int i = 0; i < m_toolLabels.size(); ++i) {
+        const auto reading = m_controls.toolReading(i + 2);
+        m_toolCaptions.at(i)->setText(tr("Tool %1").arg(i + 2));
+        m_toolLabels.at(i)->setText(reading && reading->isTracked
+                                        ? tr("x %1, y %2, z %3 mm, %4")
+                                              .arg(millimetres(reading->tipMm[0]),
+                                                   millimetres(reading->tipMm[1]),
+                                                   millimetres(reading->tipMm[2]), stateText(reading))
+                                        : stateText(reading));
+    }
 }
 
 void RoomPanel::showMessage(const QString &text)
@@ -163,8 +226,8 @@ void RoomPanel::showMessage(const QString &text)
 
 void RoomPanel::on_savePointsButton_clicked()
 {
-    const QString file = QFileDialog::getSaveFileName(this, tr("Save the nominal coordinates"), QString(),
-                                                      tr("Reference points (*.txt);;All files (*)"));
+    const QString file = SaveQuestion::ask(this, tr("Save the nominal coordinates"),
+                                           tr("Reference points (*.txt);;All files (*)"));
     if (!file.isEmpty())
         m_controls.saveNominalPoints(file);
 }
@@ -236,6 +299,12 @@ void RoomPanel::on_angleToolBox_toggled(bool checked)
     m_controls.setAngleToolVisible(checked);
 }
 
+void RoomPanel::on_coordinateTypeBox_activated(int index)
+{
+    m_controls.setCoordinateType(m_ui->coordinateTypeBox->itemText(index));
+    showCoordinateType();
+}
+
 void RoomPanel::on_stallButton_clicked()
 {
     m_controls.stallCalibration(m_ui->stallAtBox->value() * perCent, m_ui->stallForBox->value());
@@ -253,7 +322,7 @@ void RoomPanel::on_repairButton_clicked()
 
 void RoomPanel::on_callButton_clicked()
 {
-    m_controls.failCall(m_ui->callNumberBox->value(), m_ui->callTextEdit->text());
+    m_controls.failCall(static_cast<int>(m_ui->callNumberBox->value()), m_ui->callTextEdit->text());
 }
 
 void RoomPanel::on_lostButton_clicked()

@@ -1,11 +1,15 @@
 #pragma once
 
 #include <QTimer>
+#include <QVector>
 #include <QWidget>
 
 #include <memory>
+#include <optional>
 
+class QLabel;
 class RoomControls;
+struct ToolReading;
 
 namespace Ui
 {
@@ -22,6 +26,9 @@ public:
     /// The controls must outlive the panel.
     explicit RoomPanel(RoomControls &controls, QWidget *parent = nullptr);
     ~RoomPanel() override;
+
+    /// So large that no page scrolls.
+    QSize sizeHint() const override;
 
 public slots:
     /// Takes over what the controller and its room are now: points, tool, angle tool, version, lock,
@@ -46,6 +53,7 @@ private slots:
     void on_lineEdit_returnPressed();
     void on_sendButton_clicked();
     void on_angleToolBox_toggled(bool checked);
+    void on_coordinateTypeBox_activated(int index);
     void on_stallButton_clicked();
     void on_errorButton_clicked();
     void on_repairButton_clicked();
@@ -56,6 +64,10 @@ private:
     void setVersion(const QString &version);
     void showPoints();
     void showPointTexts();
+    void showCoordinateType();
+    void showTools();
+    void showOtherReadings();
+    QString stateText(const std::optional<ToolReading> &reading) const;
     void showMessage(const QString &text);
     void touch(int point);
 
@@ -63,4 +75,6 @@ private:
     RoomControls &m_controls;
     QTimer m_readingTimer;
     int m_shownPoints = -1;
+    QVector<QLabel *> m_toolCaptions; ///< of the tools behind the first
+    QVector<QLabel *> m_toolLabels;
 };

@@ -64,14 +64,6 @@
         <translation>kein Modul geladen</translation>
     </message>
     <message>
-        <source>How to measure points</source>
-        <translation>Wie man Punkte misst</translation>
-    </message>
-    <message>
-        <source>&lt;ol&gt;&lt;li&gt;Press Shift+F5: the dialog &quot;Room Adjustment&quot; opens.&lt;/li&gt;&lt;li&gt;Choose the tab &quot;Fine&quot; and press &quot;Start&quot; under &quot;Adjust based on reference points&quot;.&lt;/li&gt;&lt;li&gt;In the window &quot;Simulated Room&quot; press &quot;Point 1&quot;, then &quot;Press the tool button&quot;, and wait until the point stands in the dialog&apos;s table.&lt;/li&gt;&lt;li&gt;Do the same with the points 2 and 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 switches between the dialog and the simulated room.&lt;/p&gt;</source>
-        <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie Umschalt+F5: Der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den Punkten 2 und 3.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum.&lt;/p&gt;</translation>
-    </message>
-    <message>
         <source>Frames dropped: %1</source>
         <translation>Verworfene Bilder: %1</translation>
     </message>
@@ -191,6 +183,17 @@
     </message>
 </context>
 <context>
+    <name>GuideWindow</name>
+    <message>
+        <source>How to measure points</source>
+        <translation>Wie man Punkte misst</translation>
+    </message>
+    <message>
+        <source>&lt;ol&gt;&lt;li&gt;In the window &quot;Simulated Room&quot; press &quot;Save the nominal coordinates...&quot; and choose a file. It holds the points as the workpiece&apos;s drawing has them.&lt;/li&gt;&lt;li&gt;Press Shift+F5: the dialog &quot;Room Adjustment&quot; opens.&lt;/li&gt;&lt;li&gt;Choose the tab &quot;Fine&quot; and press &quot;Start&quot; under &quot;Adjust based on reference points&quot;.&lt;/li&gt;&lt;li&gt;Press &quot;Load&quot; there and choose the saved file: its points are the reference points.&lt;/li&gt;&lt;li&gt;In the window &quot;Simulated Room&quot; press &quot;Point 1&quot;, then &quot;Press the tool button&quot;, and wait until the point stands in the dialog&apos;s table.&lt;/li&gt;&lt;li&gt;Do the same with the other points, three at least that are not on a line. A point of the workpiece that is not measured is removed from the reference points.&lt;/li&gt;&lt;li&gt;The report below the tables tells how well both lists fit. Press &quot;Apply&quot;: the dialog closes, and the result stands in the boxes of the tab &quot;Fine&quot;.&lt;/li&gt;&lt;li&gt;Press &quot;Apply&quot; there: the controller has the new coordinates. When the tool touches a point now, the window &quot;Simulated Room&quot; shows its nominal coordinates.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 switches between the dialog and the simulated room, F1 shows this text.&lt;/p&gt;</source>
+        <translation>&lt;ol&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Nennkoordinaten speichern ...“ und wählen Sie eine Datei. Sie enthält die Punkte so, wie sie in der Zeichnung des Werkstücks stehen.&lt;/li&gt;&lt;li&gt;Drücken Sie Umschalt+F5: Der Dialog „Raumjustierung“ öffnet sich.&lt;/li&gt;&lt;li&gt;Wählen Sie den Reiter „Fein“ und drücken Sie „Starten“ unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Drücken Sie dort „Laden“ und wählen Sie die gespeicherte Datei: Ihre Punkte sind die Referenzpunkte.&lt;/li&gt;&lt;li&gt;Drücken Sie im Fenster „Simulierter Raum“ auf „Punkt 1“, dann auf „Werkzeugtaste drücken“, und warten Sie, bis der Punkt in der Tabelle des Dialogs steht.&lt;/li&gt;&lt;li&gt;Verfahren Sie ebenso mit den anderen Punkten, mit mindestens dreien, die nicht auf einer Geraden liegen. Ein Punkt des Werkstücks, der nicht gemessen wird, wird aus den Referenzpunkten entfernt.&lt;/li&gt;&lt;li&gt;Der Bericht unter den Tabellen sagt, wie gut beide Listen zusammenpassen. Drücken Sie „Übernehmen“: Der Dialog schließt sich, und das Ergebnis steht in den Feldern des Reiters „Fein“.&lt;/li&gt;&lt;li&gt;Drücken Sie dort „Übernehmen“: Der Controller hat die neuen Koordinaten. Berührt das Werkzeug jetzt einen Punkt, so zeigt das Fenster „Simulierter Raum“ dessen Nennkoordinaten.&lt;/li&gt;&lt;/ol&gt;&lt;p&gt;F6 wechselt zwischen dem Dialog und dem simulierten Raum, F1 zeigt diesen Text.&lt;/p&gt;</translation>
+    </message>
+</context>
+<context>
     <name>LocalController</name>
     <message>
         <source>simulated controller in this program</source>
@@ -206,6 +209,17 @@
     <message>
         <source>%1 holds no module for this front-end.</source>
         <translation>%1 enthält kein Modul für diese Oberfläche.</translation>
+    </message>
+</context>
+<context>
+    <name>NumberBox</name>
+    <message>
+        <source>Not taken: %1 has more than one decimal point or comma.</source>
+        <translation>Nicht übernommen: %1 hat mehr als ein Dezimalzeichen.</translation>
+    </message>
+    <message>
+        <source>Not taken: %1 is no whole number.</source>
+        <translation>Nicht übernommen: %1 ist keine ganze Zahl.</translation>
     </message>
 </context>
 <context>
@@ -281,24 +295,12 @@
         <translation>&amp;Messen</translation>
     </message>
     <message>
-        <source>&lt;p&gt;To measure points: choose &lt;b&gt;Tracking &amp;gt; Room adjustment&lt;/b&gt; (Shift+F5), the tab &lt;b&gt;Fine&lt;/b&gt;, and &lt;b&gt;Start&lt;/b&gt; under &quot;Adjust based on reference points&quot;. Then, for each point:&lt;/p&gt;</source>
-        <translation>&lt;p&gt;So werden Punkte gemessen: &lt;b&gt;Tracking &amp;gt; Raumjustierung&lt;/b&gt; (Umschalt+F5) wählen, den Reiter &lt;b&gt;Fein&lt;/b&gt;, und &lt;b&gt;Starten&lt;/b&gt; unter „An Referenzpunkten justieren“. Dann für jeden Punkt:&lt;/p&gt;</translation>
-    </message>
-    <message>
-        <source>1. Hold the tip of the tool at a point</source>
-        <translation>1. Die Spitze des Werkzeugs an einen Punkt halten</translation>
-    </message>
-    <message>
         <source>Save the &amp;nominal coordinates...</source>
         <translation>&amp;Nennkoordinaten speichern ...</translation>
     </message>
     <message>
         <source>Saves the points as the workpiece&apos;s drawing has them, as a reference point file</source>
         <translation>Speichert die Punkte, wie sie die Zeichnung des Werkstücks angibt, als Referenzpunktdatei</translation>
-    </message>
-    <message>
-        <source>2. Press the button of the tool and wait a second</source>
-        <translation>2. Die Werkzeugtaste drücken und eine Sekunde warten</translation>
     </message>
     <message>
         <source>&amp;Press the tool button</source>
@@ -595,6 +597,38 @@
     <message>
         <source>Pages of the simulated room</source>
         <translation>Seiten des simulierten Raums</translation>
+    </message>
+    <message>
+        <source>&lt;ol&gt;&lt;li&gt;Save the nominal coordinates with the button below.&lt;/li&gt;&lt;li&gt;Choose &lt;b&gt;Tracking &amp;gt; Room adjustment&lt;/b&gt; (Shift+F5), the tab &lt;b&gt;Fine&lt;/b&gt;, and &lt;b&gt;Start&lt;/b&gt; under &quot;Adjust based on reference points&quot;.&lt;/li&gt;&lt;li&gt;Load the saved file there as the reference points.&lt;/li&gt;&lt;li&gt;Measure three points or more, each as follows.&lt;/li&gt;&lt;li&gt;Press &lt;b&gt;Apply&lt;/b&gt; there, and again in the room adjustment.&lt;/li&gt;&lt;/ol&gt;</source>
+        <translation>&lt;ol&gt;&lt;li&gt;Die Nennkoordinaten mit der Schaltfläche unten speichern.&lt;/li&gt;&lt;li&gt;&lt;b&gt;Tracking &amp;gt; Raumjustierung&lt;/b&gt; (Umschalt+F5) wählen, den Reiter &lt;b&gt;Fein&lt;/b&gt;, und &lt;b&gt;Starten&lt;/b&gt; unter „An Referenzpunkten justieren“.&lt;/li&gt;&lt;li&gt;Dort die gespeicherte Datei als Referenzpunkte laden.&lt;/li&gt;&lt;li&gt;Drei Punkte oder mehr messen, jeden wie folgt.&lt;/li&gt;&lt;li&gt;Dort &lt;b&gt;Übernehmen&lt;/b&gt; drücken, und noch einmal in der Raumjustierung.&lt;/li&gt;&lt;/ol&gt;</translation>
+    </message>
+    <message>
+        <source>Hold the tip of the tool at a point</source>
+        <translation>Die Spitze des Werkzeugs an einen Punkt halten</translation>
+    </message>
+    <message>
+        <source>Then press the button of the tool and wait a second</source>
+        <translation>Dann die Werkzeugtaste drücken und eine Sekunde warten</translation>
+    </message>
+    <message>
+        <source>Coordinates</source>
+        <translation>Koordinaten</translation>
+    </message>
+    <message>
+        <source>Coordinate t&amp;ype</source>
+        <translation>Koordinaten&amp;typ</translation>
+    </message>
+    <message>
+        <source>How the axes of the next room calibration lie</source>
+        <translation>Wie die Achsen der nächsten Raumkalibrierung liegen</translation>
+    </message>
+    <message>
+        <source>Tool %1</source>
+        <translation>Werkzeug %1</translation>
+    </message>
+    <message>
+        <source>x %1, y %2, z %3 mm, %4</source>
+        <translation>x %1, y %2, z %3 mm, %4</translation>
     </message>
 </context>
 </TS>

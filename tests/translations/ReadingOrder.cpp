@@ -5,6 +5,7 @@
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QMainWindow>
+#include <QScrollArea>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTextEdit>
@@ -61,6 +62,8 @@ void addInReadingOrder(QWidget *widget, QList<QWidget *> &order)
     if (auto *tabs = qobject_cast<QTabWidget *>(widget)) {
         order << tabs->tabBar();
         addInReadingOrder(tabs->currentWidget(), order);
+    } else if (const auto *area = qobject_cast<QScrollArea *>(widget)) {
+        addInReadingOrder(area->widget(), order);
     } else if (const auto *main = qobject_cast<QMainWindow *>(widget)) {
         addInReadingOrder(main->centralWidget(), order);
     } else if (widget->layout() != nullptr && !ReadingOrder::isWholeControl(widget)) {

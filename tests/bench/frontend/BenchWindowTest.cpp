@@ -1,14 +1,18 @@
 #include "BenchWindow.h"
 
 #include "FakeController.h"
+#include "GuideWindow.h"
 #include "RoomPanel.h"
 #include "TestRegistry.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
+#include <QTextBrowser>
 #include <QtTest>
 
 namespace
@@ -28,6 +32,28 @@ QStringList titles(const char *text)
 }
 
 const QString fakeModule = QString::fromLatin1(FAKE_MODULE);
+
+/// The bench's window with the keyboard.
+struct ActiveBench {
+    ActiveBench()
+        : window(fake.channel, fakeModule, false)
+    {
+        window.show();
+        window.activateWindow();
+        isActive = QTest::qWaitForWindowActive(&window);
+    }
+
+    /// What F1 opens.
+    GuideWindow *guide()
+    {
+        QTest::keyClick(window.windowHandle(), Qt::Key_F1);
+        return window.findChild<GuideWindow *>();
+    }
+
+    FakeController fake;
+    BenchWindow window;
+    bool isActive = false;
+};
 
 } // namespace
 
@@ -110,6 +136,92 @@ private slots:
         emit fake.link.framesDropped(17);
         QVERIFY(label->isVisible());
         QCOMPARE(label->text(), QStringLiteral("Frames dropped: 17"));
+    }
+
+    void shouldShowTheGuideWithoutBlockingAnything()
+    {
+        ActiveBench bench;
+        QVERIFY(bench.isActive);
+        GuideWindow *guide = bench.guide();
+        QVERIFY(guide != nullptr);
+        QTRY_VERIFY(guide->isVisible());
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        const QString text = guide->findChild<QTextBrowser *>()->toPlainText();
+        for (const char *part : {"nominal", "Shift+F5", "Start", "Load", "Point 1", "Apply", "F6"})
+            QVERIFY2(text.contains(QLatin1String(part)), part);
+    }
+
+    void shouldShowTheGuideInTheRoomWhileADialogIsOpen()
+    {
+        // GIVEN
+        ActiveBench bench;
+        QVERIFY(bench.isActive);
+        BenchWindow &window = bench.window;
+        QDialog dialog(&window);
+        dialog.setModal(true);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        window.roomPanel()->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), window.roomPanel());
+        // WHEN
+        QTest::keyClick(window.roomPanel()->windowHandle(), Qt::Key_F1);
+        // THEN
+        auto *guide = window.findChild<GuideWindow *>();
+        QVERIFY(guide != nullptr);
+        QTRY_COMPARE(QApplication::activeWindow(), guide);
+        QTest::keyPress(guide->windowHandle(), Qt::Key_Escape); // is gone before the key is up
+        QTRY_VERIFY(window.findChild<GuideWindow *>() == nullptr);
+    }
+
+    void shouldLeaveTheGuideUsableWhenADialogOpens()
+    {
+        ActiveBench bench;
+        QVERIFY(bench.isActive);
+        BenchWindow &window = bench.window;
+        GuideWindow *guide = bench.guide();
+        QVERIFY(guide != nullptr);
+        QVERIFY(QTest::qWaitForWindowExposed(guide));
+        QDialog dialog(&window);
+        dialog.setModal(true);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        guide->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), guide);
+        QTest::keyPress(guide->windowHandle(), Qt::Key_Escape); // is gone before the key is up
+        QTRY_VERIFY(window.findChild<GuideWindow *>() == nullptr);
+    }
+
+    void shouldLeaveTheConversationInSightWhenADialogOpens()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QDialog dialog(&window);
+        dialog.resize(1000, 700);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&dialog));
+        QVERIFY(!dialog.geometry().intersects(window.frameGeometry()));
+        QVERIFY(!dialog.geometry().intersects(window.roomPanel()->frameGeometry()));
+    }
+
+    void shouldStayOnTheScreenWithALargerFont()
+    {
+        const QFont before = QApplication::font();
+        QFont large = before;
+        large.setPointSizeF(2.0 * before.pointSizeF());
+        QApplication::setFont(large);
+        {
+            ActiveBench bench;
+            QVERIFY(bench.isActive);
+            BenchWindow &window = bench.window;
+            QVERIFY(bench.guide() != nullptr);
+            const QRect screen = window.screen()->availableGeometry();
+            QVERIFY(screen.contains(window.frameGeometry()));
+            QVERIFY(screen.contains(window.roomPanel()->frameGeometry()));
+            QVERIFY(screen.contains(window.findChild<GuideWindow *>()->frameGeometry()));
+        }
+        QApplication::setFont(before);
     }
 
     void shouldOpenTheSimulatedRoomBesideItself()

@@ -1,6 +1,7 @@
 #include "RoomPanel.h"
 
 #include "FakeController.h"
+#include "PickByKeys.h"
 #include "RoomControls.h"
 #include "TestRegistry.h"
 
@@ -10,6 +11,7 @@
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTabWidget>
 #include <QtTest>
 
 namespace
@@ -72,6 +74,54 @@ private slots:
         RoomPanel panel(controls);
         fake.room().tools.at(0).tip = {1.0, 2.0, 3.0};
         QTRY_COMPARE(text(panel, "zLabel"), QStringLiteral("3.00"));
+    }
+
+    void shouldShowThePlaceOfEveryTool()
+    {
+        FakeController fake;
+        fake.room().tools.resize(3, fake.room().tools.at(0));
+        fake.room().tools.at(1).tip = {1.5, -2.0, 3.25};
+        fake.room().tools.at(2).tracked = false;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        QCOMPARE(text(panel, "toolLabel2"), QStringLiteral("x 1.50, y -2.00, z 3.25 mm, in sight"));
+        QCOMPARE(text(panel, "toolLabel3"), QStringLiteral("out of sight"));
+        fake.room().tools.pop_back();
+        panel.showState();
+        QVERIFY(panel.findChild<QLabel *>(QStringLiteral("toolLabel3")) == nullptr);
+        QCOMPARE(text(panel, "toolLabel2"), QStringLiteral("x 1.50, y -2.00, z 3.25 mm, in sight"));
+    }
+
+    void shouldSetTheCoordinateType()
+    {
+        FakeController fake;
+        fake.state().roomCalibration.coordinateType = "mid_camera";
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        panel.findChild<QTabWidget *>()->setCurrentIndex(2);
+        panel.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        auto *box = child<QComboBox>(panel, "coordinateTypeBox");
+        QCOMPARE(box->count(), 5);
+        QCOMPARE(box->currentText(), QStringLiteral("mid_camera"));
+        pickByKeys(box, 1);
+        QCOMPARE(fake.state().roomCalibration.coordinateType, std::string("powerwall"));
+        fake.state().changeable = false;
+        pickByKeys(box, 0);
+        QVERIFY(text(panel, "messageLabel").contains(QStringLiteral("configuration is locked")));
+        QCOMPARE(box->currentText(), QStringLiteral("powerwall"));
+    }
+
+    void shouldTakeACommaForTheTremor()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        auto *box = child<QDoubleSpinBox>(panel, "tremorBox");
+        box->selectAll();
+        QTest::keyClicks(box, QStringLiteral("0,25"));
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(fake.room().tools.at(0).tremorMm, 0.25);
     }
 
     void shouldShowNoPlaceForALostTool()
