@@ -92,15 +92,23 @@ bool RotationSearch::visitLikely(OrderVisitor &visitor, const OrderVisitor::GoOn
     for (Start &start : m_starts) {
         if (!mayGoOn())
             return false;
-        m_costsUnder.fill(m_costs, RotationCell::matrixOf(start.cell.centre()), m_penalties);
-        (void)m_assignment.solve(m_costs);
-        start.prices = m_assignment.columnPrices();
-        start.bound = m_assignment.bound();
+        weigh(start);
     }
     std::sort(m_starts.begin(), m_starts.end(),
               [](const Start &left, const Start &right) { return left.bound < right.bound; });
     return std::all_of(m_starts.begin(), m_starts.begin() + followedCount,
-                       [this](const Start &start) { return follow(start); });
+                       [this](const Start &start) { return !(start.bound < forbidden) || follow(start); });
+}
+
+/// Leaves an infinite bound where the cell holds no order of interest.
+void RotationSearch::weigh(Start &start)
+{
+    const RotationCell::Matrix rotation = RotationCell::matrixOf(start.cell.centre());
+    const double slack = 4.0 * start.cell.spread(m_costsUnder.turnWeights(rotation));
+    m_costsUnder.fill(m_costs, rotation, m_penalties);
+    const bool isOfInterest = m_assignment.solve(m_costs, allowedCost(slack));
+    start.prices = m_assignment.columnPrices();
+    start.bound = isOfInterest ? m_assignment.bound() : forbidden;
 }
 
 /// The best assignment under a rotation, the best rotation for it, and so on until nothing changes.

@@ -27,7 +27,7 @@ public:
                    const TwinPoints &referenceTwins, const TwinPoints &measuredTwins);
 
     /// Visits orders that are probably among the best: those that assignment and rotation in turn lead to,
-    /// from rotations all over. The visitor's limit has no say. False when it was ended early.
+    /// from rotations all over. The visitor's limit may be infinite. False when it was ended early.
     [[nodiscard]] bool visitLikely(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
 
     /// Visits every order that may reach the visitor's limit, which must be finite. False when it was ended
@@ -51,6 +51,7 @@ private:
 
     void begin(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
     void makeStarts();
+    void weigh(Start &start);
     bool follow(const Start &start);
     bool explore(const RotationCell &cell, const Prices &prices);
     bool divide(const RotationCell &cell, const RotationCell::Matrix &weights);

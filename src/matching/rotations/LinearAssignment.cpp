@@ -15,32 +15,31 @@ auto &at(List &list, int index)
     return list[static_cast<std::size_t>(index)];
 }
 
-/// The cheapest two columns of a row.
-struct Cheapest {
-    int column = nobody;
-    int nextColumn = nobody;
-    double cost = forbidden;
-    double nextCost = forbidden;
-};
-
-Cheapest cheapestOf(const double *costs, const double *prices, int count)
+double lower(double left, double right)
 {
-    Cheapest cheapest;
-    for (int j = 0; j < count; ++j) {
-        const double cost = costs[j] - prices[j];
-        if (!(cost < cheapest.nextCost))
-            continue;
-        if (cost < cheapest.cost) {
-            cheapest.nextCost = cheapest.cost;
-            cheapest.nextColumn = cheapest.column;
-            cheapest.cost = cost;
-            cheapest.column = j;
-        } else {
-            cheapest.nextCost = cost;
-            cheapest.nextColumn = j;
-        }
+    return left < right ? left : right;
+}
+
+/// The first column with the least cost, and that cost; nobody when all are forbidden. Four running minima,
+/// so that one does not wait for the other.
+int leastColumn(const double *costs, const double *prices, int count, double &least)
+{
+    double first = forbidden, second = forbidden, third = forbidden, fourth = forbidden;
+    int j = 0;
+    for (; j + 4 <= count; j += 4) {
+        first = lower(costs[j] - prices[j], first);
+        second = lower(costs[j + 1] - prices[j + 1], second);
+        third = lower(costs[j + 2] - prices[j + 2], third);
+        fourth = lower(costs[j + 3] - prices[j + 3], fourth);
     }
-    return cheapest;
+    for (; j < count; ++j)
+        first = lower(costs[j] - prices[j], first);
+    least = lower(lower(first, second), lower(third, fourth));
+    for (j = 0; least < forbidden && j < count; ++j) {
+        if (costs[j] - prices[j] <= least)
+            return j;
+    }
+    return nobody;
 }
 
 } // namespace
@@ -74,11 +73,6 @@ bool LinearAssignment::solve(const std::vector<double> &costs, double limit)
     reduceRows(costs.data());
     double reached = bound();
     bool goesOn = reached <= limit;
-    if (goesOn) {
-        transferReductions(costs.data());
-        reached = bound();
-        goesOn = reached <= limit;
-    }
     for (std::size_t i = 0; goesOn && i < m_freeRows.size(); ++i)
         goesOn = augment(costs.data(), m_freeRows[i], reached, limit);
     if (!goesOn)
@@ -91,50 +85,14 @@ void LinearAssignment::reduceRows(const double *costs)
 {
     m_freeRows.clear();
     for (int i = 0; i < m_count; ++i) {
-        const Cheapest cheapest = cheapestOf(rowOf(costs, i), m_columnPrices.data(), m_count);
-        at(m_rowPrices, i) = cheapest.cost;
-        if (cheapest.column == nobody || at(m_rowOfColumn, cheapest.column) != nobody) {
+        const int column = leastColumn(rowOf(costs, i), m_columnPrices.data(), m_count, at(m_rowPrices, i));
+        if (column == nobody || at(m_rowOfColumn, column) != nobody) {
             m_freeRows.push_back(i);
             continue;
         }
-        at(m_columnOfRow, i) = cheapest.column;
-        at(m_rowOfColumn, cheapest.column) = i;
+        at(m_columnOfRow, i) = column;
+        at(m_rowOfColumn, column) = i;
     }
-}
-
-/// Two rounds: beyond that, paths are quicker.
-void LinearAssignment::transferReductions(const double *costs)
-{
-    for (int round = 0; round < 2; ++round) {
-        std::vector<int> waiting;
-        std::swap(waiting, m_freeRows);
-        for (int row : waiting) {
-            for (int turn = 0; row != nobody && turn < m_count && transferTo(costs, row); ++turn) {
-            }
-            if (row != nobody)
-                m_freeRows.push_back(row);
-        }
-    }
-}
-
-/// The row takes its cheapest column from whoever has it and lowers that column's price until the second best
-/// is as good. `row` becomes who has lost the column. False when that one must wait.
-bool LinearAssignment::transferTo(const double *costs, int &row)
-{
-    const Cheapest cheapest = cheapestOf(rowOf(costs, row), m_columnPrices.data(), m_count);
-    if (cheapest.nextColumn == nobody)
-        return false;
-    const bool better = cheapest.cost < cheapest.nextCost;
-    const bool takesFirst = better || at(m_rowOfColumn, cheapest.column) == nobody;
-    const int column = takesFirst ? cheapest.column : cheapest.nextColumn;
-    if (better)
-        at(m_columnPrices, column) -= cheapest.nextCost - cheapest.cost;
-    at(m_rowPrices, row) = cheapest.nextCost;
-    at(m_columnOfRow, row) = column;
-    std::swap(row, at(m_rowOfColumn, column));
-    if (row != nobody)
-        at(m_columnOfRow, row) = nobody;
-    return better;
 }
 
 /// Finds the shortest path from a free row to a free column and swaps partners along it. The sum of the
@@ -170,17 +128,19 @@ int LinearAssignment::scanRow(const double *costs, int row)
 {
     const double *of = rowOf(costs, row);
     const double offset = m_reached - at(m_rowPrices, row);
+    const double *prices = m_columnPrices.data();
+    double *lengths = m_lengths.data();
     double shortest = forbidden;
     std::size_t best = m_open.size();
     for (std::size_t k = 0; k < m_open.size(); ++k) {
         const int j = m_open[k];
-        const double length = of[j] - at(m_columnPrices, j) + offset;
-        double &known = at(m_lengths, j);
+        const double length = of[j] - prices[j] + offset;
+        double &known = lengths[j];
         if (length < known) {
             known = length;
             at(m_rowBefore, j) = row;
         }
-        if (known < shortest || (known <= shortest && known < forbidden && at(m_rowOfColumn, j) == nobody)) {
+        if (known < shortest) {
             shortest = known;
             best = k;
         }

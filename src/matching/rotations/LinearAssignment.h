@@ -37,8 +37,6 @@ public:
 private:
     [[nodiscard]] const double *rowOf(const double *costs, int row) const;
     void reduceRows(const double *costs);
-    void transferReductions(const double *costs);
-    bool transferTo(const double *costs, int &row);
     [[nodiscard]] bool augment(const double *costs, int freeRow, double &bound, double limit);
     void begin();
     [[nodiscard]] int scanRow(const double *costs, int row);
