@@ -88,11 +88,7 @@ struct Catalogue {
 const QList<Catalogue> &catalogues()
 {
     static const QList<Catalogue> list{
-        {"module",
-         QStringLiteral(CATALOGUE),
-         {"src/module", "src/dialog", "src/fine", "src/view", "src/coarse", "src/calibration", "src/matching",
-          "src/room"},
-         200},
+        {"module", QStringLiteral(CATALOGUE), {"src"}, 200},
         {"bench", QStringLiteral(BENCH_CATALOGUE), {"bench"}, 100},
     };
     return list;
