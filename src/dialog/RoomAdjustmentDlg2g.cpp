@@ -189,8 +189,8 @@ void RoomAdjustmentDlg2g::leaveUnasked()
         reject();
 }
 
-// The host may destroy the dialog in any call: from here on each sequence of calls works with an access of
-// its own and looks after every call whether anybody is left.
+// The host may destroy the dialog in any call: from here on each sequence of calls looks after every one
+// whether anybody is left.
 bool RoomAdjustmentDlg2g::prepareOpening()
 {
     m_open = false;
@@ -244,9 +244,8 @@ RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(TrackingAccess con
 void RoomAdjustmentDlg2g::readLock()
 {
     const ObjectWatch self(this);
-    const TrackingAccess controller = m_controller;
-    const bool locked = controller.supports(ControllerFeature::CameraTable) &&
-                        controller.configurationChangeable() == Reply::No;
+    const bool locked = m_controller.supports(ControllerFeature::CameraTable) &&
+                        m_controller.configurationChangeable() == Reply::No;
     if (!self || !locked)
         return;
     m_locked = true;
@@ -270,8 +269,7 @@ void RoomAdjustmentDlg2g::prepareAdjusting()
 void RoomAdjustmentDlg2g::loadTransformation()
 {
     const ObjectWatch self(this);
-    const TrackingAccess controller = m_controller;
-    const RoomTrafoData held = controller.roomAdjustment();
+    const RoomTrafoData held = m_controller.roomAdjustment();
     if (!self)
         return;
     m_current = held;
@@ -300,14 +298,12 @@ void RoomAdjustmentDlg2g::setRoomAngles(double rx, double ry, double rz)
 
 void RoomAdjustmentDlg2g::stopTracking()
 {
-    const TrackingAccess controller = m_controller;
-    controller.stopTrackingIfMeasuring();
+    m_controller.stopTrackingIfMeasuring();
 }
 
 void RoomAdjustmentDlg2g::startTracking()
 {
-    const TrackingAccess controller = m_controller;
-    controller.startTracking();
+    m_controller.startTracking();
 }
 
 void RoomAdjustmentDlg2g::onDataChanged(bool changed)
@@ -362,9 +358,7 @@ void RoomAdjustmentDlg2g::writeEdits()
 
 void RoomAdjustmentDlg2g::writeCurrent()
 {
-    const TrackingAccess controller = m_controller;
-    const RoomTrafoData wanted = m_current;
-    controller.writeRoomAdjustment(wanted);
+    m_controller.writeRoomAdjustment(m_current);
 }
 
 void RoomAdjustmentDlg2g::on_btn_cancel_clicked()
@@ -391,8 +385,7 @@ bool RoomAdjustmentDlg2g::undoChanges()
     if (!m_ui->tabWidget->isEnabled())
         return true;
     const ObjectWatch self(this);
-    const TrackingAccess controller = m_controller;
-    const RoomTrafoData held = controller.roomAdjustment();
+    const RoomTrafoData held = m_controller.roomAdjustment();
     if (!self)
         return false;
     const bool changed = held != m_opening;

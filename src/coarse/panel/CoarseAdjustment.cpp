@@ -4,6 +4,7 @@
 #include "RenderArea.h"
 #include "Resources.h"
 #include "RoomAngleExchange.h"
+#include "TextColor.h"
 #include "WheelGuard.h"
 #include "ui_CoarseAdjustment.h"
 
@@ -31,16 +32,6 @@ QColor axisColor(int axis, const QPalette &palette)
                                               QColor(158, 194, 255)};
     const bool isDark = palette.color(QPalette::Window).lightness() < darkLightness;
     return (isDark ? onDark : onLight).at(static_cast<std::size_t>(axis / 2));
-}
-
-void colorText(QWidget *widget, const QColor &color)
-{
-    QPalette palette = widget->palette();
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text})
-            palette.setColor(group, role, color);
-    }
-    widget->setPalette(palette);
 }
 
 } // namespace
@@ -177,7 +168,9 @@ void CoarseAdjustment::colorAxes()
                                            m_ui->comboBox_top,      m_ui->label_bottom,
                                            m_ui->label_bottom_left, m_ui->label_top_right};
     for (std::size_t i = 0; i < widgets.size(); ++i)
-        colorText(widgets[i], axisColor(axes[i], palette()));
+        colorText(widgets[i], axisColor(axes[i], palette()),
+                  {QPalette::WindowText, QPalette::ButtonText, QPalette::Text},
+                  {QPalette::Active, QPalette::Inactive});
     for (QComboBox *comboBox : {m_ui->comboBox_right, m_ui->comboBox_top}) {
         for (int axis = 0; axis < comboBox->count(); ++axis)
             comboBox->setItemData(axis, axisColor(axis, palette()), Qt::ForegroundRole);

@@ -7,6 +7,7 @@
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "Prompt.h"
+#include "TextColor.h"
 #include "ViewControls.h"
 #include "abcRoom.h"
 #include "bsMatrix.h"
@@ -23,13 +24,6 @@ namespace
 {
 
 constexpr double viewUnits = 300.0;
-
-void colourText(QWidget *widget, const QColor &colour)
-{
-    QPalette palette = widget->palette();
-    palette.setColor(QPalette::WindowText, colour);
-    widget->setPalette(palette);
-}
 
 } // namespace
 
@@ -50,7 +44,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     hideSwitches();
     buildView();
     buildViewMenu();
-    colourPlanes();
+    colorPlanes();
     connect(m_ui->w_adjustViewButton, &QPushButton::clicked, this, &CooTrans::adjustView);
     connect(m_ui->w_resetViewButton, &QPushButton::clicked, this, &CooTrans::resetView);
     m_matchingDialog = new AbcMatchingDialog(commands, versions, this);
@@ -107,14 +101,14 @@ void CooTrans::setViewTexts()
     m_view->setAccessibleName(tr("Room in 3D"));
 }
 
-void CooTrans::colourPlanes()
+void CooTrans::colorPlanes()
 {
     QColor xy(150, 150, 0);
     QColor yz(0, 150, 150);
     QColor xz(150, 0, 150);
-    colourText(m_ui->w_showXYGridCheckBox, xy);
-    colourText(m_ui->w_showYZGridCheckBox, yz);
-    colourText(m_ui->w_showXZGridCheckBox, xz);
+    colorText(m_ui->w_showXYGridCheckBox, xy, {QPalette::WindowText}, {QPalette::All});
+    colorText(m_ui->w_showYZGridCheckBox, yz, {QPalette::WindowText}, {QPalette::All});
+    colorText(m_ui->w_showXZGridCheckBox, xz, {QPalette::WindowText}, {QPalette::All});
     m_view->setXYGridColor(xy);
     m_view->setYZGridColor(yz);
     m_view->setXZGridColor(xz);

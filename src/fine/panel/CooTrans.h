@@ -105,7 +105,7 @@ private:
     void buildView();
     void buildViewMenu();
     void setViewTexts();
-    void colourPlanes();
+    void colorPlanes();
     void showBoxes(const AdjustmentBoxes &values);
     void loadRoom();
     void loadControls();

@@ -283,18 +283,17 @@ void AbcMatchingDialog::on_w_measureButton_clicked()
 void AbcMatchingDialog::startMeasurement(int tool)
 {
     const ObjectWatch self(this);
-    const MeasurementAccess controller = m_controller;
     m_state.beginStart();
     showState();
-    const double duration = controller.duration(tool);
+    const double duration = m_controller.duration(tool);
     if (!self)
         return;
     m_measuring->showStart(duration);
-    const double tolerance = controller.tipTolerance(tool);
+    const double tolerance = m_controller.tipTolerance(tool);
     if (!self)
         return;
     m_sampler.setLimits(duration, tolerance);
-    controller.startMeasurement(tool);
+    m_controller.startMeasurement(tool);
     if (self)
         m_state.started();
 }
