@@ -16,7 +16,7 @@ using Ids = std::function<int(const VelmarParser &, int)>;
 
 Q_DECLARE_METATYPE(Ids)
 
-class DamagedRecordTest : public QObject
+class VelmarParserDamageTest : public QObject
 {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ private slots:
     void shouldReadNotANumberAndInfinityAsTheyAre();
 };
 
-void DamagedRecordTest::shouldFailForANullCursor()
+void VelmarParserDamageTest::shouldFailForANullCursor()
 {
     VelmarParser parser;
     QCOMPARE(parser.parseLine(nullptr), 0);
@@ -52,7 +52,7 @@ void DamagedRecordTest::shouldFailForANullCursor()
     QCOMPARE(parser.parseLine(&nothing), 0);
 }
 
-void DamagedRecordTest::shouldFailForAnUnknownKind_data()
+void VelmarParserDamageTest::shouldFailForAnUnknownKind_data()
 {
     QTest::addColumn<QByteArray>("line");
     for (const char *line :
@@ -60,14 +60,14 @@ void DamagedRecordTest::shouldFailForAnUnknownKind_data()
         QTest::newRow(line[0] ? line : "empty") << QByteArray(line);
 }
 
-void DamagedRecordTest::shouldFailForAnUnknownKind()
+void VelmarParserDamageTest::shouldFailForAnUnknownKind()
 {
     QFETCH(QByteArray, line);
     VelmarParser parser;
     QCOMPARE(parse(parser, line), 0);
 }
 
-void DamagedRecordTest::shouldFailForADamagedBodyLine_data()
+void VelmarParserDamageTest::shouldFailForADamagedBodyLine_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::newRow("no count") << QByteArray("6d x");
@@ -78,14 +78,14 @@ void DamagedRecordTest::shouldFailForADamagedBodyLine_data()
     QTest::newRow("a word for a number") << "6d 1 [0 1.0][1 two 3]" + unitRotation;
 }
 
-void DamagedRecordTest::shouldFailForADamagedBodyLine()
+void VelmarParserDamageTest::shouldFailForADamagedBodyLine()
 {
     QFETCH(QByteArray, line);
     VelmarParser parser;
     QCOMPARE(parse(parser, line), 0);
 }
 
-void DamagedRecordTest::shouldKeepTheBodiesReadBeforeTheDamage()
+void VelmarParserDamageTest::shouldKeepTheBodiesReadBeforeTheDamage()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "6d 2 [0 1.0][1 2 3]" + unitRotation + " [1 1.0][4 5"), 0);
@@ -95,7 +95,7 @@ void DamagedRecordTest::shouldKeepTheBodiesReadBeforeTheDamage()
     QCOMPARE(parser.body(1)->location, RecordLocation());
 }
 
-void DamagedRecordTest::shouldClearTheFlagsBeforeTheDamage()
+void VelmarParserDamageTest::shouldClearTheFlagsBeforeTheDamage()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "6dmt2 1 " + tool2("[0 1.0 2 2.5]", "[1 1]")), 1);
@@ -103,7 +103,7 @@ void DamagedRecordTest::shouldClearTheFlagsBeforeTheDamage()
     QCOMPARE(parser.measurementTool(0)->flags, RecordButtons());
 }
 
-void DamagedRecordTest::shouldFailWhenAnyBlockIsDamaged_data()
+void VelmarParserDamageTest::shouldFailWhenAnyBlockIsDamaged_data()
 {
     QTest::addColumn<QByteArray>("kind");
     QTest::addColumn<QList<QByteArray>>("blocks");
@@ -123,7 +123,7 @@ void DamagedRecordTest::shouldFailWhenAnyBlockIsDamaged_data()
     QTest::newRow("3d") << QByteArray("3d") << QList<QByteArray>{"[0 1.0]", place};
 }
 
-void DamagedRecordTest::shouldFailWhenAnyBlockIsDamaged()
+void VelmarParserDamageTest::shouldFailWhenAnyBlockIsDamaged()
 {
     QFETCH(QByteArray, kind);
     QFETCH(QList<QByteArray>, blocks);
@@ -139,14 +139,14 @@ void DamagedRecordTest::shouldFailWhenAnyBlockIsDamaged()
     }
 }
 
-void DamagedRecordTest::shouldHoldCountsAboveTheCapOff_data()
+void VelmarParserDamageTest::shouldHoldCountsAboveTheCapOff_data()
 {
     QTest::addColumn<QByteArray>("kind");
     for (const char *kind : {"6d", "6df", "6df2", "6dmt", "6dmt2", "6dmtr", "gl", "6dj", "6di", "3d"})
         QTest::newRow(kind) << QByteArray(kind);
 }
 
-void DamagedRecordTest::shouldHoldCountsAboveTheCapOff()
+void VelmarParserDamageTest::shouldHoldCountsAboveTheCapOff()
 {
     QFETCH(QByteArray, kind);
     VelmarParser parser;
@@ -164,7 +164,7 @@ void DamagedRecordTest::shouldHoldCountsAboveTheCapOff()
     QCOMPARE(parser.markerCount() + parser.gloveCount() + parser.jointCount() + parser.inertialCount(), 0);
 }
 
-void DamagedRecordTest::shouldTakeACountAtTheCap()
+void VelmarParserDamageTest::shouldTakeACountAtTheCap()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "6df 100000 [0 1.0 1][1 2 3]" + unitRotation), 0);
@@ -173,12 +173,12 @@ void DamagedRecordTest::shouldTakeACountAtTheCap()
     QCOMPARE(parser.handheld(0)->location, (RecordLocation{1, 2, 3}));
 }
 
-void DamagedRecordTest::shouldTakeANegativeCountForNone_data()
+void VelmarParserDamageTest::shouldTakeANegativeCountForNone_data()
 {
     shouldHoldCountsAboveTheCapOff_data();
 }
 
-void DamagedRecordTest::shouldTakeANegativeCountForNone()
+void VelmarParserDamageTest::shouldTakeANegativeCountForNone()
 {
     QFETCH(QByteArray, kind);
     VelmarParser parser;
@@ -187,7 +187,7 @@ void DamagedRecordTest::shouldTakeANegativeCountForNone()
     QCOMPARE(parser.announcedHandhelds() + parser.announcedTools(), 0);
 }
 
-void DamagedRecordTest::shouldRefuseIdsOutsideTheCap_data()
+void VelmarParserDamageTest::shouldRefuseIdsOutsideTheCap_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::newRow("6d below") << "6d 1 [-1 1.0][1 2 3]" + unitRotation;
@@ -195,7 +195,7 @@ void DamagedRecordTest::shouldRefuseIdsOutsideTheCap_data()
     QTest::newRow("6d far above") << "6d 1 [4294967296 1.0][1 2 3]" + unitRotation;
 }
 
-void DamagedRecordTest::shouldRefuseIdsOutsideTheCap()
+void VelmarParserDamageTest::shouldRefuseIdsOutsideTheCap()
 {
     QFETCH(QByteArray, line);
     VelmarParser parser;
@@ -203,7 +203,7 @@ void DamagedRecordTest::shouldRefuseIdsOutsideTheCap()
     QCOMPARE(parser.bodyCount(), 0);
 }
 
-void DamagedRecordTest::shouldTakeAnyIdOfAKindWithoutARuleForIds_data()
+void VelmarParserDamageTest::shouldTakeAnyIdOfAKindWithoutARuleForIds_data()
 {
     QTest::addColumn<QByteArray>("line");
     QTest::addColumn<Ids>("ids");
@@ -222,7 +222,7 @@ void DamagedRecordTest::shouldTakeAnyIdOfAKindWithoutARuleForIds_data()
                         << Ids([](const VelmarParser &p, int i) { return p.glove(i)->id; });
 }
 
-void DamagedRecordTest::shouldTakeAnyIdOfAKindWithoutARuleForIds()
+void VelmarParserDamageTest::shouldTakeAnyIdOfAKindWithoutARuleForIds()
 {
     QFETCH(QByteArray, line);
     QFETCH(Ids, ids);
@@ -233,7 +233,7 @@ void DamagedRecordTest::shouldTakeAnyIdOfAKindWithoutARuleForIds()
     QCOMPARE(ids(parser, 2), 7);
 }
 
-void DamagedRecordTest::shouldSaturateIntegers()
+void VelmarParserDamageTest::shouldSaturateIntegers()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "6dcal 4294967297"), 1);
@@ -242,7 +242,7 @@ void DamagedRecordTest::shouldSaturateIntegers()
     QCOMPARE(parser.calibratedGloveCount(), std::numeric_limits<int>::min());
 }
 
-void DamagedRecordTest::shouldGiveNullOutsideAList()
+void VelmarParserDamageTest::shouldGiveNullOutsideAList()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "6d 1 [0 1.0][1 2 3]" + unitRotation), 1);
@@ -253,7 +253,7 @@ void DamagedRecordTest::shouldGiveNullOutsideAList()
     QVERIFY(!parser.handheld(std::numeric_limits<int>::max()));
 }
 
-void DamagedRecordTest::shouldReadNotANumberAndInfinityAsTheyAre()
+void VelmarParserDamageTest::shouldReadNotANumberAndInfinityAsTheyAre()
 {
     VelmarParser parser;
     QCOMPARE(parse(parser, "6d 1 [0 nan][inf -INFINITY 0x1p3]" + unitRotation), 1);
@@ -263,6 +263,6 @@ void DamagedRecordTest::shouldReadNotANumberAndInfinityAsTheyAre()
     QCOMPARE(parser.body(0)->location[2], 8.0);
 }
 
-ROOM_TEST_CLASS(DamagedRecordTest)
+ROOM_TEST_CLASS(VelmarParserDamageTest)
 
-#include "DamagedRecordTest.moc"
+#include "VelmarParserDamageTest.moc"
