@@ -58,7 +58,7 @@ SimReply permission(const SimMachine &machine)
     if (state.activity == SimActivity::Calibrating)
         return SimReply::calibrating();
     if (state.activity == SimActivity::Measuring)
-        return SimReply::error(21, "tracking is running");
+        return SimReply::trackingRunning();
     return state.changeable ? SimReply::ok() : SimReply::locked();
 }
 
@@ -86,7 +86,7 @@ SimReply stop(SimMachine &machine, const SimArguments &arguments)
     if (machine.state.activity != SimActivity::Calibrating)
         return SimReply::ok();
     if (machine.calibration.kind() != arguments.words.at(0))
-        return SimReply::error(22, "another calibration is running");
+        return SimReply::otherCalibrationRunning();
     machine.calibration.stop();
     machine.state.activity = SimActivity::None;
     return SimReply::ok();

@@ -8,7 +8,7 @@ namespace ControlLines
 
 SimReply expected(const char *what)
 {
-    return SimReply::error(3, std::string("expected: ") + what);
+    return SimReply::expected(what);
 }
 
 std::optional<SimPose> pose(const SimArguments &arguments)

@@ -1,15 +1,9 @@
 #include "ControllerRequests.h"
-#include "SimMachine.h"
+#include "NamedElement.h"
 #include "SimText.h"
 
 namespace
 {
-
-SimTool *toolOf(SimMachine &machine, const SimArguments &arguments)
-{
-    const auto index = arguments.index(0, machine.room.tools.size());
-    return index ? &machine.room.tools[*index] : nullptr;
-}
 
 SimReply available(SimMachine &machine, const SimArguments &)
 {
@@ -23,39 +17,38 @@ SimReply count(SimMachine &machine, const SimArguments &)
 
 SimReply tipCalibrated(SimMachine &machine, const SimArguments &arguments)
 {
-    const SimTool *tool = toolOf(machine, arguments);
-    return tool == nullptr ? SimReply::noSuch("tool")
-                           : SimReply::value(SimText::yesOrNo(tool->tipCalibrated));
+    return withTool(machine, arguments, [](const SimTool &tool) {
+        return SimReply::value(SimText::yesOrNo(tool.tipCalibrated));
+    });
 }
 
 SimReply duration(SimMachine &machine, const SimArguments &arguments)
 {
-    const SimTool *tool = toolOf(machine, arguments);
-    return tool == nullptr ? SimReply::noSuch("tool")
-                           : SimReply::value(SimText::compact(tool->durationSeconds));
+    return withTool(machine, arguments, [](const SimTool &tool) {
+        return SimReply::value(SimText::compact(tool.durationSeconds));
+    });
 }
 
 SimReply tolerance(SimMachine &machine, const SimArguments &arguments)
 {
-    const SimTool *tool = toolOf(machine, arguments);
-    return tool == nullptr ? SimReply::noSuch("tool") : SimReply::value(SimText::compact(tool->toleranceMm));
+    return withTool(machine, arguments,
+                    [](const SimTool &tool) { return SimReply::value(SimText::compact(tool.toleranceMm)); });
 }
 
 SimReply start(SimMachine &machine, const SimArguments &arguments)
 {
-    SimTool *tool = toolOf(machine, arguments);
-    if (tool == nullptr)
-        return SimReply::noSuch("tool");
-    if (machine.state.activity != SimActivity::Measuring)
-        return SimReply::notMeasuring();
-    if (!tool->tracked)
-        return SimReply::error(41, "tool not tracked");
-    if (!tool->tipCalibrated)
-        return SimReply::error(43, "tip not calibrated");
-    if (machine.state.strict && tool->measurement.isBusy())
-        return SimReply::error(42, "measurement is running");
-    tool->measurement.start();
-    return SimReply::ok();
+    return withTool(machine, arguments, [&machine](SimTool &tool) {
+        if (machine.state.activity != SimActivity::Measuring)
+            return SimReply::notMeasuring();
+        if (!tool.tracked)
+            return SimReply::toolNotTracked();
+        if (!tool.tipCalibrated)
+            return SimReply::tipNotCalibrated();
+        if (machine.state.strict && tool.measurement.isBusy())
+            return SimReply::measurementRunning();
+        tool.measurement.start();
+        return SimReply::ok();
+    });
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "ControlLines.h"
+#include "NamedElement.h"
 #include "SimCoordinates.h"
 #include "SimLimits.h"
-#include "SimMachine.h"
 #include "SimText.h"
 
 namespace
@@ -64,15 +64,13 @@ SimReply reportedPoint(SimMachine &machine, const SimArguments &arguments)
 
 SimReply tool(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto index = arguments.index(0, machine.room.tools.size());
-    if (!index)
-        return SimReply::noSuch("tool");
-    const SimTool &one = machine.room.tools[*index];
-    const SimCoordinates coordinates(machine);
-    return SimReply::value(numbers(coordinates.reported(one.tip)) + " " +
-                           SimText::yesOrNo(one.tracked && coordinates.isTracking()) + " " +
-                           SimText::yesOrNo(one.measurement.isBusy()) + " " + SimText::compact(one.tremorMm) +
-                           " " + SimText::compact(one.noiseMm));
+    return withTool(machine, arguments, [&machine](const SimTool &one) {
+        const SimCoordinates coordinates(machine);
+        return SimReply::value(numbers(coordinates.reported(one.tip)) + " " +
+                               SimText::yesOrNo(one.tracked && coordinates.isTracking()) + " " +
+                               SimText::yesOrNo(one.measurement.isBusy()) + " " +
+                               SimText::compact(one.tremorMm) + " " + SimText::compact(one.noiseMm));
+    });
 }
 
 SimReply angleTool(SimMachine &machine, const SimArguments &)

@@ -151,7 +151,7 @@ SimReply accept(SimMachine &machine, const SimArguments &)
     if (state.activity == SimActivity::Calibrating)
         return SimReply::calibrating();
     if (!state.newCalibration)
-        return SimReply::error(31, "no new calibration");
+        return SimReply::noNewCalibration();
     if (!state.changeable)
         return SimReply::locked();
     state.base = state.newCalibration->base;

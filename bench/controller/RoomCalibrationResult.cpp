@@ -1,10 +1,11 @@
 #include "RoomCalibrationResult.h"
 
-#include "SimMachine.h"
+#include "SimRequest.h"
+#include "SimRoom.h"
+#include "SimRoomCalibrationSettings.h"
 
 #include <cmath>
 #include <cstddef>
-#include <optional>
 
 namespace
 {
@@ -24,17 +25,6 @@ bool angleToolMatches(const SimRoomCalibrationSettings &settings, const SimAngle
     return all;
 }
 
-std::optional<CalibrationError> fault(const SimMachine &machine)
-{
-    if (!machine.room.angleTool.visible)
-        return CalibrationError{17, "Angle tool not found."};
-    if (machine.state.roomCalibration.type != "angle_no_wand")
-        return CalibrationError{18, "Wrong calibration type."};
-    if (!angleToolMatches(machine.state.roomCalibration, machine.room.angleTool))
-        return CalibrationError{19, "Angle tool does not match."};
-    return std::nullopt;
-}
-
 } // namespace
 
 SimPose baseFromAngleTool(const SimRoom &room, const std::string &coordinateType)
@@ -50,24 +40,13 @@ SimPose baseFromAngleTool(const SimRoom &room, const std::string &coordinateType
     return {-1.0 * (turn * room.angleTool.foot()), turn};
 }
 
-void finishCalibration(SimMachine &machine)
+std::optional<SimReply> calibrationFault(const SimRoom &room, const SimRoomCalibrationSettings &settings)
 {
-    machine.calibration.conclude();
-    machine.state.activity = SimActivity::None;
-    if (machine.calibration.kind() != "room")
-        return;
-    if (const std::optional<CalibrationError> error = fault(machine))
-        failCalibration(machine, *error);
-    else
-        machine.state.newCalibration =
-            SimNewCalibration{baseFromAngleTool(machine.room, machine.state.startedCoordinateType),
-                              machine.state.startedCoordinateType};
-}
-
-void failCalibration(SimMachine &machine, const CalibrationError &error)
-{
-    machine.calibration.conclude();
-    machine.state.activity = SimActivity::Error;
-    machine.state.errorCode = error.code;
-    machine.state.errorText = error.text;
+    if (!room.angleTool.visible)
+        return SimReply::angleToolNotFound();
+    if (settings.type != "angle_no_wand")
+        return SimReply::wrongCalibrationType();
+    if (!angleToolMatches(settings, room.angleTool))
+        return SimReply::angleToolMismatch();
+    return std::nullopt;
 }

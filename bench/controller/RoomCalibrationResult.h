@@ -2,16 +2,12 @@
 
 #include "SimGeometry.h"
 
+#include <optional>
 #include <string>
 
-struct SimMachine;
+struct SimReply;
 struct SimRoom;
-
-/// What a failed calibration leaves in the controller's error state.
-struct CalibrationError {
-    int code = 0;
-    std::string text;
-};
+struct SimRoomCalibrationSettings;
 
 /// The base calibration (raw coordinates = base * world) that the angle tool gives for a coordinate type.
 ///
@@ -20,8 +16,5 @@ struct CalibrationError {
 /// of that camera.
 SimPose baseFromAngleTool(const SimRoom &room, const std::string &coordinateType);
 
-/// The end of the after-work: the room calibration checks the angle tool and offers its result; other kinds
-/// just end.
-void finishCalibration(SimMachine &machine);
-
-void failCalibration(SimMachine &machine, const CalibrationError &error);
+/// Why a room calibration with these settings fails in that room; nothing when it succeeds.
+std::optional<SimReply> calibrationFault(const SimRoom &room, const SimRoomCalibrationSettings &settings);

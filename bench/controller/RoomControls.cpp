@@ -1,5 +1,5 @@
 #include "ControlLines.h"
-#include "SimMachine.h"
+#include "NamedElement.h"
 
 namespace
 {
@@ -7,14 +7,6 @@ namespace
 using ControlLines::expected;
 
 constexpr const char *poseWords = "x y z rx ry rz";
-
-/// Finds the element that the first number of a line names and lets `change` work on it.
-template <typename List, typename Change>
-SimReply withElement(List &list, const char *name, const SimArguments &arguments, Change change)
-{
-    const auto index = arguments.index(0, list.size());
-    return index ? change(list[*index]) : SimReply::noSuch(name);
-}
 
 SimReply setPose(SimPose &pose, const SimArguments &arguments)
 {
@@ -83,8 +75,7 @@ SimReply bodyTracked(SimMachine &machine, const SimArguments &arguments)
 
 SimReply cameraPose(SimMachine &machine, const SimArguments &arguments)
 {
-    return withElement(machine.room.cameras, "camera", arguments,
-                       [&](SimCamera &camera) { return setPose(camera.pose, arguments); });
+    return withCamera(machine, arguments, [&](SimCamera &camera) { return setPose(camera.pose, arguments); });
 }
 
 SimReply cameraRoom(SimMachine &machine, const SimArguments &arguments)
@@ -92,7 +83,7 @@ SimReply cameraRoom(SimMachine &machine, const SimArguments &arguments)
     const std::string_view wanted = arguments.words.at(0);
     if (wanted != "none" && wanted != "yes")
         return expected("none or yes");
-    return withElement(machine.room.cameras, "camera", arguments, [&](SimCamera &camera) {
+    return withCamera(machine, arguments, [&](SimCamera &camera) {
         camera.hasRoom = wanted == "yes";
         return SimReply::ok();
     });

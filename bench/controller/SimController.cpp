@@ -16,7 +16,7 @@ std::string refusal(const std::string &line)
 {
     const bool parameter =
         SimText::startsWith(line, prefix + "get ") || SimText::startsWith(line, prefix + "set ");
-    return parameter ? SimAnswer::error(2, "unknown parameter") : SimAnswer::error(1, "unknown command");
+    return SimAnswer::error(parameter ? SimReply::unknownParameter() : SimReply::unknownCommand());
 }
 
 std::string answerLine(const std::string &request, const SimReply &reply)

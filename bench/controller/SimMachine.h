@@ -4,11 +4,13 @@
 #include "SimCalibration.h"
 #include "SimRandom.h"
 #include "SimRoom.h"
+#include "SimRoomCalibrationSettings.h"
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
+
+struct SimReply;
 
 constexpr double framesPerSecond = 60.0;
 
@@ -17,14 +19,6 @@ struct SimExtra {
     SimRotation rotation;
     SimVector translation;
     double scaling = 1.0;
-};
-
-struct SimRoomCalibrationSettings {
-    std::string type = "angle_wand";
-    std::array<double, 3> anglesMm = {278.0, 83.0, 163.0};
-    double angleHeightMm = 55.0;
-    double durationSeconds = 30.0;
-    std::string coordinateType = "normal";
 };
 
 /// A finished calibration that has not been accepted yet.
@@ -84,4 +78,8 @@ struct SimMachine {
 
     /// Ends all running tip measurements.
     void dropMeasurements();
+
+private:
+    void finishCalibration();
+    void failCalibration(const SimReply &error);
 };

@@ -1,5 +1,5 @@
 #include "ControllerRequests.h"
-#include "SimMachine.h"
+#include "NamedElement.h"
 #include "SimText.h"
 
 #include <algorithm>
@@ -66,11 +66,10 @@ SimReply error(SimMachine &machine, const SimArguments &)
 
 SimReply cameraProgress(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto camera = arguments.index(0, machine.room.cameras.size());
-    if (!camera)
-        return SimReply::noSuch("camera");
-    const double part = machine.calibration.stepProgress() * machine.room.cameras[*camera].progressRate;
-    return SimReply::value(SimText::fixed(std::min(1.0, part), 3));
+    return withCamera(machine, arguments, [&machine](const SimCamera &camera) {
+        const double part = machine.calibration.stepProgress() * camera.progressRate;
+        return SimReply::value(SimText::fixed(std::min(1.0, part), 3));
+    });
 }
 
 SimReply changeable(SimMachine &machine, const SimArguments &)
@@ -85,12 +84,10 @@ SimReply cameraCount(SimMachine &machine, const SimArguments &)
 
 SimReply camera(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto camera = arguments.index(0, machine.room.cameras.size());
-    if (!camera)
-        return SimReply::noSuch("camera");
-    const SimCamera &one = machine.room.cameras[*camera];
-    const std::string state = machine.state.activity == SimActivity::None ? "idle" : "active";
-    return SimReply::value(one.model + " " + one.serial + " " + state);
+    return withCamera(machine, arguments, [&machine](const SimCamera &one) {
+        const std::string state = machine.state.activity == SimActivity::None ? "idle" : "active";
+        return SimReply::value(one.model + " " + one.serial + " " + state);
+    });
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "ControllerRequests.h"
+#include "NamedElement.h"
 #include "SimCoordinates.h"
 #include "SimLimits.h"
-#include "SimMachine.h"
 #include "SimText.h"
 
 #include <algorithm>
@@ -47,22 +47,19 @@ SimReply stop(SimMachine &machine, const SimArguments &)
 
 SimReply room(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto camera = arguments.index(0, machine.room.cameras.size());
-    if (!camera)
-        return SimReply::noSuch("camera");
-    const SimCamera &one = machine.room.cameras[*camera];
-    if (!one.hasRoom)
-        return SimReply::value("none");
-    const SimPose pose = SimCoordinates(machine).current(one.pose);
-    return SimReply::value(millimetres(pose.position) + " " + SimText::joined(pose.rotation.rows, 6));
+    return withCamera(machine, arguments, [&machine](const SimCamera &camera) {
+        if (!camera.hasRoom)
+            return SimReply::value("none");
+        const SimPose pose = SimCoordinates(machine).current(camera.pose);
+        return SimReply::value(millimetres(pose.position) + " " + SimText::joined(pose.rotation.rows, 6));
+    });
 }
 
 SimReply hasRoom(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto camera = arguments.index(0, machine.room.cameras.size());
-    if (!camera)
-        return SimReply::noSuch("camera");
-    return SimReply::value(SimText::yesOrNo(machine.room.cameras[*camera].hasRoom));
+    return withCamera(machine, arguments, [](const SimCamera &camera) {
+        return SimReply::value(SimText::yesOrNo(camera.hasRoom));
+    });
 }
 
 SimReply extraRotation(SimMachine &machine, const SimArguments &)
@@ -96,7 +93,7 @@ SimReply permission(SimMachine &machine, const std::string &what)
     if (machine.state.activity != SimActivity::Measuring)
         return SimReply::ok();
     if (machine.state.strict)
-        return SimReply::error(20, "stop tracking first");
+        return SimReply::stopTrackingFirst();
     constexpr std::size_t mostNotes = 100;
     if (machine.notes.size() < mostNotes)
         machine.notes.push_back("tracking " + what + " was set while measuring");
