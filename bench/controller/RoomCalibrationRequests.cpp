@@ -89,8 +89,6 @@ SimReply setType(SimMachine &machine, const SimArguments &arguments)
         wanted == "angle_wand" || (wanted == "angle_no_wand" && machine.state.angleToolSupported);
     if (!known)
         return SimReply::badValue();
-    if (!machine.state.changeable)
-        return SimReply::locked();
     machine.state.roomCalibration.type = wanted;
     return SimReply::ok();
 }
@@ -101,8 +99,6 @@ SimReply setAngle(SimMachine &machine, const SimArguments &arguments)
     const auto isPositive = [](double value) { return value > 0.0; };
     if (!numbers || !std::all_of(numbers->begin(), numbers->end(), isPositive))
         return SimReply::badValue();
-    if (!machine.state.changeable)
-        return SimReply::locked();
     std::copy(numbers->begin(), numbers->end(), machine.state.roomCalibration.anglesMm.begin());
     return SimReply::ok();
 }
@@ -112,8 +108,6 @@ SimReply setAngleHeight(SimMachine &machine, const SimArguments &arguments)
     const auto numbers = arguments.reals(1);
     if (!numbers || numbers->at(0) < 0.0)
         return SimReply::badValue();
-    if (!machine.state.changeable)
-        return SimReply::locked();
     machine.state.roomCalibration.angleHeightMm = numbers->at(0);
     return SimReply::ok();
 }
@@ -124,8 +118,6 @@ SimReply setDuration(SimMachine &machine, const SimArguments &arguments)
     if (!numbers || numbers->at(0) < shortestDurationSeconds ||
         numbers->at(0) > SimLimits::longestDurationSeconds)
         return SimReply::badValue();
-    if (!machine.state.changeable)
-        return SimReply::locked();
     machine.state.roomCalibration.durationSeconds = numbers->at(0);
     return SimReply::ok();
 }
@@ -134,8 +126,6 @@ SimReply setCoordinateType(SimMachine &machine, const SimArguments &arguments)
 {
     if (coordinateType(arguments.words.at(0)) == nullptr)
         return SimReply::badValue();
-    if (!machine.state.changeable)
-        return SimReply::locked();
     machine.state.roomCalibration.coordinateType = std::string(arguments.words.at(0));
     return SimReply::ok();
 }
@@ -174,12 +164,12 @@ std::vector<SimRequestRow> roomCalibrationRequests()
             {"get roomcal angle", angle},
             {"get roomcal angle_height", angleHeight},
             {"get roomcal duration", duration},
-            {"set roomcal type *", setType},
+            {"set roomcal type *", setType, SimGuard::Unlocked},
             {"set roomcal type ...", wrongCount},
-            {"set roomcal angle ...", setAngle},
-            {"set roomcal angle_height ...", setAngleHeight},
-            {"set roomcal duration ...", setDuration},
-            {"set roomcal coordinate_type *", setCoordinateType},
+            {"set roomcal angle ...", setAngle, SimGuard::Unlocked},
+            {"set roomcal angle_height ...", setAngleHeight, SimGuard::Unlocked},
+            {"set roomcal duration ...", setDuration, SimGuard::Unlocked},
+            {"set roomcal coordinate_type *", setCoordinateType, SimGuard::Unlocked},
             {"set roomcal coordinate_type ...", wrongCount},
             {"roomcal accept_new_calibration", accept}};
 }

@@ -1,5 +1,6 @@
 #include "SimRequest.h"
 
+#include "SimMachine.h"
 #include "SimText.h"
 
 namespace
@@ -7,6 +8,13 @@ namespace
 
 constexpr std::size_t shortestNumber = 2;
 constexpr std::size_t longestNumber = 4;
+constexpr std::size_t mostNotes = 100;
+
+/// What a row "set GROUP NAME ..." sets.
+std::string setting(const std::vector<std::string_view> &pattern)
+{
+    return std::string(pattern.at(1)) + " " + std::string(pattern.at(2));
+}
 
 bool takeNumber(std::string_view digits, SimArguments &arguments)
 {
@@ -77,8 +85,22 @@ SimRequestTable::SimRequestTable(const std::vector<std::vector<SimRequestRow>> &
 {
     for (const std::vector<SimRequestRow> &part : parts) {
         for (const SimRequestRow &row : part)
-            m_rows.push_back({SimText::words(row.pattern), row.answer});
+            m_rows.push_back({SimText::words(row.pattern), row.answer, row.guard});
     }
+}
+
+SimReply SimRequestTable::guarded(const Row &row, SimMachine &machine, const SimArguments &arguments)
+{
+    const SimState &state = machine.state;
+    const bool isNoted = row.guard == SimGuard::Still && state.activity == SimActivity::Measuring;
+    if (row.guard != SimGuard::None && !state.changeable)
+        return SimReply::locked();
+    if (isNoted && state.strict)
+        return SimReply::stopTrackingFirst();
+    SimReply reply = row.answer(machine, arguments);
+    if (isNoted && reply.kind == SimReply::Kind::Ok && machine.notes.size() < mostNotes)
+        machine.notes.push_back(setting(row.pattern) + " was set while measuring");
+    return reply;
 }
 
 std::optional<SimReply> SimRequestTable::answer(SimMachine &machine,
@@ -86,7 +108,7 @@ std::optional<SimReply> SimRequestTable::answer(SimMachine &machine,
 {
     for (const Row &row : m_rows) {
         if (const std::optional<SimArguments> arguments = match(row.pattern, words))
-            return row.answer(machine, *arguments);
+            return guarded(row, machine, *arguments);
     }
     return std::nullopt;
 }

@@ -61,13 +61,21 @@ struct SimArguments {
     std::optional<std::size_t> index(std::size_t place, std::size_t size) const;
 };
 
-/// One row of a vocabulary: a pattern of words and what answers it.
+/// What a row's request is refused for before it is looked at.
+enum class SimGuard {
+    None,
+    Unlocked, ///< a locked configuration
+    Still,    ///< a locked configuration, and measuring when strict; when not, measuring is noted
+};
+
+/// One row of a vocabulary: a pattern of words, what answers it, and what stands before it.
 ///
 /// In a pattern # is a number from 1, c# is a letter and a number of two digits or more, * is any word, ...
 /// are the words that are left (none is possible); every other word stands for itself.
 struct SimRequestRow {
     std::string_view pattern;
     SimReply (*answer)(SimMachine &machine, const SimArguments &arguments);
+    SimGuard guard = SimGuard::None;
 };
 
 /// Rows that are asked in their order, the first match wins.
@@ -83,7 +91,10 @@ private:
     struct Row {
         std::vector<std::string_view> pattern;
         SimReply (*answer)(SimMachine &machine, const SimArguments &arguments);
+        SimGuard guard;
     };
+
+    static SimReply guarded(const Row &row, SimMachine &machine, const SimArguments &arguments);
 
     std::vector<Row> m_rows;
 };

@@ -85,21 +85,6 @@ SimReply reference(SimMachine &machine, const SimArguments &)
     return SimReply::value("body b" + std::string(number.size() < 2 ? "0" : "") + number);
 }
 
-// What stands in the way of a change of the reported coordinates; Ok when nothing does.
-SimReply permission(SimMachine &machine, const std::string &what)
-{
-    if (!machine.state.changeable)
-        return SimReply::locked();
-    if (machine.state.activity != SimActivity::Measuring)
-        return SimReply::ok();
-    if (machine.state.strict)
-        return SimReply::stopTrackingFirst();
-    constexpr std::size_t mostNotes = 100;
-    if (machine.notes.size() < mostNotes)
-        machine.notes.push_back("tracking " + what + " was set while measuring");
-    return SimReply::ok();
-}
-
 SimReply setExtraRotation(SimMachine &machine, const SimArguments &arguments)
 {
     const auto numbers = arguments.reals(9);
@@ -109,10 +94,8 @@ SimReply setExtraRotation(SimMachine &machine, const SimArguments &arguments)
     std::copy(numbers->begin(), numbers->end(), rotation.rows.begin());
     if (!rotation.isOrthonormal(rotationTolerance))
         return SimReply::badValue();
-    SimReply allowed = permission(machine, "extra_rotation");
-    if (allowed.kind == SimReply::Kind::Ok)
-        machine.state.extra.rotation = rotation;
-    return allowed;
+    machine.state.extra.rotation = rotation;
+    return SimReply::ok();
 }
 
 SimReply setExtraTranslation(SimMachine &machine, const SimArguments &arguments)
@@ -120,10 +103,8 @@ SimReply setExtraTranslation(SimMachine &machine, const SimArguments &arguments)
     const auto numbers = arguments.reals(3);
     if (!numbers)
         return SimReply::badValue();
-    SimReply allowed = permission(machine, "extra_translation");
-    if (allowed.kind == SimReply::Kind::Ok)
-        machine.state.extra.translation = {numbers->at(0), numbers->at(1), numbers->at(2)};
-    return allowed;
+    machine.state.extra.translation = {numbers->at(0), numbers->at(1), numbers->at(2)};
+    return SimReply::ok();
 }
 
 SimReply setExtraScaling(SimMachine &machine, const SimArguments &arguments)
@@ -132,18 +113,14 @@ SimReply setExtraScaling(SimMachine &machine, const SimArguments &arguments)
     const auto numbers = arguments.reals(1);
     if (!numbers || !(numbers->at(0) > 0.0) || numbers->at(0) > largestScaling)
         return SimReply::badValue();
-    SimReply allowed = permission(machine, "extra_scaling");
-    if (allowed.kind == SimReply::Kind::Ok)
-        machine.state.extra.scaling = numbers->at(0);
-    return allowed;
+    machine.state.extra.scaling = numbers->at(0);
+    return SimReply::ok();
 }
 
 SimReply clearReference(SimMachine &machine, const SimArguments &)
 {
-    SimReply allowed = permission(machine, "reference");
-    if (allowed.kind == SimReply::Kind::Ok)
-        machine.state.reference.reset();
-    return allowed;
+    machine.state.reference.reset();
+    return SimReply::ok();
 }
 
 SimReply setReference(SimMachine &machine, const SimArguments &arguments)
@@ -151,10 +128,8 @@ SimReply setReference(SimMachine &machine, const SimArguments &arguments)
     const auto body = arguments.index(0, machine.room.bodies.size());
     if (!body)
         return SimReply::noSuch("target");
-    SimReply allowed = permission(machine, "reference");
-    if (allowed.kind == SimReply::Kind::Ok)
-        machine.state.reference = static_cast<int>(*body);
-    return allowed;
+    machine.state.reference = static_cast<int>(*body);
+    return SimReply::ok();
 }
 
 SimReply unknownReference(SimMachine &, const SimArguments &arguments)
@@ -175,10 +150,10 @@ std::vector<SimRequestRow> trackingRequests()
             {"get tracking extra_translation", extraTranslation},
             {"get tracking extra_scaling", extraScaling},
             {"get tracking reference", reference},
-            {"set tracking extra_rotation ...", setExtraRotation},
-            {"set tracking extra_translation ...", setExtraTranslation},
-            {"set tracking extra_scaling ...", setExtraScaling},
-            {"set tracking reference none", clearReference},
-            {"set tracking reference body b#", setReference},
+            {"set tracking extra_rotation ...", setExtraRotation, SimGuard::Still},
+            {"set tracking extra_translation ...", setExtraTranslation, SimGuard::Still},
+            {"set tracking extra_scaling ...", setExtraScaling, SimGuard::Still},
+            {"set tracking reference none", clearReference, SimGuard::Still},
+            {"set tracking reference body b#", setReference, SimGuard::Still},
             {"set tracking reference ...", unknownReference}};
 }
