@@ -1,5 +1,6 @@
 #include "OpenedDialog.h"
 #include "InterfaceVersion.h"
+#include "MatchingReport.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -46,7 +47,9 @@ QString OpenedDialog::report()
 
 QString OpenedDialog::notice()
 {
-    return find<QLabel>("label_notice")->text();
+    QStringList lines = find<QLabel>("label_notice")->text().split(QLatin1Char('\n'));
+    lines.removeAll(MatchingReport::noData());
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString OpenedDialog::cell(const char *table, int row, int column)

@@ -45,6 +45,7 @@ public:
     void click(const char *button);
     [[nodiscard]] bool isEnabled(const char *name);
     [[nodiscard]] QString report();
+    /// All but that no records arrive, which is true of a script that takes long between its measurements.
     [[nodiscard]] QString notice();
     [[nodiscard]] QString cell(const char *table, int row, int column);
     [[nodiscard]] int rows(const char *table);
