@@ -43,8 +43,12 @@ inline double umeyamaRms(const Points &A, const Points &B)
 inline double widthOf(const Points &A)
 {
     const Eigen::Matrix3Xd centred = asMatrix(A).colwise() - asMatrix(A).rowwise().mean();
-    const Eigen::VectorXd extents = Eigen::JacobiSVD<Eigen::MatrixXd>(centred).singularValues();
-    return extents(1) / extents(0);
+    Eigen::Matrix3d moments = Eigen::Matrix3d::Zero();
+    for (Eigen::Index i = 0; i < centred.cols(); ++i)
+        moments += centred.col(i) * centred.col(i).transpose();
+    const Eigen::Vector3d squares =
+        Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(moments, Eigen::EigenvaluesOnly).eigenvalues();
+    return std::sqrt(squares(1) / squares(2));
 }
 
 /// How far the 3x3 block is from a rotation: the largest element of RtR - I, and of the determinant minus 1.

@@ -17,7 +17,7 @@
 #include <QTextEdit>
 #include <QtTest>
 
-#include <Eigen/Dense>
+#include <Eigen/Eigenvalues>
 
 #include <algorithm>
 #include <cmath>
@@ -148,12 +148,16 @@ public:
     /// the rounding of what is written.
     [[nodiscard]] double tolerance(int index) const
     {
-        Eigen::Matrix3Xd centred(3, count());
+        Eigen::Vector3d centre = Eigen::Vector3d::Zero();
         for (int i = 0; i < count(); ++i)
-            centred.col(i) = nominal(i);
-        const Eigen::Vector3d centre = centred.rowwise().mean();
-        centred.colwise() -= centre;
-        const double spread = centred.jacobiSvd().singularValues()[1];
+            centre += nominal(i) / count();
+        // Of fixed size: for others Eigen keeps the compiler busy for half a minute.
+        Eigen::Matrix3d moments = Eigen::Matrix3d::Zero();
+        for (int i = 0; i < count(); ++i)
+            moments += (nominal(i) - centre) * (nominal(i) - centre).transpose();
+        const Eigen::Vector3d extents =
+            Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(moments, Eigen::EigenvaluesOnly).eigenvalues();
+        const double spread = std::sqrt(extents[1]);
         const double lever = (nominal(index) - centre).norm() / spread;
         const double scatter = std::hypot(tremorMm, noiseMm) / std::sqrt(framesRead);
         return 4.0 * scatter * (1.0 + lever) + 0.005;
