@@ -67,12 +67,13 @@ function(room_use_test_headers)
   endforeach()
 endfunction()
 
-# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds])
+# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds] [COMMA class function ...])
 #
 # One test executable, run twice: in the C locale and in one with a decimal comma. Unless
-# WITHOUT_DISPLAY is given it runs on an X server of its own, so that tests can run side by side.
+# WITHOUT_DISPLAY is given it runs on an X server of its own, so that tests can run side by side. With COMMA the second
+# run is of these functions of one class alone: for the others a locale changes nothing.
 function(room_test name)
-  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS;COMMA" ${ARGN})
   set(target test_${name})
   if(ARG_WITHOUT_DISPLAY)
     set(main testmain_core)
@@ -87,14 +88,25 @@ function(room_test name)
   room_executable(${target} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} ${main} testlib Qt5::Test)
   room_use_test_headers(${target})
   add_test(NAME ${name} COMMAND ${launcher} $<TARGET_FILE:${target}>)
-  add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}>)
-  set(sanitizers "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan-suppressions:print_suppressions=0"
-                 "UBSAN_OPTIONS=print_stacktrace=1")
-  # A function may take as long as its program.
-  set(patience "QTEST_FUNCTION_TIMEOUT=${ARG_TIMEOUT}000")
-  set(quiet "${patience};QT_LOGGING_RULES=qt.qpa.*=false;QT_ACCESSIBILITY=0;LIBGL_ALWAYS_SOFTWARE=1")
-  set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
-    "LC_ALL=C.UTF-8;${quiet};${sanitizers}")
-  set_tests_properties(${name}.comma PROPERTIES TIMEOUT ${ARG_TIMEOUT}
-    ENVIRONMENT "LOCPATH=${ROOM_LOCALE_PATH};LC_ALL=de_DE.UTF-8;ROOM_EXPECT_DECIMAL_COMMA=1;${quiet};${sanitizers}")
+  room_test_environment(${name} ${ARG_TIMEOUT} LC_ALL=C.UTF-8)
+  set(class)
+  if(ARG_COMMA)
+    list(POP_FRONT ARG_COMMA class)
+    set(class ROOM_TEST_CLASS=${class})
+  endif()
+  add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}> ${ARG_COMMA})
+  room_test_environment(${name}.comma ${ARG_TIMEOUT}
+    LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1 ${class})
+endfunction()
+
+# room_test_environment(NAME SECONDS VARIABLE=VALUE ...): in what a run takes place, besides these variables.
+function(room_test_environment name timeout)
+  set_tests_properties(${name} PROPERTIES TIMEOUT ${timeout})
+  set_property(TEST ${name} PROPERTY ENVIRONMENT
+    ${ARGN}
+    # A function may take as long as its program.
+    QTEST_FUNCTION_TIMEOUT=${timeout}000
+    QT_LOGGING_RULES=qt.qpa.*=false QT_ACCESSIBILITY=0 LIBGL_ALWAYS_SOFTWARE=1
+    LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan-suppressions:print_suppressions=0
+    UBSAN_OPTIONS=print_stacktrace=1)
 endfunction()

@@ -59,8 +59,15 @@ void keepPicture(QWidget &window, const QString &name)
     const QString folder = qEnvironmentVariable("ROOM_PICTURES");
     if (folder.isEmpty())
         return;
-    QTest::qWait(200); // the view's picture comes from the screen only
-    window.screen()->grabWindow(window.winId()).save(QDir(folder).filePath(name + QStringLiteral(".png")));
+    // The view's picture comes from the screen only, and some time after the window.
+    QImage before;
+    QImage picture;
+    static_cast<void>(QTest::qWaitFor([&] {
+        before = picture;
+        picture = window.screen()->grabWindow(window.winId()).toImage();
+        return before == picture;
+    }));
+    picture.save(QDir(folder).filePath(name + QStringLiteral(".png")));
 }
 
 QString scaleName()
