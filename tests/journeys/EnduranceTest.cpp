@@ -1,5 +1,6 @@
 #include "Traveller.h"
 
+#include "TestClock.h"
 #include "TestLoad.h"
 #include "TestRegistry.h"
 
@@ -13,6 +14,10 @@
 
 #include <malloc.h>
 #include <unistd.h>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -49,7 +54,7 @@ public:
     int take()
     {
         qApp->installEventFilter(this);
-        QTest::qWait(longerThanTheSlowestPollMs);
+        TestClock::advance(longerThanTheSlowestPoll);
         qApp->removeEventFilter(this);
         return m_receivers.size();
     }
@@ -63,7 +68,7 @@ protected:
     }
 
 private:
-    static constexpr int longerThanTheSlowestPollMs = 450;
+    static constexpr std::chrono::milliseconds longerThanTheSlowestPoll = 450ms;
     QSet<QObject *> m_receivers;
 };
 

@@ -1,6 +1,7 @@
 #include "ModuleInterface.h"
 #include "Traveller.h"
 
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QAction>
@@ -9,11 +10,15 @@
 #include <QTabWidget>
 #include <QtTest>
 
+#include <chrono>
+
+using namespace std::chrono_literals;
+
 namespace
 {
 
 constexpr std::size_t subscribedKinds = 5;
-constexpr int longerThanEveryPollMs = 260;
+constexpr std::chrono::milliseconds longerThanEveryPoll = 2s;
 
 int dialogs()
 {
@@ -126,7 +131,7 @@ private slots:
         QCOMPARE(calls(host), std::size_t(1));
         QCOMPARE(host.channel.log().calls().front().operation, std::string("releaseRequester"));
         host.link.advance(0.5);
-        QTest::qWait(longerThanEveryPollMs);
+        TestClock::advance(longerThanEveryPoll);
         QCOMPARE(calls(host), std::size_t(1));
     }
 
@@ -227,7 +232,7 @@ private slots:
         // WHEN
         host.control(QStringLiteral("velmar2 tracking start"));
         host.link.advance(0.5);
-        QTest::qWait(longerThanEveryPollMs);
+        TestClock::advance(longerThanEveryPoll);
         // THEN
         QCOMPARE(calls(host), before);
     }

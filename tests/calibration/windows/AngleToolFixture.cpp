@@ -1,13 +1,25 @@
 #include "AngleToolFixture.h"
 
+#include "CalibrationProgressDlg.h"
+
 #include <QLabel>
 #include <QTimer>
 #include <QtTest>
+
+using namespace std::chrono_literals;
 
 AngleToolFixture::AngleToolFixture(CalibrationBench *bench, QWidget *parent)
     : AdjustToToolDlg(&bench->host, &bench->versions, parent)
     , m_bench(bench)
 {
+    // The progress dialog is made anew for each calibration.
+    connect(&m_hurry, &QTimer::timeout, this, [this] {
+        auto *progress = findChild<CalibrationProgressDlg *>();
+        if (progress == nullptr || !progress->isVisible())
+            return;
+        m_hurry.stop();
+        progress->setPollInterval(1ms);
+    });
 }
 
 QDoubleSpinBox *AngleToolFixture::spinBox(const char *name) const
@@ -58,6 +70,7 @@ int AngleToolFixture::openAndCalibrate()
 {
     return openAnd([this] {
         m_bench->host.clear();
+        m_hurry.start(1ms);
         QTest::mouseClick(button("pushButton_calibrate"), Qt::LeftButton);
     });
 }

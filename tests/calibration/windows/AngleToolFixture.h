@@ -6,10 +6,11 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QPushButton>
+#include <QTimer>
 
 #include <functional>
 
-/// The angle tool dialog with handles for a test.
+/// The angle tool dialog with handles for a test. Its calibrations are polled every millisecond.
 class AngleToolFixture : public AdjustToToolDlg
 {
 public:
@@ -31,6 +32,7 @@ public:
 
 private:
     CalibrationBench *m_bench;
+    QTimer m_hurry;
     bool m_wasOpenAfterwards = false;
 };
 

@@ -10,6 +10,7 @@
 #include "SimController.h"
 #include "SimCoordinates.h"
 
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QComboBox>
@@ -242,7 +243,7 @@ private slots:
         std::size_t callsAtTheEnd = 0;
 
         loop.run(QStringLiteral("Angle Frame A"), QStringLiteral("powerwall"), [&](QWidget *window) {
-            QTest::qWait(40);
+            TestClock::advance(500ms);
             window->findChild<QPushButton *>(QStringLiteral("pb_cancel"))->click();
         });
 
@@ -251,7 +252,7 @@ private slots:
         verifyOldRoom(loop, before);
         QCOMPARE(loop.fineValues.mid(0, 3), (QList<double>{-10.0, -20.0, -30.0}));
         callsAtTheEnd = loop.channel.log().calls().size();
-        QTest::qWait(500);
+        TestClock::advance(2s);
         QCOMPARE(loop.channel.log().calls().size(), callsAtTheEnd);
     }
 

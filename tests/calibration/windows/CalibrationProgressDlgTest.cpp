@@ -2,6 +2,7 @@
 #include "ModalAnswer.h"
 #include "QuickProgress.h"
 
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QGridLayout>
@@ -202,7 +203,7 @@ private slots:
 
         QCOMPARE(bench.host.calls(), startOfRoom());
         QVERIFY(!wasShown);
-        QTest::qWait(20);
+        TestClock::advance(100ms);
         QCOMPARE(bench.host.calls(), startOfRoom());
     }
 
@@ -242,7 +243,7 @@ private slots:
         QCOMPARE(dialog.start(room), 0);
 
         QCOMPARE(bench.host.calls(), startOfRoom().mid(0, 3));
-        QTest::qWait(20);
+        TestClock::advance(100ms);
         QCOMPARE(bench.host.count(), 3);
     }
 
@@ -279,7 +280,7 @@ private slots:
         const QString stop = QStringLiteral("command velmar2 cal room stop");
         QCOMPARE(bench.host.calls().count(stop), 1);
         QCOMPARE(bench.host.calls().last(), stop);
-        QTest::qWait(20);
+        TestClock::advance(100ms);
         QCOMPARE(bench.host.calls().last(), stop);
         QVERIFY(!bench.host.calls().contains(QStringLiteral("command velmar2 tracking start")));
     }
@@ -305,7 +306,7 @@ private slots:
         int callsLater = 0;
         modal.then([&](QWidget *window) {
             callsAtBox = bench.host.calls().size();
-            QTest::qWait(40);
+            TestClock::advance(100ms);
             callsLater = bench.host.calls().size();
             auto *box = qobject_cast<QMessageBox *>(window);
             QCOMPARE(box->windowTitle(), QStringLiteral("Calibration Error"));

@@ -1,5 +1,6 @@
 #include "CountdownDlg.h"
 
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QLCDNumber>
@@ -129,7 +130,7 @@ private slots:
         QTimer::singleShot(0, &dialog, [&dialog] { dialog.reject(); });
         QCOMPARE(dialog.exec(), int(QDialog::Rejected));
         const int left = shownSeconds(dialog);
-        QTest::qWait(30);
+        TestClock::advance(100ms);
         QCOMPARE(shownSeconds(dialog), left);
         QCOMPARE(dialog.result(), int(QDialog::Rejected));
     }

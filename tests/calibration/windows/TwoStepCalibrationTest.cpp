@@ -1,6 +1,7 @@
 #include "ModalAnswer.h"
 #include "QuickProgress.h"
 
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QLCDNumber>
@@ -91,7 +92,7 @@ private slots:
 
         QVERIFY(!bench.host.calls().contains(QStringLiteral("command velmar2 cal room stop")));
         const int count = bench.host.count();
-        QTest::qWait(20);
+        TestClock::advance(100ms);
         QCOMPARE(bench.host.count(), count);
     }
 
@@ -107,7 +108,7 @@ private slots:
         int after = -1;
         modal.then(acceptWaiting).then([&](QWidget *window) {
             before = bench.host.count();
-            QTest::qWait(30);
+            TestClock::advance(100ms);
             dialog.update_cal_status();
             after = bench.host.count();
             acceptWaiting(window);
