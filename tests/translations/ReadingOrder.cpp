@@ -63,6 +63,8 @@ void addInReadingOrder(QWidget *widget, QList<QWidget *> &order)
         order << tabs->tabBar();
         addInReadingOrder(tabs->currentWidget(), order);
     } else if (const auto *area = qobject_cast<QScrollArea *>(widget)) {
+        if ((area->focusPolicy() & Qt::TabFocus) != 0)
+            order << widget; // the keys scroll it
         addInReadingOrder(area->widget(), order);
     } else if (const auto *main = qobject_cast<QMainWindow *>(widget)) {
         addInReadingOrder(main->centralWidget(), order);
