@@ -5,6 +5,9 @@
 /// What the controller reports about one thing in a frame. A quality of -1.0 means that it was not tracked.
 /// Locations are in millimetres, rotations hold nine numbers in the order of the record.
 
+/// How a line of measurement tools in the first format begins; the blank is part of it.
+constexpr char toolLineBeginning[] = "6dmt ";
+
 /// Places for buttons, flags and joystick values; further ones of a record are read and dropped.
 constexpr int recordButtonPlaces = 16;
 

@@ -86,7 +86,7 @@ int VelmarParser::parseLine(char **cursor)
         {"6d ", &VelmarParser::readBodies},
         {"6df ", &VelmarParser::readHandhelds},
         {"6df2 ", &VelmarParser::readHandhelds2},
-        {"6dmt ", &VelmarParser::readTools},
+        {toolLineBeginning, &VelmarParser::readTools},
         {"6dmt2 ", &VelmarParser::readTools2},
         {"6dmtr ", &VelmarParser::readToolReferences},
         {"glcal ", &VelmarParser::readCalibratedGloves},

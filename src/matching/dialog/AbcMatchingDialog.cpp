@@ -11,6 +11,7 @@
 #include "MatchingLists.h"
 #include "MatchingNotices.h"
 #include "MatchingReport.h"
+#include "MeasurementRecords.h"
 #include "MeasuringView.h"
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
@@ -221,8 +222,7 @@ int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
     m_records.seen(RecordWatch::Clock::now());
     if (!m_sampler.decode(text))
         return undecodable;
-    constexpr char endingKind[] = "6dmt ";
-    const bool ends = kind && std::strncmp(kind, endingKind, sizeof endingKind - 1) == 0;
+    const bool ends = kind && std::strncmp(kind, toolLineBeginning, sizeof toolLineBeginning - 1) == 0;
     if (ends || !m_state.isOpen())
         return noResult;
     m_sampler.watchButtons();
