@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTreeView>
 
+#include <cstdio>
 #include <functional>
 #include <memory>
 
@@ -51,6 +52,23 @@ private slots:
         QCOMPARE(name, path("points.txt"));
         QCOMPARE(choice.title, "Title");
         QVERIFY(m_parent->children().isEmpty());
+    }
+
+    /// Whoever made the file wrote its name in Latin-1; the user types it as it sounds.
+    void shouldNameAFileWhoseNameIsNoUtf8()
+    {
+        const QString typed = path(QString::fromLatin1("pr\xfc"
+                                                       "fling.txt"));
+        const QByteArray name = typed.toLatin1();
+        std::FILE *file = std::fopen(name.constData(), "wb");
+        QVERIFY(file != nullptr);
+        std::fclose(file);
+        FileChoice choice(typed);
+        ModalAnswer answer;
+        answer.then(std::ref(choice));
+        QCOMPARE(ask(PointFilePrompt::fileToLoad, m_parent.get()), typed);
+        QCOMPARE(answer.unexpected(), QStringList());
+        QCOMPARE(std::remove(name.constData()), 0); // the temporary folder cannot name it
     }
 
     void shouldTellThatAFileDoesNotExistAndGoOn()
