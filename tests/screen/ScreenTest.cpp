@@ -32,7 +32,7 @@ private slots:
     {
         ScreenUser user;
         QVERIFY(user.pressUntil(open, mainDialog));
-        user.press({fineTab, next, QStringLiteral("ctrl+a")});
+        user.press({fineTab}); // x is ready to be typed over
         user.type(QStringLiteral("250"));
         // From y back over x and the tabs to Cancel and Apply.
         user.press({next, back, back, back, back, push});
@@ -45,8 +45,8 @@ private slots:
     {
         ScreenUser user;
         QVERIFY(user.pressUntil(open, mainDialog));
-        // From the tabs over the camera table to the upper axis: from z one up to -y, then to Apply.
-        user.press({next, next, QStringLiteral("Up"), back, back, back, back, push});
+        // From the camera table to the upper axis: from z one up to -y, then back over the tabs to Apply.
+        user.press({next, QStringLiteral("Up"), back, back, back, back, push});
         QVERIFY(user.waitForValue(QStringLiteral("tracking extra_rotation"),
                                   QStringLiteral("1.00000000 0.00000000 0.00000000 0.00000000 0.00000000 "
                                                  "1.00000000 0.00000000 -1.00000000 0.00000000")));
@@ -87,8 +87,9 @@ private slots:
         QTRY_VERIFY(controllerSeconds(user) > ended + 0.5);
         user.press({back, back, push});
         QVERIFY(user.waitForWindow(mainDialog));
-        // On the other tab the keyboard is at the tabs; from there back over Cancel to Apply.
-        user.press({fineTab, back, back, push});
+        // On the other tab the keyboard is where it was, in the camera table: back over tabs and Cancel to
+        // Apply.
+        user.press({fineTab, back, back, back, push});
         for (int point = 1; point <= pointCount; ++point)
             QTRY_VERIFY(isReportedAtItsPlace(user, point));
     }
