@@ -108,5 +108,6 @@ function(room_test_environment name timeout)
     QTEST_FUNCTION_TIMEOUT=${timeout}000
     QT_LOGGING_RULES=qt.qpa.*=false QT_ACCESSIBILITY=0 LIBGL_ALWAYS_SOFTWARE=1
     LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan-suppressions:print_suppressions=0
-    UBSAN_OPTIONS=print_stacktrace=1)
+    UBSAN_OPTIONS=print_stacktrace=1
+    TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan-suppressions)
 endfunction()
