@@ -1,11 +1,11 @@
 #include "RoomPainter.h"
 
-#include "AbcGLCanvas.h"
 #include "GridLines.h"
 #include "abcRoom.h"
 
 #include <GL/glu.h>
 #include <QFont>
+#include <QGLWidget>
 #include <QtMath>
 
 #include <array>
@@ -50,7 +50,7 @@ void drawArrow(GLUquadric *quadric, double length)
 
 } // namespace
 
-RoomPainter::RoomPainter(AbcGLCanvas &canvas, const abcRoom &room)
+RoomPainter::RoomPainter(QGLWidget &canvas, const abcRoom &room)
     : m_canvas(canvas)
     , m_room(room)
 {

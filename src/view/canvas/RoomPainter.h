@@ -1,7 +1,7 @@
 #pragma once
 
-class AbcGLCanvas;
 class QColor;
+class QGLWidget;
 class QString;
 class abcRoom;
 struct bsVector;
@@ -12,7 +12,7 @@ struct bsVector;
 class RoomPainter
 {
 public:
-    RoomPainter(AbcGLCanvas &canvas, const abcRoom &room);
+    RoomPainter(QGLWidget &canvas, const abcRoom &room);
 
     void draw();
 
@@ -32,6 +32,6 @@ private:
     void drawGrid(const QColor &color);
     void drawText(const QString &text, const bsVector &position);
 
-    AbcGLCanvas &m_canvas;
+    QGLWidget &m_canvas;
     const abcRoom &m_room;
 };
