@@ -1,6 +1,7 @@
 #include "RoomAngles.h"
 
 #include "AngleUnits.h"
+#include "AxisSnap.h"
 #include "RoomTrafoData.h"
 #include "bsMatrix.h"
 
@@ -11,25 +12,6 @@ namespace
 {
 
 using AngleUnits::degreesPerRadian;
-
-/// The whole number -1, 0 or 1 that the value is near to, or the value itself.
-double snapped(double value)
-{
-    constexpr double near = 1e-6;
-    if (value > -near && value < near)
-        return 0.0;
-    if (value > 0.999999 && value < 1.000001)
-        return 1.0;
-    if (value > -1.000001 && value < -0.999999)
-        return -1.0;
-    return value;
-}
-
-bool isNearWholeNumber(double value)
-{
-    const double whole = snapped(value);
-    return whole == 0.0 || whole == 1.0 || whole == -1.0;
-}
 
 double withPositiveHalfTurn(double degrees)
 {
@@ -85,22 +67,6 @@ bsMatrix rotationFromAngles(double eta, double theta, double phi)
 bsMatrix rotationFromAngles(const RoomAngles &angles)
 {
     return rotationFromAngles(angles.eta, angles.theta, angles.phi);
-}
-
-void snapAxisAligned(std::array<double, 9> &values)
-{
-    if (std::all_of(values.begin(), values.end(), isNearWholeNumber))
-        std::transform(values.begin(), values.end(), values.begin(), snapped);
-}
-
-void snapAxisAligned(bsMatrix &matrix)
-{
-    std::array<double, 9> rows = controllerRows(matrix);
-    snapAxisAligned(rows);
-    for (int row = 0; row < 3; ++row) {
-        for (int column = 0; column < 3; ++column)
-            matrix.at(row, column) = rows[static_cast<std::size_t>(3 * row + column)];
-    }
 }
 
 RoomAngles anglesFromRotation(const std::array<double, 9> &rows)

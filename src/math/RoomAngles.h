@@ -21,14 +21,6 @@ bool operator!=(const RoomAngles &a, const RoomAngles &b);
 bsMatrix rotationFromAngles(double eta, double theta, double phi);
 bsMatrix rotationFromAngles(const RoomAngles &angles);
 
-/// Makes the nine values exact if every one of them is within 1e-6 of 0, 1 or -1; else changes nothing.
-///
-/// The order of the values does not matter. A zero of either sign becomes +0.
-void snapAxisAligned(std::array<double, 9> &values);
-
-/// The same for the upper 3x3 of a matrix.
-void snapAxisAligned(bsMatrix &matrix);
-
 /// The angles of a rotation that is given row by row: eta and phi in [-180, 180], theta in [-90, 90].
 ///
 /// A half turn is +180. In gimbal lock (exact tests, so snap first) phi is 0 and eta holds the whole turn.

@@ -1,6 +1,6 @@
 #include "bsMatrix.h"
 
-#include "RoomAngles.h"
+#include "AxisSnap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -216,4 +216,14 @@ bsQuaternion bsMatrix::toOrientation() const
 bool bsMatrix::isFinite() const
 {
     return std::all_of(m_values.begin(), m_values.end(), [](double value) { return std::isfinite(value); });
+}
+
+void snapAxisAligned(bsMatrix &matrix)
+{
+    std::array<double, 9> values{};
+    for (int i = 0; i < 9; ++i)
+        values[static_cast<std::size_t>(i)] = matrix.at(i / 3, i % 3);
+    snapAxisAligned(values);
+    for (int i = 0; i < 9; ++i)
+        matrix.at(i / 3, i % 3) = values[static_cast<std::size_t>(i)];
 }

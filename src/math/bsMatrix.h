@@ -71,3 +71,6 @@ private:
 
     std::array<double, 16> m_values;
 };
+
+/// Snaps the upper 3x3 alone: see AxisSnap.h.
+void snapAxisAligned(bsMatrix &matrix);

@@ -430,6 +430,17 @@ private slots:
         QVERIFY(huge.isFinite());
         QVERIFY(huge.toOrientation() == bsQuaternion());
     }
+
+    void shouldSnapNothingButTheRotation()
+    {
+        bsMatrix m = matrix(rotation(0.0, 0.0, 90.0), {1e-9, 2.0, 3.0});
+        for (int column = 0; column < 3; ++column)
+            m.at(3, column) = 4.0 + column;
+        snapAxisAligned(m);
+        QVERIFY(m.column(3) == bsVector(1e-9, 2.0, 3.0));
+        for (int column = 0; column < 3; ++column)
+            QCOMPARE(m.at(3, column), 4.0 + column);
+    }
 };
 
 ROOM_TEST_CLASS(bsMatrixTest)

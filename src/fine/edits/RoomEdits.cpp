@@ -1,5 +1,6 @@
 #include "RoomEdits.h"
 
+#include "AxisSnap.h"
 #include "bsMatrix.h"
 
 #include <algorithm>
