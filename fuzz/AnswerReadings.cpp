@@ -3,7 +3,7 @@
 #include "AnswerHost.h"
 #include "AnswerTexts.h"
 #include "CalibrationRun.h"
-#include "MeasuringFrame.h"
+#include "NeutralRoom.h"
 #include "Requirement.h"
 #include "ToolSurvey.h"
 #include "TrackingControl.h"
@@ -229,16 +229,16 @@ private:
 };
 
 /// Nothing half-read is ever written.
-std::string keepMeasuringFrame(const Accesses &access, AnswerHost &host)
+std::string keepNeutralRoom(const Accesses &access, AnswerHost &host)
 {
     Tracking tracking(access.tracking);
-    MeasuringFrame frame(access.measurement, &tracking);
+    NeutralRoom neutral(access.measurement, &tracking);
     const bool fails = host.next().fails;
-    frame.prepareTransformation();
+    neutral.prepareTransformation();
     require(!fails || host.written().empty());
-    frame.prepareReference();
-    frame.restoreReference();
-    frame.restoreTransformation();
+    neutral.prepareReference();
+    neutral.restoreReference();
+    neutral.restoreTransformation();
     Transcript transcript;
     for (const std::string &line : host.written())
         transcript.note(QByteArray::fromStdString(line));
@@ -263,7 +263,7 @@ const std::vector<Reading> &all()
                                                   readTools,
                                                   followPlainCalibration,
                                                   followCalibrationWithPauses,
-                                                  keepMeasuringFrame};
+                                                  keepNeutralRoom};
     return readings;
 }
 

@@ -15,7 +15,6 @@
 
 #include <QEvent>
 #include <QMenu>
-#include <QPointer>
 #include <QScopedValueRollback>
 
 #include <cmath>
@@ -34,7 +33,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
     , m_controller(commands, versions)
     , m_dialog(dialog)
     , m_raData(raData)
-    , m_measuringFrame(std::make_shared<MeasuringFrame>(m_controller, dialog))
+    , m_neutralRoom(std::make_shared<NeutralRoom>(m_controller, dialog))
     , m_fields(*m_ui)
 {
     m_ui->setupUi(this);
@@ -54,7 +53,7 @@ CooTrans::CooTrans(IOManager *commands, BackendVersions *versions, TrackingContr
 
 CooTrans::~CooTrans()
 {
-    m_measuringFrame->end();
+    m_neutralRoom->end();
 }
 
 void CooTrans::hideSwitches()
@@ -142,13 +141,13 @@ void CooTrans::loadPage()
     loadRoom();
     m_fields.widenScaling();
     loadControls();
-    const QPointer<CooTrans> self(this); // the host may destroy the panel in any call
+    const ObjectWatch self(this);
     const MeasurementAccess controller = m_controller;
     controller.checkTool();
-    if (self.isNull())
+    if (!self)
         return;
     const std::optional<double> scaling = controller.extraScaling();
-    if (!self.isNull())
+    if (self)
         loadScaling(scaling.value_or(m_raData->scaling));
 }
 
@@ -374,22 +373,20 @@ void CooTrans::toggled_show_XZ(bool show)
     m_view->showXZGrid(show);
 }
 
-bool CooTrans::discardsUnsaved()
+/// Whether the user gives up what was not applied.
+bool CooTrans::mayDiscardUnsaved()
 {
-    const QPointer<CooTrans> self(this);
+    const ObjectWatch self(this);
     const auto answer = Prompt::ask(this, QMessageBox::Warning, tr("Room Adjustment"),
                                     tr("You have unsaved data. Save changes?\n\n"
                                        "(If yes press 'Apply' and re-open matching)"),
                                     QMessageBox::Yes | QMessageBox::No, QMessageBox::No);
-    if (self.isNull() || answer == QMessageBox::Yes || answer == QMessageBox::NoButton)
-        return false;
-    loadRoom();
-    return true;
+    return self && answer != QMessageBox::Yes && answer != QMessageBox::NoButton;
 }
 
 void CooTrans::on_w_bodyMatchingButton_clicked()
 {
-    // A second frame would take the neutral state of the first for the controller's own.
+    // A second run would take the neutral room of the first for the controller's own.
     const ObjectWatch self(this, m_isMatching);
     if (self)
         matchPoints();
@@ -397,26 +394,29 @@ void CooTrans::on_w_bodyMatchingButton_clicked()
 
 void CooTrans::matchPoints()
 {
-    if (!nothingUnsaved() && !discardsUnsaved())
-        return;
-    const QPointer<CooTrans> self(this);
-    const std::shared_ptr<MeasuringFrame> frame = m_measuringFrame;
-    frame->prepareTransformation();
-    frame->prepareReference();
-    if (self.isNull())
+    if (!nothingUnsaved()) {
+        if (!mayDiscardUnsaved())
+            return;
+        loadRoom();
+    }
+    const ObjectWatch self(this);
+    const std::shared_ptr<NeutralRoom> room = m_neutralRoom;
+    room->prepareTransformation();
+    room->prepareReference();
+    if (!self)
         return;
     m_matchingDialog->tellScaling(m_fields.values().scaling);
     m_matchingDialog->update_and_exec();
-    if (self.isNull())
+    if (!self)
         return;
-    frame->restoreReference();
-    if (self.isNull())
+    room->restoreReference();
+    if (!self)
         return;
     if (!m_edits.roomShows(*m_raData))
         m_view->room()->loadRoom(*m_raData); // edits were applied since the last load: the next begin there
     showBoxes(RoomEdits::boxesOf(*m_raData));
     m_edits.shown(*m_raData, m_fields.values());
-    frame->restoreTransformation();
+    room->restoreTransformation();
 }
 
 void CooTrans::on_pushButton_att_clicked()

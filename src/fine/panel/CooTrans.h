@@ -2,7 +2,7 @@
 
 #include "AdjustmentFields.h"
 #include "MeasurementAccess.h"
-#include "MeasuringFrame.h"
+#include "NeutralRoom.h"
 #include "RoomEdits.h"
 
 #include <QWidget>
@@ -26,8 +26,8 @@ class CooTransClass;
 ///
 /// The panel edits the dialog's transformation record, which it neither owns nor writes to the controller.
 /// Offsets are millimetres, angles degrees. It also opens the two other ways of adjusting the room, the
-/// matching of reference points and the angle tool, and around the former keeps the controller in the
-/// measuring frame.
+/// matching of reference points and the angle tool, and around the former keeps the controller's room
+/// neutral.
 class CooTrans : public QWidget
 {
     Q_OBJECT
@@ -114,14 +114,14 @@ private:
     void previewAngles();
     void showPendingPosition(const RoomPreview &preview);
     void rotateRoom(const bsMatrix &rotation);
-    bool discardsUnsaved();
+    bool mayDiscardUnsaved();
     void matchPoints();
 
     std::unique_ptr<Ui::CooTransClass> m_ui;
     MeasurementAccess m_controller;
     TrackingControl *m_dialog;
     RoomTrafoData *m_raData;
-    std::shared_ptr<MeasuringFrame> m_measuringFrame; ///< outlives the panel while it waits for an answer
+    std::shared_ptr<NeutralRoom> m_neutralRoom; ///< outlives the panel while it waits for an answer
     AdjustmentFields m_fields;
     RoomEdits m_edits;
     std::unique_ptr<ViewControls> m_viewControls;

@@ -1,12 +1,12 @@
 #include "AbcGLCanvas.h"
 
+#include "ObjectWatch.h"
 #include "RoomPainter.h"
 #include "abcRoom.h"
 
 #include <GL/glu.h>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPointer>
 
 namespace
 {
@@ -262,13 +262,13 @@ void AbcGLCanvas::paintEvent(QPaintEvent *event)
 
 void AbcGLCanvas::mousePressEvent(QMouseEvent *event)
 {
-    const QPointer<AbcGLCanvas> self(this);
+    const ObjectWatch self(this);
     const QPoint position = event->pos();
     if (event->button() == Qt::RightButton)
         pressRightButton(*event);
     else if (event->button() == Qt::LeftButton)
         pressLeftButton(event->modifiers());
-    if (self.isNull())
+    if (!self)
         return; // the menu may have ended with the window
     m_lastMousePosition = position;
     updateGL();

@@ -37,8 +37,8 @@ private slots:
     void shouldTakeAFittedHalfTurnAboutAnyAxis();
     void shouldAskBeforeMatchingWithUnsavedData();
     void shouldAskBeforeMatchingAgainWithAFitThatIsNotWritten();
-    void shouldKeepTheMeasuringFrameAroundTheMatching();
-    void shouldNotBeginASecondMeasuringFrame();
+    void shouldKeepTheRoomNeutralAroundTheMatching();
+    void shouldNotBeginASecondNeutralRoom();
     void shouldPreviewFromAppliedEditsAfterTheMatching();
     void shouldReadEverythingAnewAfterTheAngleTool();
     void shouldSayWhenTrackingIsNotAvailable();
@@ -136,7 +136,7 @@ void FineSideDialogsTest::shouldAskBeforeMatchingAgainWithAFitThatIsNotWritten()
     QCOMPARE(p.answer.unexpected(), QStringList());
 }
 
-void FineSideDialogsTest::shouldKeepTheMeasuringFrameAroundTheMatching()
+void FineSideDialogsTest::shouldKeepTheRoomNeutralAroundTheMatching()
 {
     FinePanel p;
     p.loadAMovedRoomBesideABody();
@@ -163,7 +163,7 @@ void FineSideDialogsTest::shouldKeepTheMeasuringFrameAroundTheMatching()
                           "reserved 1", "reserved 2"}));
 }
 
-void FineSideDialogsTest::shouldNotBeginASecondMeasuringFrame()
+void FineSideDialogsTest::shouldNotBeginASecondNeutralRoom()
 {
     FinePanel p;
     p.loadAMovedRoomBesideABody();

@@ -1,4 +1,4 @@
-#include "MeasuringFrame.h"
+#include "NeutralRoom.h"
 
 #include "TrackingControl.h"
 
@@ -27,25 +27,25 @@ bool hasTwoWords(const QByteArray &target)
 
 } // namespace
 
-MeasuringFrame::MeasuringFrame(const MeasurementAccess &controller, TrackingControl *tracking)
+NeutralRoom::NeutralRoom(const MeasurementAccess &controller, TrackingControl *tracking)
     : m_controller(controller)
     , m_tracking(tracking)
 {
 }
 
-void MeasuringFrame::stopTracking()
+void NeutralRoom::stopTracking()
 {
     if (m_tracking != nullptr)
         m_tracking->stopTracking();
 }
 
-void MeasuringFrame::startTracking()
+void NeutralRoom::startTracking()
 {
     if (m_tracking != nullptr)
         m_tracking->startTracking();
 }
 
-void MeasuringFrame::prepareTransformation()
+void NeutralRoom::prepareTransformation()
 {
     m_savedTransformation = RoomTrafoData();
     if (m_hasEnded || !m_controller.supports(ControllerFeature::ExtraTransformation))
@@ -59,7 +59,7 @@ void MeasuringFrame::prepareTransformation()
     startTracking();
 }
 
-void MeasuringFrame::prepareReference()
+void NeutralRoom::prepareReference()
 {
     if (m_hasEnded)
         return;
@@ -71,7 +71,7 @@ void MeasuringFrame::prepareReference()
         startTracking();
 }
 
-void MeasuringFrame::restoreReference()
+void NeutralRoom::restoreReference()
 {
     if (!hasTwoWords(m_savedReference))
         return;
@@ -80,7 +80,7 @@ void MeasuringFrame::restoreReference()
         startTracking();
 }
 
-void MeasuringFrame::restoreTransformation()
+void NeutralRoom::restoreTransformation()
 {
     if (isNeutral(m_savedTransformation) || !m_controller.supports(ControllerFeature::ExtraTransformation) ||
         m_tracking == nullptr)
@@ -91,7 +91,7 @@ void MeasuringFrame::restoreTransformation()
     startTracking();
 }
 
-void MeasuringFrame::end()
+void NeutralRoom::end()
 {
     m_hasEnded = true;
     m_tracking = nullptr;

@@ -1,4 +1,4 @@
-#include "MeasuringFrame.h"
+#include "NeutralRoom.h"
 #include "InterfaceVersion.h"
 #include "MeasurementAccess.h"
 #include "NotedTracking.h"
@@ -24,12 +24,12 @@ struct Fixture {
     BackendVersions versions = interfaceVersion(1, 23);
     NotedTracking tracking{host};
     MeasurementAccess controller{&host, &versions};
-    MeasuringFrame frame{controller, &tracking};
+    NeutralRoom neutral{controller, &tracking};
 };
 
 } // namespace
 
-class MeasuringFrameTest : public QObject
+class NeutralRoomTest : public QObject
 {
     Q_OBJECT
 
@@ -54,28 +54,28 @@ private slots:
     void shouldRestoreOnlyReferencesOfTwoWords();
 };
 
-void MeasuringFrameTest::shouldLeaveANeutralControllerAlone()
+void NeutralRoomTest::shouldLeaveANeutralControllerAlone()
 {
     Fixture f;
-    f.frame.prepareTransformation();
+    f.neutral.prepareTransformation();
     QCOMPARE(f.host.calls(), readTransformation);
     f.host.clear();
-    f.frame.restoreTransformation();
+    f.neutral.restoreTransformation();
     QCOMPARE(f.host.calls(), QStringList());
 }
 
-void MeasuringFrameTest::shouldNeutraliseAndRestoreATransformation()
+void NeutralRoomTest::shouldNeutraliseAndRestoreATransformation()
 {
     Fixture f;
     f.host.setAnswer("tracking extra_rotation", "0 -1 0 1 0 0 0 0 1");
     f.host.setAnswer("tracking extra_translation", "1.5 2.5 3.5");
     f.host.setAnswer("tracking extra_scaling", "1.01");
 
-    f.frame.prepareTransformation();
+    f.neutral.prepareTransformation();
     QCOMPARE(f.host.calls(), readTransformation + QStringList{stop} + writeNeutral + QStringList{start});
 
     f.host.clear();
-    f.frame.restoreTransformation();
+    f.neutral.restoreTransformation();
     QCOMPARE(
         f.host.calls(),
         QStringList({stop,
@@ -85,18 +85,18 @@ void MeasuringFrameTest::shouldNeutraliseAndRestoreATransformation()
                      "write tracking extra_scaling 1.01000", start}));
 }
 
-void MeasuringFrameTest::shouldTakeSumsForNeutral()
+void NeutralRoomTest::shouldTakeSumsForNeutral()
 {
     Fixture f;
     f.host.setAnswer("tracking extra_translation", "5 -5 0");
 
-    f.frame.prepareTransformation();
-    f.frame.restoreTransformation();
+    f.neutral.prepareTransformation();
+    f.neutral.restoreTransformation();
 
     QCOMPARE(f.host.calls(), readTransformation);
 }
 
-void MeasuringFrameTest::shouldNeutraliseWhatItsSumsTellApart_data()
+void NeutralRoomTest::shouldNeutraliseWhatItsSumsTellApart_data()
 {
     QTest::addColumn<QString>("parameter");
     QTest::addColumn<QByteArray>("value");
@@ -112,7 +112,7 @@ void MeasuringFrameTest::shouldNeutraliseWhatItsSumsTellApart_data()
         << rotation << QByteArray("1.5 0 0 0 0.5 0 0 0 1") << true;
 }
 
-void MeasuringFrameTest::shouldNeutraliseWhatItsSumsTellApart()
+void NeutralRoomTest::shouldNeutraliseWhatItsSumsTellApart()
 {
     QFETCH(QString, parameter);
     QFETCH(QByteArray, value);
@@ -120,24 +120,24 @@ void MeasuringFrameTest::shouldNeutraliseWhatItsSumsTellApart()
     Fixture f;
     f.host.setAnswer(parameter, value);
 
-    f.frame.prepareTransformation();
+    f.neutral.prepareTransformation();
 
     QCOMPARE(f.host.callsOf({"write"}), neutral ? QStringList() : writeNeutral);
 }
 
-void MeasuringFrameTest::shouldWriteEachDefaultEvenWhenOneFails()
+void NeutralRoomTest::shouldWriteEachDefaultEvenWhenOneFails()
 {
     Fixture f;
     f.host.setAnswer("tracking extra_scaling", "1.01");
     f.host.failText("tracking extra_rotation 1.0");
 
-    f.frame.prepareTransformation();
+    f.neutral.prepareTransformation();
 
     QCOMPARE(f.host.callsOf({"write"}), writeNeutral);
     QCOMPARE(f.host.reports(), QStringList{"Error: Unable to set extra rotation default"});
 }
 
-void MeasuringFrameTest::shouldTakeAnUnreadableTransformationForNeutral_data()
+void NeutralRoomTest::shouldTakeAnUnreadableTransformationForNeutral_data()
 {
     QTest::addColumn<int>("failing");
     QTest::addColumn<QString>("report");
@@ -146,7 +146,7 @@ void MeasuringFrameTest::shouldTakeAnUnreadableTransformationForNeutral_data()
     QTest::newRow("scaling") << 3 << "Error: Unable to get info extra scaling";
 }
 
-void MeasuringFrameTest::shouldTakeAnUnreadableTransformationForNeutral()
+void NeutralRoomTest::shouldTakeAnUnreadableTransformationForNeutral()
 {
     QFETCH(int, failing);
     QFETCH(QString, report);
@@ -154,18 +154,18 @@ void MeasuringFrameTest::shouldTakeAnUnreadableTransformationForNeutral()
     f.host.setAnswer("tracking extra_translation", "100 0 0");
     f.host.failCall(failing);
 
-    f.frame.prepareTransformation();
-    f.frame.restoreTransformation();
+    f.neutral.prepareTransformation();
+    f.neutral.restoreTransformation();
 
     QCOMPARE(f.host.calls(),
              QStringList(readTransformation.mid(0, failing)) + QStringList{"report " + report});
 }
 
-void MeasuringFrameTest::shouldNotTouchTheTransformationWithoutADialog()
+void NeutralRoomTest::shouldNotTouchTheTransformationWithoutADialog()
 {
     Fixture f;
     f.host.setAnswer("tracking extra_scaling", "1.01");
-    MeasuringFrame alone(f.controller, nullptr);
+    NeutralRoom alone(f.controller, nullptr);
 
     alone.prepareTransformation();
     alone.restoreTransformation();
@@ -173,77 +173,77 @@ void MeasuringFrameTest::shouldNotTouchTheTransformationWithoutADialog()
     QCOMPARE(f.host.calls(), readTransformation);
 }
 
-void MeasuringFrameTest::shouldAskNothingOfAnOldController()
+void NeutralRoomTest::shouldAskNothingOfAnOldController()
 {
     Fixture f;
     f.versions.interfaceMajor = 0;
     f.versions.interfaceMinor = 15;
 
-    f.frame.prepareTransformation();
-    f.frame.restoreTransformation();
+    f.neutral.prepareTransformation();
+    f.neutral.restoreTransformation();
 
     QCOMPARE(f.host.calls(), QStringList());
 }
 
-void MeasuringFrameTest::shouldNotRestoreTheTransformationOfAnotherController()
+void NeutralRoomTest::shouldNotRestoreTheTransformationOfAnotherController()
 {
     Fixture f;
     f.host.setAnswer("tracking extra_scaling", "1.01");
-    f.frame.prepareTransformation();
+    f.neutral.prepareTransformation();
     f.host.clear();
     f.versions.interfaceMajor = 0;
     f.versions.interfaceMinor = 15;
 
-    f.frame.restoreTransformation();
+    f.neutral.restoreTransformation();
 
     QCOMPARE(f.host.calls(), QStringList());
 }
 
-void MeasuringFrameTest::shouldUnsetAndRestoreAReference()
+void NeutralRoomTest::shouldUnsetAndRestoreAReference()
 {
     Fixture f;
     f.host.setAnswer("tracking reference", "body b07");
 
-    f.frame.prepareReference();
+    f.neutral.prepareReference();
     QCOMPARE(f.host.calls(),
              QStringList({"read tracking reference", stop, "write tracking reference none", start}));
 
     f.host.clear();
-    f.frame.restoreReference();
+    f.neutral.restoreReference();
     QCOMPARE(f.host.calls(), QStringList({stop, "write tracking reference body b07", start}));
 }
 
-void MeasuringFrameTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeUnset()
+void NeutralRoomTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeUnset()
 {
     Fixture f;
     f.host.setAnswer("tracking reference", "body b07");
     f.host.failText("tracking reference none");
 
-    f.frame.prepareReference();
+    f.neutral.prepareReference();
 
     QCOMPARE(f.host.calls(), QStringList({"read tracking reference", stop, "write tracking reference none",
                                           "report Error: Unable to unset reference target"}));
 }
 
-void MeasuringFrameTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeRestored()
+void NeutralRoomTest::shouldLeaveTrackingStoppedWhenTheReferenceCannotBeRestored()
 {
     Fixture f;
     f.host.setAnswer("tracking reference", "body b07");
-    f.frame.prepareReference();
+    f.neutral.prepareReference();
     f.host.clear();
     f.host.failText("tracking reference body");
 
-    f.frame.restoreReference();
+    f.neutral.restoreReference();
 
     QCOMPARE(f.host.calls(), QStringList({stop, "write tracking reference body b07",
                                           "report Error: Unable to restore reference target"}));
 }
 
-void MeasuringFrameTest::shouldUnsetAndRestoreAReferenceWithoutADialog()
+void NeutralRoomTest::shouldUnsetAndRestoreAReferenceWithoutADialog()
 {
     Fixture f;
     f.host.setAnswer("tracking reference", "body b07");
-    MeasuringFrame alone(f.controller, nullptr);
+    NeutralRoom alone(f.controller, nullptr);
 
     alone.prepareReference();
     alone.restoreReference();
@@ -252,15 +252,15 @@ void MeasuringFrameTest::shouldUnsetAndRestoreAReferenceWithoutADialog()
                                           "write tracking reference body b07"}));
 }
 
-void MeasuringFrameTest::shouldDoNothingWithoutAReference()
+void NeutralRoomTest::shouldDoNothingWithoutAReference()
 {
     Fixture f;
-    f.frame.prepareReference();
-    f.frame.restoreReference();
+    f.neutral.prepareReference();
+    f.neutral.restoreReference();
     QCOMPARE(f.host.calls(), QStringList{"read tracking reference"});
 }
 
-void MeasuringFrameTest::shouldRestoreOnlyReferencesOfTwoWords_data()
+void NeutralRoomTest::shouldRestoreOnlyReferencesOfTwoWords_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<bool>("restored");
@@ -270,20 +270,20 @@ void MeasuringFrameTest::shouldRestoreOnlyReferencesOfTwoWords_data()
     QTest::newRow("three words") << QByteArray("body b01 b02") << false;
 }
 
-void MeasuringFrameTest::shouldRestoreOnlyReferencesOfTwoWords()
+void NeutralRoomTest::shouldRestoreOnlyReferencesOfTwoWords()
 {
     QFETCH(QByteArray, name);
     QFETCH(bool, restored);
     Fixture f;
     f.host.setAnswer("tracking reference", name);
-    f.frame.prepareReference();
+    f.neutral.prepareReference();
     f.host.clear();
 
-    f.frame.restoreReference();
+    f.neutral.restoreReference();
 
     const QStringList expected = {stop, "write tracking reference " + QString::fromLatin1(name), start};
     QCOMPARE(f.host.calls(), restored ? expected : QStringList());
 }
 
-ROOM_TEST_CLASS(MeasuringFrameTest)
-#include "MeasuringFrameTest.moc"
+ROOM_TEST_CLASS(NeutralRoomTest)
+#include "NeutralRoomTest.moc"
