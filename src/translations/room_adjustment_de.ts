@@ -847,6 +847,10 @@ rz (phi)    Bereich [-180 Grad .. +180 Grad]</translation>
         <source>&amp;Help</source>
         <translation>&amp;Hilfe</translation>
     </message>
+    <message>
+        <source>What &quot;Apply&quot; will change at the controller</source>
+        <translation>Was „Übernehmen“ am Controller ändern wird</translation>
+    </message>
 </context>
 <context>
     <name>CountdownDialog</name>
@@ -1275,6 +1279,25 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>Adjust the room coordinate system</source>
         <translation>Das Raumkoordinatensystem justieren</translation>
+    </message>
+</context>
+<context>
+    <name>RoomChangeText</name>
+    <message>
+        <source>The zero point moves by %1 mm.</source>
+        <translation>Der Nullpunkt bewegt sich um %1 mm.</translation>
+    </message>
+    <message>
+        <source>The axes turn by %1 degrees about %2.</source>
+        <translation>Die Achsen drehen sich um %1 Grad um %2.</translation>
+    </message>
+    <message>
+        <source>The scaling changes from %1 to %2.</source>
+        <translation>Die Skalierung ändert sich von %1 auf %2.</translation>
+    </message>
+    <message>
+        <source>With &quot;Apply&quot;: %1</source>
+        <translation>Mit „Übernehmen“: %1</translation>
     </message>
 </context>
 <context>

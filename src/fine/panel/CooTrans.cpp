@@ -7,6 +7,8 @@
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "Prompt.h"
+#include "RoomChange.h"
+#include "RoomChangeText.h"
 #include "TextColor.h"
 #include "ViewControls.h"
 #include "abcRoom.h"
@@ -121,6 +123,7 @@ void CooTrans::changeEvent(QEvent *event)
     m_ui->retranslateUi(this);
     m_fields.showScalingCaption();
     setViewTexts();
+    showChange();
 }
 
 void CooTrans::showEvent(QShowEvent *event)
@@ -138,6 +141,7 @@ void CooTrans::showBoxes(const AdjustmentBoxes &values)
 
 void CooTrans::loadPage()
 {
+    m_held = *m_raData;
     loadRoom();
     m_fields.widenScaling();
     loadControls();
@@ -174,6 +178,9 @@ void CooTrans::loadScaling(double scaling)
     m_edits.loaded(*m_raData, m_fields.values());
     if (std::isfinite(scaling) && scaling != m_raData->scaling)
         m_edits.scalingDiffers();
+    if (std::isfinite(scaling))
+        m_held.scaling = scaling;
+    showChange();
 }
 
 void CooTrans::storeToRaData()
@@ -181,6 +188,8 @@ void CooTrans::storeToRaData()
     const AdjustmentBoxes values = m_fields.values();
     *m_raData = m_edits.edited(*m_raData, values);
     m_edits.stored(values);
+    m_held = *m_raData; // the dialog writes it now
+    showChange();
 }
 
 bool CooTrans::nothingUnsaved() const
@@ -232,7 +241,7 @@ void CooTrans::previewOffset()
     if (!m_armed)
         return;
     showPendingPosition(m_edits.preview(*m_raData, m_fields.values()));
-    onEnableButtonApply();
+    reportEdit();
 }
 
 void CooTrans::previewAngles()
@@ -242,7 +251,7 @@ void CooTrans::previewAngles()
     const RoomPreview preview = m_edits.preview(*m_raData, m_fields.values());
     m_view->rotateRoom(preview.angles.eta, preview.angles.theta, preview.angles.phi);
     showPendingPosition(preview);
-    onEnableButtonApply();
+    reportEdit();
 }
 
 void CooTrans::showPendingPosition(const RoomPreview &preview)
@@ -283,7 +292,7 @@ void CooTrans::on_doubleSpinBox_rz_valueChanged(double /*value*/)
 void CooTrans::on_doubleSpinBox_scalingFactor_valueChanged(double /*value*/)
 {
     if (m_armed)
-        onEnableButtonApply();
+        reportEdit();
 }
 
 void CooTrans::on_btn_resetVector_clicked()
@@ -307,7 +316,19 @@ void CooTrans::on_btn_resetScaling_clicked()
     AdjustmentBoxes values = m_fields.values();
     values.scaling = 1.0;
     showBoxes(values);
+    reportEdit();
+}
+
+void CooTrans::reportEdit()
+{
+    showChange();
     onEnableButtonApply();
+}
+
+void CooTrans::showChange()
+{
+    const RoomTrafoData applied = m_edits.edited(*m_raData, m_fields.values());
+    m_ui->label_change->setText(RoomChangeText::of(RoomChange::between(m_held, applied)));
 }
 
 void CooTrans::onEnableButtonApply()
@@ -350,7 +371,7 @@ void CooTrans::applyTrafo(const bsMatrix &matrix)
     m_view->saveCurrentRoom();
     m_view->room()->getTransformation(*m_raData, true);
     m_edits.replaced(*m_raData);
-    onEnableButtonApply();
+    reportEdit();
 }
 
 void CooTrans::toggled_long_axes(bool show)
@@ -416,6 +437,7 @@ void CooTrans::matchPoints()
         m_view->room()->loadRoom(*m_raData); // edits were applied since the last load: the next begin there
     showBoxes(RoomEdits::boxesOf(*m_raData));
     m_edits.shown(*m_raData, m_fields.values());
+    showChange();
     room->restoreTransformation();
 }
 

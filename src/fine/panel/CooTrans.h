@@ -112,6 +112,9 @@ private:
     void loadScaling(double scaling);
     void previewOffset();
     void previewAngles();
+    void reportEdit();
+    /// Says below the picture what "Apply" will do to the controller, as far as it was read.
+    void showChange();
     void showPendingPosition(const RoomPreview &preview);
     void rotateRoom(const bsMatrix &rotation);
     bool mayDiscardUnsaved();
@@ -121,6 +124,7 @@ private:
     MeasurementAccess m_controller;
     TrackingControl *m_dialog;
     RoomTrafoData *m_raData;
+    RoomTrafoData m_held;                       ///< by the controller, as it was read or written last
     std::shared_ptr<NeutralRoom> m_neutralRoom; ///< outlives the panel while it waits for an answer
     AdjustmentFields m_fields;
     RoomEdits m_edits;
