@@ -249,7 +249,7 @@ void FrameTest::shouldScaleTheNoiseLikeTheRoom()
     QFETCH(double, scaling);
     const auto tipOf = [](double factor, double *variance) {
         Bench bench({"sim tool 1 tip 0 0 0", "sim tool 1 noise 50", "sim seed 7"});
-        bench.ask(("velmar2 set tracking extra_scaling " + std::to_string(factor)).c_str());
+        bench.ask("velmar2 set tracking extra_scaling " + QByteArray::number(factor));
         const FrameEntry tool = readFrameLine(bench.line("6dmt2"), 5).entries[0];
         *variance = tool.blocks[4][0];
         return tool.blocks[1];
