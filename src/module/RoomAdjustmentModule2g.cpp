@@ -104,12 +104,22 @@ bool RoomAdjustmentModule2g::eventFilter(QObject *watched, QEvent *event)
     return QObject::eventFilter(watched, event);
 }
 
+/// The host may destroy the widget; what is built after that has no parent.
+void RoomAdjustmentModule2g::setParentWidget(QWidget *widget)
+{
+    if (m_parentWidget != nullptr)
+        m_parentWidget->disconnect(this);
+    m_parentWidget = widget;
+    if (m_parentWidget != nullptr)
+        connect(m_parentWidget, &QObject::destroyed, this, [this] { m_parentWidget = nullptr; });
+}
+
 void RoomAdjustmentModule2g::setModuleProperty(const QString &name, const QVariant &value)
 {
     if (name == QLatin1String("CommandManager"))
         m_commands = value.value<IOManager *>();
     else if (name == QLatin1String("ModuleParent"))
-        m_parentWidget = widgetOf(value);
+        setParentWidget(widgetOf(value));
     else if (name == QLatin1String("BackendVersions"))
         m_versions = value.value<BackendVersions *>();
     else if (name == QLatin1String("ObserverMode"))

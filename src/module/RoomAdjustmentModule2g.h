@@ -47,8 +47,9 @@ public:
 private:
     void buildAction();
     void setTexts();
+    void setParentWidget(QWidget *widget);
 
-    QWidget *m_parentWidget = nullptr;
+    QWidget *m_parentWidget = nullptr; ///< null again when the host destroys it
     QList<QAction *> m_actions;
     QAction *m_action = nullptr;
     int m_menuOrderA = 0;

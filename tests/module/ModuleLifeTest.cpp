@@ -117,6 +117,28 @@ private slots:
         QCOMPARE(loaded.host.calls(), QStringList()); // there is nobody left to release
     }
 
+    void shouldBuildItsDialogWithoutAParentThatIsGone()
+    {
+        // GIVEN
+        auto *parent = new QWidget;
+        LoadedModule loaded;
+        loaded.setAll();
+        loaded.set("ModuleParent", QVariant::fromValue(parent));
+        loaded.module->actions();
+        delete parent;
+        loaded.module->unload();
+        // WHEN
+        ModalAnswer answer;
+        bool isAlone = false;
+        answer.then([&isAlone](QWidget *dialog) {
+            isAlone = dialog->parentWidget() == nullptr;
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        loaded.module->actions().constFirst()->trigger();
+        // THEN
+        QVERIFY(isAlone);
+    }
+
     void shouldEndNoSubscriptionTwice()
     {
         // GIVEN
