@@ -454,10 +454,12 @@ void RoomAdjustmentDlg2g::done(int result)
 // Qt goes on with the window after its show and hide events, so calls are made only behind them.
 void RoomAdjustmentDlg2g::setVisible(bool visible)
 {
+    const bool wasShown = m_isShown;
     m_isChangingVisibility = true;
     QDialog::setVisible(visible);
     m_isChangingVisibility = false;
-    subscribeWhileShown();
+    if (m_isShown != wasShown) // exec() shows once more what is on the screen already
+        subscribeWhileShown();
 }
 
 void RoomAdjustmentDlg2g::subscribeWhileShown()

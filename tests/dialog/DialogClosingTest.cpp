@@ -46,6 +46,7 @@ private slots:
     void shouldStopTrackingAndAskNothingWhenTheApplicationEnds();
     void shouldRefuseASecondOpeningUntilTheHiddenOneHasEnded();
     void shouldGoOnWhenTheHostHidesAndShowsIt();
+    void shouldNotSubscribeAgainWhatWasReleasedDuringItsShowing();
 };
 
 void DialogClosingTest::shouldWriteWhatWasTypedWhenApplied()
@@ -337,6 +338,24 @@ void DialogClosingTest::shouldGoOnWhenTheHostHidesAndShowsIt()
     QCOMPARE(shownAgain, 1);
     QVERIFY(!f.dialog.isVisible());
     QVERIFY(f.host.subscriptions().isEmpty());
+}
+
+void DialogClosingTest::shouldNotSubscribeAgainWhatWasReleasedDuringItsShowing()
+{
+    // GIVEN
+    DialogFixture f;
+    f.host.onSubscription([&](const QString &line) {
+        if (line != "subscribe 6df")
+            return;
+        // WHEN
+        f.host.releaseRequester(&f.dialog);
+        f.dialog.subscriptionsReleased();
+    });
+    f.open([&] {
+        // THEN
+        QVERIFY(f.host.subscriptions().isEmpty());
+        QCOMPARE(f.host.calls().count("subscribe ts"), 1);
+    });
 }
 
 ROOM_TEST_CLASS(DialogClosingTest)
