@@ -24,13 +24,11 @@ namespace
 
 constexpr int warmUp = 30;
 constexpr int mostTurns = 1000;
-constexpr std::size_t heapBytesPerTurn = 64;
 constexpr std::size_t residentBytesPerTurn = 2048;
 constexpr std::size_t residentSlack = 8 * 1024 * 1024;
 
-// What the libraries below keep varies from run to run by less than half of this, and does not add up with
-// the turns.
-constexpr std::size_t heapSlack = 320 * 1024;
+// However many turns there are.
+constexpr std::size_t heapSlack = 64 * 1024;
 
 // A cache of the toolkit that tidies itself up every half minute may be met at it.
 constexpr int timerSlack = 1;
@@ -106,7 +104,7 @@ struct Census {
                             timers <= before.timers + timerSlack && files <= before.files + fileSlack;
         if (TestLoad::isSanitized())
             return counts; // what is freed is held back, and what is not is found anyway
-        return counts && heap < before.heap + turns * heapBytesPerTurn + heapSlack &&
+        return counts && heap < before.heap + heapSlack &&
                resident < before.resident + turns * residentBytesPerTurn + residentSlack;
     }
 
