@@ -1,12 +1,12 @@
 #include "AssignmentSearch.h"
 #include "BenchmarkLimits.h"
+#include "BenchmarkTimes.h"
 #include "PointSets.h"
 #include "trafo3d.h"
 
 #include <Eigen/Geometry>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <functional>
 #include <vector>
@@ -14,8 +14,9 @@
 namespace
 {
 
-using Clock = std::chrono::steady_clock;
-using Milliseconds = std::chrono::duration<double, std::milli>;
+using BenchmarkTimes::medianOf;
+using BenchmarkTimes::Milliseconds;
+using BenchmarkTimes::timeOf;
 using Values = std::vector<double>;
 using PointMap = Eigen::Map<const Eigen::Matrix3Xd>;
 
@@ -31,19 +32,6 @@ struct Sample {
     Values references;
     Values measured;
 };
-
-Milliseconds medianOf(std::vector<Milliseconds> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-Milliseconds timeOf(const std::function<void()> &work)
-{
-    const Clock::time_point start = Clock::now();
-    work();
-    return Clock::now() - start;
-}
 
 void fitOnce(const Sample &sample)
 {
@@ -125,7 +113,7 @@ Milliseconds medianSearch(const std::function<Sample(PointSets &)> &make)
         const MatchingPoints references = asPoints(sample.references), measured = asPoints(sample.measured);
         times.push_back(timeOf([&references, &measured]() {
             AssignmentSearch search(references, measured);
-            const AssignmentSearch::Result result = search.runTree({});
+            const AssignmentSearch::Result result = search.run({});
             benchmark::DoNotOptimize(result.bestMm);
         }));
     }
