@@ -21,12 +21,12 @@ void requireAnswer(const std::string &answer, const char *prefix)
         std::abort();
 }
 
-void run(SimController &controller, FaultPlan &faults, const std::string &line)
+void run(SimController &controller, SimScript &script, FaultPlan &faults, const std::string &line)
 {
     faults.run(line, controller.time());
     faults.next(line);
     if (SimScript::isControlLine(line))
-        requireAnswer(SimScript(controller).run(line), "sim ");
+        requireAnswer(script.run(line), "sim ");
     else
         requireAnswer(controller.answer(line), "velmar2 ");
     controller.frame();
@@ -37,11 +37,12 @@ void run(SimController &controller, FaultPlan &faults, const std::string &line)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     SimController controller;
+    SimScript script(controller);
     FaultPlan faults;
     std::string rest(reinterpret_cast<const char *>(data), size);
     for (std::size_t i = 0; i < mostLines && !rest.empty(); ++i) {
         const std::size_t end = rest.find('\n');
-        run(controller, faults, rest.substr(0, end));
+        run(controller, script, faults, rest.substr(0, end));
         rest.erase(0, end == std::string::npos ? end : end + 1);
     }
     return 0;
