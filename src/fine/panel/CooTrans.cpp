@@ -146,11 +146,10 @@ void CooTrans::loadPage()
     m_fields.widenScaling();
     loadControls();
     const ObjectWatch self(this);
-    const MeasurementAccess controller = m_controller;
-    controller.checkTool();
+    m_controller.checkTool();
     if (!self)
         return;
-    const std::optional<double> scaling = controller.extraScaling();
+    const std::optional<double> scaling = m_controller.extraScaling();
     if (self)
         loadScaling(scaling.value_or(m_raData->scaling));
 }
