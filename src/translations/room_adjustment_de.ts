@@ -326,6 +326,14 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>Notices</source>
         <translation>Hinweise</translation>
     </message>
+    <message>
+        <source>Pict&amp;ure...</source>
+        <translation>B&amp;ild...</translation>
+    </message>
+    <message>
+        <source>Show the points of the result and their errors as a picture</source>
+        <translation>Die Punkte des Ergebnisses und ihre Fehler als Bild zeigen</translation>
+    </message>
 </context>
 <context>
     <name>AdjustToToolDlg</name>

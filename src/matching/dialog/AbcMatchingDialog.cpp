@@ -1,6 +1,7 @@
 #include "AbcMatchingDialog.h"
 
 #include "EvaluationThread.h"
+#include "FitPictureWindow.h"
 #include "HideWatch.h"
 #include "IOManager.h"
 #include "ListEditing.h"
@@ -74,6 +75,7 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_updateProgressbar, this, &AbcMatchingDialog::updateProgressbar);
     connect(this, &AbcMatchingDialog::do_addMeasuredPoint, this, &AbcMatchingDialog::addMeasuredPoint);
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
+    connect(m_ui->pushButton_picture, &QPushButton::clicked, this, &AbcMatchingDialog::showPicture);
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
     connect(m_editing, &ListEditing::noticeChanged, this, [this] { m_notices->tellEditing(*m_editing); });
@@ -213,6 +215,12 @@ void AbcMatchingDialog::apply()
 void AbcMatchingDialog::on_pushButton_help_clicked()
 {
     ModalWindow<MatchingHelp>(this).exec();
+}
+
+void AbcMatchingDialog::showPicture()
+{
+    if (m_result->evaluation())
+        ModalWindow<FitPictureWindow>(m_lists->references(), *m_result->evaluation(), this).exec();
 }
 
 // --- Measuring

@@ -118,6 +118,7 @@ private:
     void evaluate();
     void cancelSearch();
     void showEvaluation(const MatchingEvaluation &evaluation);
+    void showPicture();
 
     std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
     MeasurementAccess m_controller;

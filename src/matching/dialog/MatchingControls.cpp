@@ -10,7 +10,7 @@ MatchingControls::MatchingControls(Ui::AbcMatchingDialogClass &ui, const QDialog
              ui.tableWidget_referencePoints, ui.w_loadButton, ui.pushButton_save, ui.pushButton_addRefPoint,
              ui.pushButton_removeRefPoint, ui.w_orderCheckBox, ui.w_replaceCheckBox, ui.w_removeButton,
              ui.pushButton_clearMeaPoints, ui.w_measureButton, ui.progressBar, ui.w_applyButton,
-             ui.w_closeButton, ui.scrollArea_notice})
+             ui.pushButton_picture, ui.w_closeButton, ui.scrollArea_notice})
         m_others.removeOne(ruled);
 }
 
@@ -27,6 +27,7 @@ void MatchingControls::show(const MatchingState::Controls &controls)
     m_ui.pushButton_clearMeaPoints->setEnabled(controls.clear);
     m_ui.progressBar->setEnabled(controls.progress);
     m_ui.w_applyButton->setEnabled(controls.apply);
+    m_ui.pushButton_picture->setEnabled(controls.apply); // it shows what would be applied
     enableMeasuring(controls.measure);
 }
 

@@ -25,6 +25,8 @@ public:
     void clear();
     void show(const MatchingEvaluation &evaluation);
     void showSearching();
+    /// What is shown, if it is the result of an evaluation.
+    [[nodiscard]] const std::optional<MatchingEvaluation> &evaluation() const { return m_evaluation; }
 
     void showReport(const QString &text);
     /// The text that is shown as report can be told anew in another language.

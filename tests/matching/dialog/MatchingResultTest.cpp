@@ -83,6 +83,7 @@ private slots:
     void shouldPrintWithThePointInEveryLocale();
     void shouldHandOutTheInverseTransformation();
     void shouldEnableApplyOnlyAfterASuccess();
+    void shouldShowThePictureOfAResult();
     void shouldKeepListsReportAndResultOverAClosing();
     void shouldMarkTheWorstRows();
     void shouldMarkARowThatIsNotFilledYet();
@@ -277,6 +278,25 @@ void MatchingResultTest::shouldEnableApplyOnlyAfterASuccess()
         opened.measure(moved({0, 0, 0}));
         QVERIFY(opened.isEnabled("w_applyButton"));
     });
+}
+
+void MatchingResultTest::shouldShowThePictureOfAResult()
+{
+    OpenedDialog opened;
+    QString title;
+    opened.run([&] {
+        enter(opened, corners);
+        QVERIFY(!opened.isEnabled("pushButton_picture"));
+        measureIn(opened, corners, {0, 1, 2});
+        QVERIFY(opened.isEnabled("pushButton_picture"));
+        opened.answers().then([&title](QWidget *window) {
+            title = window->windowTitle();
+            window->close();
+        });
+        QTest::keyClick(&opened.dialog(), Qt::Key_U, Qt::AltModifier);
+        QTRY_COMPARE(title, QStringLiteral("Picture of the matching"));
+    });
+    QVERIFY(!title.isEmpty());
 }
 
 void MatchingResultTest::shouldKeepListsReportAndResultOverAClosing()
