@@ -1168,6 +1168,10 @@ Umschalt + linke Maustaste</translation>
         <source>The scaling %1 of the room stays in force after &quot;Apply&quot;: all positions will be scaled by it. &quot;Reset scaling&quot; on the tab &quot;Fine&quot; sets it to 1.</source>
         <translation>Die Skalierung %1 des Raums gilt nach „Übernehmen“ weiter: Alle Positionen werden damit skaliert. „Skalierung zurücksetzen“ auf der Registerkarte „Fein“ setzt sie auf 1.</translation>
     </message>
+    <message>
+        <source>Not checked, since the search was cancelled: whether another order of the measured points fits equally well.</source>
+        <translation>Nicht geprüft, da die Suche abgebrochen wurde: ob eine andere Reihenfolge der gemessenen Punkte ebenso gut passt.</translation>
+    </message>
 </context>
 <context>
     <name>ReadingProgress</name>

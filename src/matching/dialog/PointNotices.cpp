@@ -78,6 +78,9 @@ QString PointNotices::ofResult(const MatchingEvaluation &evaluation, double limi
         sentences << tr("Not reliable: another order of the measured points fits equally well; the object "
                         "may be symmetric. Measure in the order of the table and check \"preserve order of "
                         "points\".");
+    if (evaluation.otherOrdersUnknown)
+        sentences << tr("Not checked, since the search was cancelled: whether another order of the measured "
+                        "points fits equally well.");
     return sentences.join(QLatin1Char('\n'));
 }
 

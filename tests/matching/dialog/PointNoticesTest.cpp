@@ -76,6 +76,15 @@ private slots:
         QVERIFY(PointNotices::ofLists(hints, {}).contains(QStringLiteral("mirror image")));
     }
 
+    void shouldTellThatOtherOrdersWereNotLookedFor()
+    {
+        MatchingEvaluation evaluation;
+        evaluation.otherOrdersUnknown = true;
+        QCOMPARE(PointNotices::ofResult(evaluation, 1.5),
+                 QStringLiteral("Not checked, since the search was cancelled: whether another order of the "
+                                "measured points fits equally well."));
+    }
+
     void shouldTellAMisfitAboveTheLimitOnly()
     {
         MatchingEvaluation evaluation;
