@@ -176,9 +176,9 @@ private slots:
             table->setFocus();
             table->selectRow(1);
             opened.answers().thenPress(QMessageBox::No).thenPress(QMessageBox::Yes);
-            QTest::keyClick(table, Qt::Key_Delete);
+            opened.press(table, Qt::Key_Delete);
             QCOMPARE(table->rowCount(), 3);
-            QTest::keyClick(table, Qt::Key_Delete);
+            opened.press(table, Qt::Key_Delete);
             QCOMPARE(table->rowCount(), 2);
             QCOMPARE(opened.cell(tableName.constData(), 1, 0), QString("3.00"));
             QCOMPARE(opened.answers().boxes(),
@@ -192,7 +192,7 @@ private slots:
         opened.run([&] {
             opened.click("pushButton_addRefPoint");
             opened.answers().thenPress(QMessageBox::Ok);
-            QTest::keyClick(opened.find<QTableWidget>(referenceTable), Qt::Key_Delete);
+            opened.press(opened.find<QTableWidget>(referenceTable), Qt::Key_Delete);
             QCOMPARE(opened.answers().boxes(), QStringList{"Remove|Nothing selected."});
         });
     }
@@ -287,11 +287,11 @@ private slots:
             addPoints(opened, 3);
             auto *table = opened.find<QTableWidget>(tableName.constData());
             table->setFocus();
-            QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+            opened.press(table, Qt::Key_C, Qt::ControlModifier);
             QCOMPARE(QGuiApplication::clipboard()->text(),
                      QString("1.00\t1.00\t0.00\n2.00\t4.00\t0.00\n3.00\t9.00\t0.00\n"));
             table->selectRow(1);
-            QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+            opened.press(table, Qt::Key_C, Qt::ControlModifier);
             QCOMPARE(QGuiApplication::clipboard()->text(), QString("2.00\t4.00\t0.00\n"));
         });
     }
@@ -307,7 +307,7 @@ private slots:
             table->setFocus();
             QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
             // WHEN
-            QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+            opened.press(table, Qt::Key_V, Qt::ControlModifier);
             // THEN
             QCOMPARE(contents(opened, referenceTable),
                      (QStringList{"1.00 1.00 0.00", "1.50 2.00 3.00", "6.00 7.00 8.00"}));
@@ -329,7 +329,7 @@ private slots:
             QSignalSpy evaluated(&opened.dialog(), &AbcMatchingDialog::updateRequest);
             auto *table = opened.find<QTableWidget>(referenceTable);
             table->setFocus();
-            QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+            opened.press(table, Qt::Key_V, Qt::ControlModifier);
             QCOMPARE(opened.rows(referenceTable), 1);
             QVERIFY(evaluated.isEmpty());
             QVERIFY(opened.notice().contains("left out: 1, 2."));
@@ -407,9 +407,7 @@ private:
 
     static void press(OpenedDialog &opened, Qt::Key key, Qt::KeyboardModifiers modifiers)
     {
-        opened.dialog().activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&opened.dialog()));
-        QTest::keyClick(&opened.dialog(), key, modifiers);
+        opened.press(&opened.dialog(), key, modifiers);
     }
 
     /// Drags files to the window and drops them where it takes them. Returns whether it does.
@@ -545,7 +543,7 @@ void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints_data()
              QGuiApplication::clipboard()->setText("1 2 3\n4 5 6\n");
              auto *table = opened.find<QTableWidget>(referenceTable);
              table->setFocus();
-             QTest::keyClick(table, Qt::Key_V, Qt::ControlModifier);
+             opened.press(table, Qt::Key_V, Qt::ControlModifier);
          }},
         {"loaded, empty", [](OpenedDialog &opened) { load(opened, "(1) 1 2 3"); }},
     });

@@ -493,9 +493,9 @@ void MatchingListsTest::shouldBeUsableByKeyboard()
     OpenedDialog opened;
     opened.run([&] {
         QVERIFY(QTest::qWaitForWindowActive(&opened.dialog()));
-        QTest::keyClick(&opened.dialog(), Qt::Key_A, Qt::AltModifier);
+        opened.press(&opened.dialog(), Qt::Key_A, Qt::AltModifier);
         QTRY_COMPARE(opened.rows(referenceTable), 1);
-        QTest::keyClick(&opened.dialog(), Qt::Key_P, Qt::AltModifier);
+        opened.press(&opened.dialog(), Qt::Key_P, Qt::AltModifier);
         QTRY_VERIFY(opened.find<QCheckBox>("w_orderCheckBox")->isChecked());
         auto *table = opened.find<QTableWidget>(referenceTable);
         table->setFocus();
@@ -504,12 +504,12 @@ void MatchingListsTest::shouldBeUsableByKeyboard()
         QVERIFY(editor);
         QTest::keyClick(editor, Qt::Key_Return);
         QTRY_COMPARE(opened.cell(referenceTable, 0, 0), QStringLiteral("4.00"));
-        QTest::keyClick(table, Qt::Key_Tab);
+        opened.press(table, Qt::Key_Tab);
         QVERIFY(!table->hasFocus());
         opened.frame(1.0, false, {0, 0, 0});
         QTRY_VERIFY(opened.isEnabled("w_measureButton"));
         opened.host().clear();
-        QTest::keyClick(&opened.dialog(), Qt::Key_M, Qt::AltModifier);
+        opened.press(&opened.dialog(), Qt::Key_M, Qt::AltModifier);
         QTRY_COMPARE(opened.host().calls().size(), 3);
     });
 }

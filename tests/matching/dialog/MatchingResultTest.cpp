@@ -293,7 +293,7 @@ void MatchingResultTest::shouldShowThePictureOfAResult()
             title = window->windowTitle();
             window->close();
         });
-        QTest::keyClick(&opened.dialog(), Qt::Key_U, Qt::AltModifier);
+        opened.press(&opened.dialog(), Qt::Key_U, Qt::AltModifier);
         QTRY_COMPARE(title, QStringLiteral("Picture of the matching"));
     });
     QVERIFY(!title.isEmpty());

@@ -2,6 +2,7 @@
 #include "InterfaceVersion.h"
 #include "MatchingReport.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
@@ -18,6 +19,7 @@ OpenedDialog::OpenedDialog()
 void OpenedDialog::run(const std::function<void()> &script)
 {
     const auto play = [this, &script] {
+        QApplication::setActiveWindow(m_dialog.get()); // without waiting for the X server to say so
         script();
         if (m_dialog)
             m_dialog->close();
@@ -28,6 +30,12 @@ void OpenedDialog::run(const std::function<void()> &script)
     m_dialog->update_and_exec();
     QVERIFY(m_answers->isDone());
     QCOMPARE(m_answers->unexpected(), QStringList());
+}
+
+void OpenedDialog::press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QApplication::setActiveWindow(m_dialog.get());
+    QTest::keyClick(widget, key, modifiers);
 }
 
 void OpenedDialog::click(const char *button)

@@ -43,6 +43,8 @@ public:
         return m_dialog->findChild<Widget *>(QLatin1String(name));
     }
     void click(const char *button);
+    /// A key with the window in front, where it comes back to some time after a window before it has closed.
+    void press(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     [[nodiscard]] bool isEnabled(const char *name);
     [[nodiscard]] QString report();
     /// All but that no records arrive, which is true of a script that takes long between its measurements.
