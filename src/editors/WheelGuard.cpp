@@ -19,9 +19,11 @@ void WheelGuard::protect(QWidget *boxOrList)
 
 void WheelGuard::protectAll(const QWidget *window)
 {
-    for (QComboBox *list : window->findChildren<QComboBox *>())
+    const auto lists = window->findChildren<QComboBox *>();
+    for (QComboBox *list : lists)
         protect(list);
-    for (QAbstractSpinBox *box : window->findChildren<QAbstractSpinBox *>())
+    const auto boxes = window->findChildren<QAbstractSpinBox *>();
+    for (QAbstractSpinBox *box : boxes)
         protect(box);
 }
 

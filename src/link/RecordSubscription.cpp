@@ -41,7 +41,8 @@ void RecordSubscription::forget()
 // Each round looks anew at what is left to do: the call of the round before may have done some of it.
 void RecordSubscription::settle(const std::shared_ptr<State> &state)
 {
-    const std::shared_ptr<State> kept = state;
+    // Whoever holds the state may be destroyed by a call.
+    const std::shared_ptr<State> kept = state; // NOLINT(performance-unnecessary-copy-initialization)
     auto &kinds = kept->isSubscribed;
     for (;;) {
         auto *const kind = std::find(kinds.begin(), kinds.end(), !kept->isWanted);

@@ -16,7 +16,8 @@ PointFileDialog::PointFileDialog(QWidget *parent, const QString &title, const QS
 {
     setFileMode(QFileDialog::AnyFile); // with any other, Qt tells itself that a file does not exist
     setOption(QFileDialog::DontConfirmOverwrite);
-    for (QShortcut *shortcut : findChildren<QShortcut *>()) {
+    const auto shortcuts = findChildren<QShortcut *>();
+    for (QShortcut *shortcut : shortcuts) {
         if (shortcut->key() == QKeySequence(QKeySequence::Delete))
             shortcut->setEnabled(false);
     }
