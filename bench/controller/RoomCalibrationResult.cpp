@@ -1,6 +1,6 @@
 #include "RoomCalibrationResult.h"
 
-#include "SimRequest.h"
+#include "SimReply.h"
 #include "SimRoom.h"
 #include "SimRoomCalibrationSettings.h"
 

@@ -1,6 +1,6 @@
 #include "SimAnswer.h"
 
-#include "SimRequest.h"
+#include "SimReply.h"
 #include "SimText.h"
 
 namespace

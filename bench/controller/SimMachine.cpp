@@ -1,7 +1,7 @@
 #include "SimMachine.h"
 
 #include "RoomCalibrationResult.h"
-#include "SimRequest.h"
+#include "SimReply.h"
 
 void SimMachine::advance(double seconds)
 {

@@ -5,7 +5,7 @@
 #include "ParameterValue.h"
 #include "Requester.h"
 #include "SimAnswer.h"
-#include "SimRequest.h"
+#include "SimReply.h"
 #include "SimText.h"
 #include "WorkpieceFile.h"
 
