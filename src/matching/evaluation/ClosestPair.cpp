@@ -1,23 +1,18 @@
 #include "ClosestPair.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
-#include <cmath>
 #include <numeric>
 
 namespace
 {
 
-double sideOf(const MatchingPoints &points, std::size_t axis)
-{
-    const auto ends =
-        std::minmax_element(points.begin(), points.end(),
-                            [axis](const auto &left, const auto &right) { return left[axis] < right[axis]; });
-    return (*ends.second)[axis] - (*ends.first)[axis];
-}
-
 std::size_t longestSide(const MatchingPoints &points)
 {
-    const double x = sideOf(points, 0), y = sideOf(points, 1), z = sideOf(points, 2);
+    const double x = rangeAlong(points, 0).extent();
+    const double y = rangeAlong(points, 1).extent();
+    const double z = rangeAlong(points, 2).extent();
     if (x >= y && x >= z)
         return 0;
     return y >= z ? 1 : 2;
@@ -46,13 +41,12 @@ std::optional<ClosestPair> ClosestPair::of(const MatchingPoints &points, double 
         const MatchingPoint &p = points[*left];
         for (auto right = left + 1; right != places.end() && points[*right][axis] - p[axis] < belowMm;
              ++right) {
-            const MatchingPoint &q = points[*right];
-            const double distance = std::hypot(p[0] - q[0], p[1] - q[1], p[2] - q[2]);
-            if (distance >= belowMm)
+            const double apartMm = distance(p, points[*right]);
+            if (apartMm >= belowMm)
                 continue;
             closest = ClosestPair{static_cast<int>(std::min(*left, *right)),
-                                  static_cast<int>(std::max(*left, *right)), distance};
-            belowMm = distance;
+                                  static_cast<int>(std::max(*left, *right)), apartMm};
+            belowMm = apartMm;
         }
     }
     return closest;

@@ -1,6 +1,7 @@
 #include "FitTrust.h"
 
 #include "MatchingEvaluation.h"
+#include "PointArithmetic.h"
 #include "trafo3d.h"
 
 #include <algorithm>
@@ -19,26 +20,13 @@ constexpr double smallestDeterminant = 1e-9;
 
 using Inertia = std::array<std::array<double, 3>, 3>;
 
-MatchingPoint centreOf(const MatchingPoints &points)
-{
-    MatchingPoint centre{};
-    for (const MatchingPoint &point : points) {
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            centre[axis] += point[axis] / static_cast<double>(points.size());
-    }
-    return centre;
-}
-
 MatchingPoint farthestCorner(const MatchingPoints &points, const MatchingPoint &centre)
 {
     MatchingPoint corner{};
     for (std::size_t axis = 0; axis < 3; ++axis) {
-        const auto [low, high] =
-            std::minmax_element(points.begin(), points.end(), [axis](const auto &left, const auto &right) {
-                return left[axis] < right[axis];
-            });
-        const bool upper = (*high)[axis] - centre[axis] >= centre[axis] - (*low)[axis];
-        corner[axis] = upper ? (*high)[axis] : (*low)[axis];
+        const CoordinateRange range = rangeAlong(points, axis);
+        const bool upper = range.high - centre[axis] >= centre[axis] - range.low;
+        corner[axis] = upper ? range.high : range.low;
     }
     return corner;
 }
@@ -50,8 +38,8 @@ Inertia inertiaOf(const MatchingPoints &points, const MatchingPoint &centre)
     Inertia inertia{};
     const auto count = static_cast<double>(points.size());
     for (const MatchingPoint &point : points) {
-        const MatchingPoint arm = {point[0] - centre[0], point[1] - centre[1], point[2] - centre[2]};
-        const double square = arm[0] * arm[0] + arm[1] * arm[1] + arm[2] * arm[2];
+        const MatchingPoint arm = difference(point, centre);
+        const double square = squaredLength(arm);
         for (std::size_t row = 0; row < 3; ++row) {
             for (std::size_t column = 0; column < 3; ++column)
                 inertia[row][column] += ((row == column ? square : 0.0) - arm[row] * arm[column]) / count;
@@ -80,7 +68,7 @@ std::optional<double> leverage(const Inertia &inertia, const MatchingPoint &arm)
     const double trace = inertia[0][0] + inertia[1][1] + inertia[2][2];
     if (!(determinant > smallestDeterminant * trace * trace * trace))
         return std::nullopt;
-    const double square = arm[0] * arm[0] + arm[1] * arm[1] + arm[2] * arm[2];
+    const double square = squaredLength(arm);
     double sum = 0.0;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column) {
@@ -97,9 +85,8 @@ std::optional<FitTrust::Expected> expectedErrors(const MatchingPoints &reference
     const MatchingPoint centre = centreOf(references);
     FitTrust::Expected expected;
     expected.corner = farthestCorner(references, centre);
-    const MatchingPoint arm = {expected.corner[0] - centre[0], expected.corner[1] - centre[1],
-                               expected.corner[2] - centre[2]};
-    const std::optional<double> far = leverage(inertiaOf(references, centre), arm);
+    const std::optional<double> far =
+        leverage(inertiaOf(references, centre), difference(expected.corner, centre));
     if (!far)
         return std::nullopt;
     expected.centreMm = rmsMm / std::sqrt(count - 2.0);

@@ -2,6 +2,7 @@
 
 #include "AssignmentSearch.h"
 #include "OrderFit.h"
+#include "PointArithmetic.h"
 #include "trafo3d.h"
 
 #include <algorithm>
@@ -45,13 +46,10 @@ void mapPoints(MatchingEvaluation &evaluation, const MatchingPoints &references,
                const MatchingPoints &measured, const double *transform)
 {
     for (std::size_t i = 0; i < references.size(); ++i) {
-        const MatchingPoint &reference = references[i];
         MatchingPoint mapped;
-        trafo3d_transformpoints(mapped.data(), transform,
-                                measured[static_cast<std::size_t>(evaluation.order[i])].data(), 1);
+        trafo3d_transformpoints(mapped.data(), transform, at(measured, evaluation.order[i]).data(), 1);
         evaluation.mapped.push_back(mapped);
-        evaluation.distancesMm.push_back(
-            std::hypot(mapped[0] - reference[0], mapped[1] - reference[1], mapped[2] - reference[2]));
+        evaluation.distancesMm.push_back(distance(mapped, references[i]));
     }
 }
 

@@ -1,9 +1,9 @@
 #include "ReferenceGeometry.h"
 
 #include "ClosestPair.h"
+#include "PointArithmetic.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace
 {
@@ -11,26 +11,6 @@ namespace
 constexpr std::size_t fewestOfALine = 3;
 constexpr double smallestDistanceMm = 1.0;
 constexpr double smallestWidthOfLength = 0.02;
-
-MatchingPoint difference(const MatchingPoint &to, const MatchingPoint &from)
-{
-    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
-}
-
-double lengthOf(const MatchingPoint &p)
-{
-    return std::hypot(p[0], p[1], p[2]);
-}
-
-double distance(const MatchingPoint &a, const MatchingPoint &b)
-{
-    return lengthOf(difference(a, b));
-}
-
-double areaOf(const MatchingPoint &a, const MatchingPoint &b)
-{
-    return lengthOf({a[1] * b[2] - a[2] * b[1], a[2] * b[0] - a[0] * b[2], a[0] * b[1] - a[1] * b[0]});
-}
 
 MatchingPoint farthestFrom(const MatchingPoint &start, const MatchingPoints &points)
 {
@@ -48,7 +28,8 @@ bool onLine(const MatchingPoints &points)
     const MatchingPoint along = difference(otherEnd, end);
     const double length = lengthOf(along);
     return std::all_of(points.begin(), points.end(), [&](const MatchingPoint &point) {
-        return areaOf(along, difference(point, end)) <= smallestWidthOfLength * length * length;
+        return lengthOf(crossProduct(along, difference(point, end))) <=
+               smallestWidthOfLength * length * length;
     });
 }
 

@@ -2,6 +2,7 @@
 
 #include "AssignmentTree.h"
 #include "ClosestPair.h"
+#include "PointArithmetic.h"
 #include "RotationBound.h"
 
 #include <algorithm>
@@ -23,15 +24,10 @@ constexpr int mirrorQuestions = 60;
 double extentOf(const MatchingPoints &points)
 {
     const auto count = static_cast<double>(points.size());
-    MatchingPoint centre = {};
-    for (const MatchingPoint &point : points) {
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            centre[axis] += point[axis] / count;
-    }
+    const MatchingPoint centre = centreOf(points);
     double sum = 0.0;
     for (const MatchingPoint &point : points)
-        sum +=
-            std::pow(std::hypot(point[0] - centre[0], point[1] - centre[1], point[2] - centre[2]), 2) / count;
+        sum += std::pow(distance(point, centre), 2) / count;
     return std::sqrt(sum);
 }
 

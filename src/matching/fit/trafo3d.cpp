@@ -2,6 +2,7 @@
 
 #include "HouseholderSolver.h"
 #include "PairRefinement.h"
+#include "PointArithmetic.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,40 +16,16 @@ constexpr int largestIterations = 10;
 constexpr int largestTrials = 10;
 constexpr double settledMm = 0.001;
 
-struct Axis {
-    double x, y, z;
-};
-
 struct Frame {
-    Axis x, y, z;
+    MatchingPoint x, y, z;
 };
 
-Axis difference(const double *to, const double *from)
+bool makeUnit(MatchingPoint &a)
 {
-    return {to[0] - from[0], to[1] - from[1], to[2] - from[2]};
-}
-
-Axis crossProduct(const Axis &a, const Axis &b)
-{
-    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
-}
-
-double dotProduct(const Axis &a, const Axis &b)
-{
-    return a.x * b.x + a.y * b.y + a.z * b.z;
-}
-
-double lengthOf(const Axis &a)
-{
-    return std::sqrt(dotProduct(a, a));
-}
-
-bool makeUnit(Axis &a)
-{
-    const double length = lengthOf(a);
+    const double length = std::sqrt(squaredLength(a));
     if (length == 0.0)
         return false;
-    a = {a.x / length, a.y / length, a.z / length};
+    a = {a[0] / length, a[1] / length, a[2] / length};
     return true;
 }
 
@@ -66,12 +43,19 @@ bool makeUpright(Frame &frame)
     return true;
 }
 
+MatchingPoint pointAt(const double *points, std::size_t place)
+{
+    const double *point = points + 3 * place;
+    return {point[0], point[1], point[2]};
+}
+
 bool frameOfTriple(Frame &frame, const double *points)
 {
-    const Axis second = difference(points + 3, points);
-    const Axis third = difference(points + 6, points);
+    const MatchingPoint first = pointAt(points, 0);
+    const MatchingPoint second = difference(pointAt(points, 1), first);
+    const MatchingPoint third = difference(pointAt(points, 2), first);
     frame.x = second;
-    if (!makeUnit(frame.x) || lengthOf(third) == 0.0)
+    if (!makeUnit(frame.x) || squaredLength(third) == 0.0)
         return false;
     frame.z = crossProduct(second, third);
     if (!makeUnit(frame.z))
@@ -82,9 +66,8 @@ bool frameOfTriple(Frame &frame, const double *points)
 
 void setRow(double *row, double x, double y, double z, const Frame &source)
 {
-    row[0] = x * source.x.x + y * source.y.x + z * source.z.x;
-    row[1] = x * source.x.y + y * source.y.y + z * source.z.y;
-    row[2] = x * source.x.z + y * source.y.z + z * source.z.z;
+    for (std::size_t i = 0; i < 3; ++i)
+        row[i] = x * source.x[i] + y * source.y[i] + z * source.z[i];
 }
 
 void setLastRow(double *T)
@@ -96,7 +79,7 @@ void setLastRow(double *T)
 /// Divides the whole transform by the length of its first row and returns that length.
 double takeScale(double *T)
 {
-    const double scale = std::sqrt(T[0] * T[0] + T[1] * T[1] + T[2] * T[2]);
+    const double scale = std::sqrt(squaredLength({T[0], T[1], T[2]}));
     for (int i = 0; i < 12; ++i)
         T[i] /= scale;
     return scale;
@@ -143,12 +126,11 @@ int trafo3d_3trafo(double *T_out, const double *A3, const double *B3)
     Frame target, source;
     if (!frameOfTriple(target, A3) || !frameOfTriple(source, B3))
         return -1;
-    setRow(T_out, target.x.x, target.y.x, target.z.x, source);
-    setRow(T_out + 4, target.x.y, target.y.y, target.z.y, source);
-    setRow(T_out + 8, target.x.z, target.y.z, target.z.z, source);
-    for (int r = 0; r < 3; ++r) {
+    const MatchingPoint sourceOrigin = pointAt(B3, 0);
+    for (std::size_t r = 0; r < 3; ++r) {
         double *row = T_out + 4 * r;
-        row[3] = A3[r] - (row[0] * B3[0] + row[1] * B3[1] + row[2] * B3[2]);
+        setRow(row, target.x[r], target.y[r], target.z[r], source);
+        row[3] = A3[r] - dotProduct({row[0], row[1], row[2]}, sourceOrigin);
     }
     setLastRow(T_out);
     return 0;

@@ -2,6 +2,7 @@
 
 #include "AssignmentTree.h"
 #include "BestOrder.h"
+#include "PointArithmetic.h"
 #include "RotationSearch.h"
 
 #include <algorithm>
@@ -44,16 +45,8 @@ AssignmentSearch::Result resultOf(const KeptOrder &kept)
 /// The longest side of the box around the points.
 double longestSide(const MatchingPoints &points)
 {
-    double longest = 0.0;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        double low = points.front()[axis], high = low;
-        for (const MatchingPoint &point : points) {
-            low = std::min(low, point[axis]);
-            high = std::max(high, point[axis]);
-        }
-        longest = std::max(longest, high - low);
-    }
-    return longest;
+    return std::max(
+        {rangeAlong(points, 0).extent(), rangeAlong(points, 1).extent(), rangeAlong(points, 2).extent()});
 }
 
 /// Lets the tree take a fixed number of steps.

@@ -1,5 +1,7 @@
 #include "AssignmentTree.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,12 +13,6 @@ constexpr std::size_t pairsBetweenQuestions = 20000;
 constexpr std::size_t mostListed = 8000000;
 
 constexpr double lengthSlack = 2e-12;
-
-template <class List>
-auto &at(List &list, int index)
-{
-    return list[static_cast<std::size_t>(index)];
-}
 
 } // namespace
 

@@ -1,20 +1,13 @@
 #include "BestOrder.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace
 {
 
 constexpr int largestExchangeCount = 5040;
-
-double largestCoordinate(const MatchingPoints &points)
-{
-    double largest = 0.0;
-    for (const MatchingPoint &point : points)
-        largest = std::max({largest, std::fabs(point[0]), std::fabs(point[1]), std::fabs(point[2])});
-    return largest;
-}
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "CellOrders.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <limits>
 #include <numeric>
@@ -8,12 +10,6 @@ namespace
 {
 
 constexpr long stepsBetweenQuestions = 1000;
-
-template <class List>
-auto &at(List &list, int index)
-{
-    return list[static_cast<std::size_t>(index)];
-}
 
 } // namespace
 

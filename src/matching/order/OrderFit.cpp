@@ -1,5 +1,6 @@
 #include "OrderFit.h"
 
+#include "PointArithmetic.h"
 #include "trafo3d.h"
 
 #include <utility>
@@ -8,11 +9,6 @@ namespace
 {
 
 constexpr int triplesBetweenQuestions = 20000;
-
-const MatchingPoint &pointAt(const MatchingPoints &points, int index)
-{
-    return points[static_cast<std::size_t>(index)];
-}
 
 bool triplesAllowStart(const double *references, const double *measured)
 {
@@ -32,7 +28,7 @@ OrderFit::OrderFit(MatchingPoints references, MatchingPoints measured)
 OrderFit::Result OrderFit::fit(const PointOrder &order)
 {
     for (std::size_t i = 0; i < order.size(); ++i)
-        m_ordered[i] = pointAt(m_measured, order[i]);
+        m_ordered[i] = at(m_measured, order[i]);
     Result result;
     const double *references = m_references.front().data();
     result.startCode = trafo3d_3trafo(result.transform.data(), references, m_ordered.front().data());
@@ -45,8 +41,8 @@ OrderFit::Result OrderFit::fit(const PointOrder &order)
 
 bool OrderFit::canStart(const PointOrder &order) const
 {
-    const MatchingPoint triple[3] = {pointAt(m_measured, order[0]), pointAt(m_measured, order[1]),
-                                     pointAt(m_measured, order[2])};
+    const MatchingPoint triple[3] = {at(m_measured, order[0]), at(m_measured, order[1]),
+                                     at(m_measured, order[2])};
     return triplesAllowStart(m_references.front().data(), triple[0].data());
 }
 
@@ -75,13 +71,11 @@ OrderFit::Start OrderFit::anyStart(const OrderVisitor::GoOn &goOn) const
 /// then exactly zero.
 bool OrderFit::anyThird(int first, int second) const
 {
-    const MatchingPoint &p = pointAt(m_measured, first), &q = pointAt(m_measured, second);
-    const MatchingPoint u = {q[0] - p[0], q[1] - p[1], q[2] - p[2]};
+    const MatchingPoint &p = at(m_measured, first), &q = at(m_measured, second);
+    const MatchingPoint u = difference(q, p);
     for (int third = 0; third < static_cast<int>(m_measured.size()); ++third) {
-        const MatchingPoint &r = pointAt(m_measured, third);
-        const MatchingPoint w = {r[0] - p[0], r[1] - p[1], r[2] - p[2]};
-        const bool noNormal = u[1] * w[2] - u[2] * w[1] == 0.0 && u[2] * w[0] - u[0] * w[2] == 0.0 &&
-                              u[0] * w[1] - u[1] * w[0] == 0.0;
+        const MatchingPoint &r = at(m_measured, third);
+        const bool noNormal = crossProduct(u, difference(r, p)) == MatchingPoint{0.0, 0.0, 0.0};
         if (!noNormal && canStart({first, second, third}))
             return true;
     }

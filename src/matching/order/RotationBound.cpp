@@ -1,5 +1,7 @@
 #include "RotationBound.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -33,16 +35,6 @@ Invariants invariantsOf(const std::array<double, 9> &m)
     return result;
 }
 
-double largestCoordinate(const MatchingPoints &points)
-{
-    double largest = 0.0;
-    for (const MatchingPoint &point : points) {
-        for (const double value : point)
-            largest = std::max(largest, std::fabs(value));
-    }
-    return largest;
-}
-
 double powerOfTwoAbove(double value)
 {
     int exponent = 0;
@@ -68,37 +60,30 @@ RotationBound::RotationBound(const MatchingPoints &references, const MatchingPoi
 RotationBound::Side RotationBound::prepared(const MatchingPoints &points, double unitMm)
 {
     Side side;
-    MatchingPoint centre = {};
-    for (const MatchingPoint &point : points) {
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            centre[axis] += point[axis] / unitMm / static_cast<double>(points.size());
-    }
-    for (const MatchingPoint &point : points) {
-        MatchingPoint p;
-        for (std::size_t axis = 0; axis < 3; ++axis)
-            p[axis] = point[axis] / unitMm - centre[axis];
-        side.centred.push_back(p);
-        side.lengths.push_back(std::sqrt(p[0] * p[0] + p[1] * p[1] + p[2] * p[2]));
+    for (const MatchingPoint &point : points)
+        side.centred.push_back({point[0] / unitMm, point[1] / unitMm, point[2] / unitMm});
+    const MatchingPoint centre = centreOf(side.centred);
+    for (MatchingPoint &point : side.centred) {
+        point = difference(point, centre);
+        side.lengths.push_back(std::sqrt(squaredLength(point)));
     }
     side.byLength.resize(points.size());
     std::iota(side.byLength.begin(), side.byLength.end(), 0);
-    std::sort(side.byLength.begin(), side.byLength.end(), [&side](int left, int right) {
-        return side.lengths[static_cast<std::size_t>(left)] < side.lengths[static_cast<std::size_t>(right)];
-    });
+    std::sort(side.byLength.begin(), side.byLength.end(),
+              [&side](int left, int right) { return at(side.lengths, left) < at(side.lengths, right); });
     return side;
 }
 
 RotationBound::Moments RotationBound::extended(const Moments &moments, int reference, int measured) const
 {
-    const auto i = static_cast<std::size_t>(reference), j = static_cast<std::size_t>(measured);
-    const MatchingPoint &a = m_references.centred[i];
-    const MatchingPoint &b = m_measured.centred[j];
+    const MatchingPoint &a = at(m_references.centred, reference), &b = at(m_measured.centred, measured);
     Moments result;
     for (std::size_t row = 0; row < 3; ++row) {
         for (std::size_t column = 0; column < 3; ++column)
             result.products[3 * row + column] = moments.products[3 * row + column] + a[row] * b[column];
     }
-    result.squares = moments.squares + squareOf(m_references.lengths[i]) + squareOf(m_measured.lengths[j]);
+    result.squares = moments.squares + squareOf(at(m_references.lengths, reference)) +
+                     squareOf(at(m_measured.lengths, measured));
     result.count = moments.count + 1;
     return result;
 }
@@ -158,13 +143,12 @@ double RotationBound::lengthRest(const std::vector<char> &references, const std:
     double rest = 0.0;
     std::size_t next = 0;
     for (const int reference : m_references.byLength) {
-        if (references[static_cast<std::size_t>(reference)])
+        if (at(references, reference))
             continue;
-        while (measured[static_cast<std::size_t>(m_measured.byLength[next])])
+        while (at(measured, m_measured.byLength[next]))
             ++next;
-        const auto partner = static_cast<std::size_t>(m_measured.byLength[next++]);
-        rest +=
-            squareOf(m_references.lengths[static_cast<std::size_t>(reference)] - m_measured.lengths[partner]);
+        const int partner = m_measured.byLength[next++];
+        rest += squareOf(at(m_references.lengths, reference) - at(m_measured.lengths, partner));
     }
     return rest;
 }

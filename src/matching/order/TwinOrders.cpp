@@ -1,16 +1,12 @@
 #include "TwinOrders.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace
 {
-
-template <class List>
-auto &at(List &list, int index)
-{
-    return list[static_cast<std::size_t>(index)];
-}
 
 /// Takes one occurrence of a value, which must be there, out of a list.
 template <class Value>

@@ -1,8 +1,9 @@
 #include "FitSketch.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace
 {
@@ -29,20 +30,11 @@ Axes axesOf(FitSketch::Along along)
     return {0, 1};
 }
 
-struct Range {
-    double low = std::numeric_limits<double>::infinity();
-    double high = -std::numeric_limits<double>::infinity();
-
-    void take(const MatchingPoints &points, std::size_t axis)
-    {
-        for (const MatchingPoint &point : points) {
-            low = std::min(low, point[axis]);
-            high = std::max(high, point[axis]);
-        }
-    }
-    double extent() const { return high - low; }
-    double middle() const { return 0.5 * low + 0.5 * high; }
-};
+CoordinateRange rangeOfBoth(const MatchingPoints &references, const MatchingPoints &mapped, std::size_t axis)
+{
+    const CoordinateRange one = rangeAlong(references, axis), other = rangeAlong(mapped, axis);
+    return {std::min(one.low, other.low), std::max(one.high, other.high)};
+}
 
 /// From millimetres to the picture: the middle of all points in the middle, the same scale both ways.
 class Projection
@@ -53,11 +45,9 @@ public:
         : m_axes(axes)
         , m_width(width)
         , m_height(height)
+        , m_right(rangeOfBoth(references, mapped, axes.right))
+        , m_up(rangeOfBoth(references, mapped, axes.up))
     {
-        for (const MatchingPoints *points : {&references, &mapped}) {
-            m_right.take(*points, axes.right);
-            m_up.take(*points, axes.up);
-        }
         const double border = 2.0 * margin * std::min(width, height);
         const double scale = std::min((width - border) / m_right.extent(), (height - border) / m_up.extent());
         m_scale = std::isfinite(scale) ? scale : 0.0; // all in one place
@@ -73,8 +63,8 @@ private:
     Axes m_axes;
     double m_width;
     double m_height;
-    Range m_right;
-    Range m_up;
+    CoordinateRange m_right;
+    CoordinateRange m_up;
     double m_scale = 0.0;
 };
 
@@ -114,12 +104,9 @@ void enlarge(FitSketch &sketch, double longest)
 
 FitSketch::Along FitSketch::widestView(const MatchingPoints &references)
 {
-    Range ranges[3];
-    for (std::size_t axis = 0; axis < 3; ++axis)
-        ranges[axis].take(references, axis);
-    const double x = ranges[0].extent();
-    const double y = ranges[1].extent();
-    const double z = ranges[2].extent();
+    const double x = rangeAlong(references, 0).extent();
+    const double y = rangeAlong(references, 1).extent();
+    const double z = rangeAlong(references, 2).extent();
     if (x < y && x < z)
         return Along::X;
     return y < z ? Along::Y : Along::Z;

@@ -1,5 +1,7 @@
 #include "LinearAssignment.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <numeric>
 
@@ -8,12 +10,6 @@ namespace
 
 constexpr int nobody = -1;
 constexpr double forbidden = std::numeric_limits<double>::infinity();
-
-template <class List>
-auto &at(List &list, int index)
-{
-    return list[static_cast<std::size_t>(index)];
-}
 
 double lower(double left, double right)
 {

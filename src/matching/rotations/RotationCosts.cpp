@@ -1,5 +1,7 @@
 #include "RotationCosts.h"
 
+#include "PointArithmetic.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -15,7 +17,7 @@ double squaredLengths(const MatchingPoints &points)
 {
     double sum = 0.0;
     for (const MatchingPoint &p : points)
-        sum += p[0] * p[0] + p[1] * p[1] + p[2] * p[2];
+        sum += squaredLength(p);
     return sum;
 }
 
@@ -115,7 +117,7 @@ Quaternion RotationCosts::improved(const Quaternion &rotation, const std::vector
 {
     Matrix moments = {};
     for (std::size_t i = 0; i < order.size(); ++i) {
-        const MatchingPoint &a = m_references[i], &b = m_measured[static_cast<std::size_t>(order[i])];
+        const MatchingPoint &a = m_references[i], &b = at(m_measured, order[i]);
         for (std::size_t row = 0; row < 3; ++row) {
             for (std::size_t column = 0; column < 3; ++column)
                 moments[3 * row + column] += a[row] * b[column];

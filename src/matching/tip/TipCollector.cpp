@@ -1,5 +1,7 @@
 #include "TipCollector.h"
 
+#include "PointArithmetic.h"
+
 #include <cmath>
 
 void TipCollector::add(double timestamp, const MatchingPoint &tip)
@@ -44,12 +46,8 @@ TipCollector::Judgement TipCollector::judge(double tolerance) const
     }
     for (double &coordinate : judgement.mean)
         coordinate /= n;
-    for (const MatchingPoint &tip : m_tips) {
-        double squares = 0.0;
-        for (std::size_t i = 0; i < tip.size(); ++i)
-            squares += (tip[i] - judgement.mean[i]) * (tip[i] - judgement.mean[i]);
-        judgement.variance += squares;
-    }
+    for (const MatchingPoint &tip : m_tips)
+        judgement.variance += squaredLength(difference(tip, judgement.mean));
     judgement.variance /= n;
     judgement.standardDeviation = std::sqrt(judgement.variance);
     const bool still = tolerance >= judgement.standardDeviation;
