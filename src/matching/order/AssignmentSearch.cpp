@@ -2,6 +2,7 @@
 
 #include "AssignmentTree.h"
 #include "BestOrder.h"
+#include "KeptOrder.h"
 #include "PointArithmetic.h"
 #include "RotationSearch.h"
 

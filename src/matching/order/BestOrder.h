@@ -1,5 +1,6 @@
 #pragma once
 
+#include "KeptOrder.h"
 #include "OrderFit.h"
 #include "OrderVisitor.h"
 #include "TwinOrders.h"

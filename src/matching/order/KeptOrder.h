@@ -1,10 +1,6 @@
 #pragma once
 
-#include <vector>
-
-/// The order of the measured points: element i is the index of the measured point that belongs to reference
-/// point i, from 0.
-using PointOrder = std::vector<int>;
+#include "PointOrder.h"
 
 /// What a loop over all orders in lexicographic sequence keeps, found in any sequence.
 ///

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "KeptOrder.h"
+#include "PointOrder.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeptOrder.h"
 #include "MatchingPoint.h"
+#include "PointOrder.h"
 
 #include <array>
 #include <vector>
