@@ -11,8 +11,12 @@ struct RoomTrafoData {
     double scaling = 1.0;
 };
 
-/// Half of the last decimal with which the controller is told a rotation (eight decimals) and a translation
-/// (three): what is smaller is told as 0.
+/// The decimals with which the controller is told a rotation, a translation and a scaling.
+constexpr int rotationDecimals = 8;
+constexpr int translationDecimals = 3;
+constexpr int scalingDecimals = 5;
+
+/// Half of the last decimal of a rotation and a translation: what is smaller is told as 0.
 constexpr double rotationHalfDecimal = 0.5e-8;
 constexpr double translationHalfDecimal = 0.5e-3;
 

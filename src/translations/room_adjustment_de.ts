@@ -1172,6 +1172,18 @@ Umschalt + linke Maustaste</translation>
         <source>Not checked, since the search was cancelled: whether another order of the measured points fits equally well.</source>
         <translation>Nicht geprüft, da die Suche abgebrochen wurde: ob eine andere Reihenfolge der gemessenen Punkte ebenso gut passt.</translation>
     </message>
+    <message>
+        <source>Residual error without point %1: %2 mm. Check this point or measure it again.</source>
+        <translation>Restfehler ohne Punkt %1: %2 mm. Prüfen Sie diesen Punkt oder messen Sie ihn neu.</translation>
+    </message>
+    <message>
+        <source>Residual error without point %1: %2 mm.</source>
+        <translation>Restfehler ohne Punkt %1: %2 mm.</translation>
+    </message>
+    <message>
+        <source>Expected error: %1 mm at the centre of the reference points, %2 mm at the corner farthest from it (%3, %4, %5).</source>
+        <translation>Erwarteter Fehler: %1 mm in der Mitte der Referenzpunkte, %2 mm an der Ecke, die am weitesten davon entfernt ist (%3, %4, %5).</translation>
+    </message>
 </context>
 <context>
     <name>ReadingProgress</name>

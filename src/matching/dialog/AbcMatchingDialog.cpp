@@ -2,6 +2,7 @@
 
 #include "EvaluationThread.h"
 #include "FitPictureWindow.h"
+#include "FitTrust.h"
 #include "HideWatch.h"
 #include "IOManager.h"
 #include "ListEditing.h"
@@ -449,8 +450,9 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
         m_transformation = evaluation.roomFromReference;
     }
     showState();
-    m_result->show(evaluation);
-    m_notices->tellResult(evaluation, m_sampler.toleranceMm());
+    const FitTrust trust = FitTrust::of(m_lists->references(), evaluation);
+    m_result->show(evaluation, trust);
+    m_notices->tellResult(evaluation, trust, m_sampler.toleranceMm());
     emit updateRequest();
 }
 

@@ -1,5 +1,6 @@
 #include "MatchingNotices.h"
 
+#include "FitTrust.h"
 #include "ListEditing.h"
 #include "MatchingEvaluation.h"
 #include "MatchingReport.h"
@@ -39,17 +40,21 @@ void MatchingNotices::tellPoints(const MatchingPoints &references, const Matchin
     m_line.say(Side::Points, [hints, geometry] { return PointNotices::ofLists(hints, geometry); });
 }
 
-void MatchingNotices::tellResult(const MatchingEvaluation &evaluation, double toleranceMm)
+void MatchingNotices::tellResult(const MatchingEvaluation &evaluation, const FitTrust &trust,
+                                 double toleranceMm)
 {
     const double limitMm = m_misfitExplained ? std::numeric_limits<double>::infinity() : toleranceMm;
     m_line.say(Side::Result, [evaluation, limitMm] { return PointNotices::ofResult(evaluation, limitMm); });
+    m_line.say(Side::Worst,
+               [trust, rmsMm = evaluation.rmsMm] { return PointNotices::ofWorst(trust, rmsMm); });
+    m_line.setTip([trust] { return PointNotices::ofExpected(trust); });
     m_valid = evaluation.outcome == MatchingEvaluation::Outcome::Matched;
     tellScaling();
 }
 
 void MatchingNotices::forgetResult()
 {
-    tellResult(MatchingEvaluation(), 0.0);
+    tellResult(MatchingEvaluation(), FitTrust(), 0.0);
 }
 
 void MatchingNotices::setScaling(double scaling)

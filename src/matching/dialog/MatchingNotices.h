@@ -5,6 +5,7 @@
 #include "ToolSurvey.h"
 
 class ListEditing;
+struct FitTrust;
 struct MatchingEvaluation;
 
 /// What the matching dialog tells in its notices: each operation is one side that has something to say.
@@ -21,7 +22,7 @@ public:
     /// Of the lists alone, and at once: a search of lists that do not fit may go on for long.
     void tellPoints(const MatchingPoints &references, const MatchingPoints &measured);
     /// A residual above the tolerance is told as a misfit, unless the lists have told why they do not fit.
-    void tellResult(const MatchingEvaluation &evaluation, double toleranceMm);
+    void tellResult(const MatchingEvaluation &evaluation, const FitTrust &trust, double toleranceMm);
     /// There is no result: of a scaling, too, nothing is told before there is one.
     void forgetResult();
 

@@ -25,6 +25,23 @@ void NoticeLine::say(Side side, Text text)
     show();
 }
 
+void NoticeLine::setTip(Text tip)
+{
+    m_tip = std::move(tip);
+    show();
+}
+
+QStringList NoticeLine::told(std::initializer_list<Side> asked) const
+{
+    QStringList sentences;
+    for (const Side side : asked) {
+        const Text &text = m_texts[static_cast<std::size_t>(side)];
+        if (text)
+            sentences << text().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    }
+    return sentences;
+}
+
 void NoticeLine::show()
 {
     QStringList sentences;
@@ -36,5 +53,8 @@ void NoticeLine::show()
             break;
     }
     m_label->setText(sentences.join(QLatin1Char('\n')));
+    const QString tip = m_tip ? m_tip() : QString();
+    m_area->setToolTip(tip);
+    m_area->setAccessibleDescription(tip);
     m_area->setFixedHeight(lines * m_label->fontMetrics().height());
 }

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
 #include <array>
 #include <functional>
+#include <initializer_list>
 
 class QLabel;
 class QScrollArea;
@@ -14,7 +15,7 @@ class NoticeLine
 {
 public:
     /// Who speaks, in the order of the sentences. While the tools have something to say, nobody else does.
-    enum class Side { Tools, Data, Lists, Points, Result, Scaling };
+    enum class Side { Tools, Data, Lists, Handout, Points, Result, Worst, Scaling };
 
     using Text = std::function<QString()>;
 
@@ -25,13 +26,20 @@ public:
     /// says nothing.
     void say(Side side, Text text);
 
+    /// What is told of the line when it is pointed at, to screen readers, too.
+    void setTip(Text tip);
+
+    /// What these sides say, in the present language; the line itself may be silent about it.
+    [[nodiscard]] QStringList told(std::initializer_list<Side> asked) const;
+
     /// Tells everything in the present language.
     void show();
 
 private:
-    static constexpr std::size_t sides = 6;
+    static constexpr std::size_t sides = 8;
 
     QScrollArea *m_area;
     QLabel *m_label;
     std::array<Text, sides> m_texts;
+    Text m_tip;
 };

@@ -1,6 +1,7 @@
 #include "ResultView.h"
 
 #include "MatchingReport.h"
+#include "PointNotices.h"
 #include "PointTable.h"
 #include "ui_AbcMatchingDialog.h"
 
@@ -18,10 +19,11 @@ void ResultView::clear()
     m_measured.clearMark();
 }
 
-void ResultView::show(const MatchingEvaluation &evaluation)
+void ResultView::show(const MatchingEvaluation &evaluation, const FitTrust &trust)
 {
     clear();
     m_evaluation = evaluation;
+    m_trust = trust;
     markWorstRows();
     showReport(MatchingReport::report(evaluation));
     m_report = [evaluation] { return MatchingReport::report(evaluation); };
@@ -52,7 +54,10 @@ void ResultView::markWorstRows()
     if (!m_evaluation || m_evaluation->worstPair < 0)
         return;
     const auto worst = static_cast<std::size_t>(m_evaluation->worstPair);
-    const QString reason = MatchingReport::worstRow(m_evaluation->distancesMm[worst]);
+    QStringList reasons{MatchingReport::worstRow(m_evaluation->distancesMm[worst]),
+                        PointNotices::ofWorst(m_trust, m_evaluation->rmsMm)};
+    reasons.removeAll(QString());
+    const QString reason = reasons.join(QLatin1Char('\n'));
     m_references.mark(m_evaluation->worstPair, reason);
     m_measured.mark(m_evaluation->order[worst], reason);
 }

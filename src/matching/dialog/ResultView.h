@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FitTrust.h"
 #include "MatchingEvaluation.h"
 
 #include <QString>
@@ -23,7 +24,7 @@ public:
 
     /// Forgets the last evaluation; the report stays until there is another text.
     void clear();
-    void show(const MatchingEvaluation &evaluation);
+    void show(const MatchingEvaluation &evaluation, const FitTrust &trust);
     void showSearching();
     /// What is shown, if it is the result of an evaluation.
     [[nodiscard]] const std::optional<MatchingEvaluation> &evaluation() const { return m_evaluation; }
@@ -42,5 +43,6 @@ private:
     PointTable &m_references;
     PointTable &m_measured;
     std::optional<MatchingEvaluation> m_evaluation;
+    FitTrust m_trust;
     std::function<QString()> m_report;
 };

@@ -13,7 +13,6 @@ namespace
 
 constexpr std::size_t fewestForLeavingOut = 5;
 constexpr double betterBy = 3.0;
-constexpr double smallestResidualMm = 0.01;
 
 /// Below this share of the largest product of inertias a set counts as a line.
 constexpr double smallestDeterminant = 1e-9;
@@ -128,7 +127,8 @@ std::optional<FitTrust::WithoutWorst> leaveOut(const MatchingPoints &references,
             worst = FitTrust::WithoutWorst{static_cast<int>(pair), *rmsMm, false};
     }
     if (worst)
-        worst->stands = evaluation.rmsMm >= smallestResidualMm && betterBy * worst->rmsMm <= evaluation.rmsMm;
+        worst->stands =
+            evaluation.rmsMm >= FitTrust::smallestResidualMm && betterBy * worst->rmsMm <= evaluation.rmsMm;
     return worst;
 }
 

@@ -22,13 +22,15 @@ struct FitTrust {
         int pair = -1;      ///< index of the reference point
         double rmsMm = 0.0; ///< the residual of the others
 
-        /// The others fit three times as well or better, and the residual is worth a word (0.01 mm).
+        /// The others fit three times as well or better, and the residual is worth a word.
         bool stands = false;
     };
     /// From five pairs on: of fewer, any set fits the better the smaller it is.
     std::optional<WithoutWorst> withoutWorst;
 
     static constexpr std::size_t mostFits = 100;
+    /// A residual below it is not worth a word.
+    static constexpr double smallestResidualMm = 0.01;
 
     /// The error to be expected where the fit is applied, as the root of its mean square, if the measured
     /// points are off by chance as much as the residual says, alike in all directions. Missing for points on

@@ -97,6 +97,8 @@ private slots:
     void shouldAskForMillimetresAtOnce();
     void shouldTellThatThePointsDoNotFit();
     void shouldTellTheScalingBeforeItIsApplied();
+    void shouldTellWhatTheFitWouldBeWithoutTheWorstPoint();
+    void shouldTellTheErrorsToBeExpectedInATip();
     void shouldCancelALongSearch_data();
     void shouldCancelALongSearch();
     void shouldFinishALongSearch();
@@ -507,6 +509,49 @@ void MatchingResultTest::shouldTellTheScalingBeforeItIsApplied()
     });
     opened.dialog().tellScaling(1.0);
     opened.run([&] { QVERIFY(opened.notice().isEmpty()); });
+}
+
+void MatchingResultTest::shouldTellWhatTheFitWouldBeWithoutTheWorstPoint()
+{
+    const MatchingPoints box{{0, 0, 0}, {400, 0, 0}, {0, 300, 0}, {0, 0, 200}, {400, 300, 0}, {400, 0, 200}};
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        enter(opened, box);
+        for (std::size_t i = 0; i < box.size(); ++i) {
+            MatchingPoint tip = moved(box[i]);
+            tip[2] += i == 3 ? 40.0 : 0.0;
+            opened.measure(tip);
+        }
+        QVERIFY(opened.notice().contains(QStringLiteral("without point 4: 0.00 mm")));
+        for (const char *table : {referenceTable, measuredTable})
+            QVERIFY(opened.find<QTableWidget>(table)->item(3, 0)->toolTip().contains(
+                QStringLiteral("\nResidual error without point 4: 0.00 mm.")));
+    });
+}
+
+void MatchingResultTest::shouldTellTheErrorsToBeExpectedInATip()
+{
+    const MatchingPoints plate{{0, 0, 0}, {400, 0, 0}, {400, 300, 0}, {0, 300, 0}};
+    OpenedDialog opened;
+    opened.run([&] {
+        const auto *notices = opened.find<QWidget>("scrollArea_notice");
+        opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
+        enter(opened, plate);
+        QCOMPARE(notices->toolTip(), QString());
+        // The corners are off by 0.2 mm each, up and down by turns, which no motion takes away.
+        for (std::size_t i = 0; i < plate.size(); ++i)
+            opened.measure({plate[i][0], plate[i][1], i % 2 == 0 ? 0.2 : -0.2});
+        // 0.2 / sqrt(4 - 2); and a corner is as far from each principal axis as all corners are on average:
+        // sqrt(1 + (1 + 1 + 1) / 3) times as much.
+        QCOMPARE(
+            notices->toolTip(),
+            QStringLiteral("Expected error: 0.14 mm at the centre of the reference points, 0.20 mm at the "
+                           "corner farthest from it (400.00, 300.00, 0.00)."));
+        QCOMPARE(notices->accessibleDescription(), notices->toolTip());
+        opened.click("pushButton_addRefPoint");
+        QCOMPARE(notices->toolTip(), QString());
+    });
 }
 
 void MatchingResultTest::shouldCancelALongSearch_data()

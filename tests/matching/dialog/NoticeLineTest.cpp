@@ -60,6 +60,30 @@ private slots:
         QCOMPARE(area.maximumHeight(), height);
     }
 
+    void shouldSayWhatItsSidesToldEvenWhenItIsSilentAboutIt()
+    {
+        QScrollArea area;
+        QLabel label;
+        NoticeLine line(&area, &label);
+        line.say(Side::Tools, text("No tool."));
+        line.say(Side::Points, text("one\ntwo"));
+        line.say(Side::Scaling, text("three"));
+        QCOMPARE(line.told({Side::Scaling, Side::Result, Side::Points}),
+                 (QStringList{QStringLiteral("three"), QStringLiteral("one"), QStringLiteral("two")}));
+    }
+
+    void shouldTellItsTipToScreenReadersToo()
+    {
+        QScrollArea area;
+        QLabel label;
+        NoticeLine line(&area, &label);
+        line.setTip(text("Expected error."));
+        QCOMPARE(area.toolTip(), QStringLiteral("Expected error."));
+        QCOMPARE(area.accessibleDescription(), QStringLiteral("Expected error."));
+        line.setTip({});
+        QCOMPARE(area.toolTip(), QString());
+    }
+
     void shouldAskForItsTextsAgain()
     {
         QScrollArea area;

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QString>
 
+struct FitTrust;
 struct MatchingEvaluation;
 struct ReferenceGeometry;
 struct SetHints;
@@ -21,6 +22,12 @@ public:
     /// Of a result whose residual should not be above a limit. Where the lists have told why the points do
     /// not fit, the limit is not asked for.
     [[nodiscard]] static QString ofResult(const MatchingEvaluation &evaluation, double limitMm);
+
+    /// What the residual would be without the point that disturbs most, if there is a residual and enough
+    /// points to tell.
+    [[nodiscard]] static QString ofWorst(const FitTrust &trust, double rmsMm);
+    /// The errors to be expected where the result is applied; empty when nothing can be said.
+    [[nodiscard]] static QString ofExpected(const FitTrust &trust);
 
     /// That a scaling outlasts the matching; empty for 1, and for what is no number.
     [[nodiscard]] static QString ofScaling(double scaling);

@@ -1,5 +1,6 @@
 #include "PointNotices.h"
 
+#include "FitTrust.h"
 #include "MatchingEvaluation.h"
 #include "ReferenceGeometry.h"
 #include "SetHints.h"
@@ -95,6 +96,37 @@ private slots:
         QVERIFY(told.startsWith(QStringLiteral("The points do not fit")));
         QVERIFY(told.contains(QStringLiteral("1.5 mm")));
         QCOMPARE(PointNotices::ofResult(evaluation, std::numeric_limits<double>::infinity()), QString());
+    }
+
+    void shouldTellTheResidualWithoutTheWorstPoint()
+    {
+        FitTrust trust;
+        trust.withoutWorst = FitTrust::WithoutWorst{3, 0.0249, false};
+        QCOMPARE(PointNotices::ofWorst(trust, 0.03),
+                 QStringLiteral("Residual error without point 4: 0.02 mm."));
+        trust.withoutWorst->stands = true;
+        QCOMPARE(
+            PointNotices::ofWorst(trust, 1.0),
+            QStringLiteral("Residual error without point 4: 0.02 mm. Check this point or measure it again."));
+    }
+
+    void shouldNotLeaveAPointOutOfTooFewOrOfAPerfectFit()
+    {
+        FitTrust trust;
+        QCOMPARE(PointNotices::ofWorst(trust, 1.0), QString());
+        trust.withoutWorst = FitTrust::WithoutWorst{3, 0.001, false};
+        QCOMPARE(PointNotices::ofWorst(trust, 0.009), QString());
+    }
+
+    void shouldTellTheErrorsToBeExpected()
+    {
+        FitTrust trust;
+        QCOMPARE(PointNotices::ofExpected(trust), QString());
+        trust.expected = FitTrust::Expected{0.041, 0.126, {400.0, -250.5, 0.0}};
+        QCOMPARE(
+            PointNotices::ofExpected(trust),
+            QStringLiteral("Expected error: 0.04 mm at the centre of the reference points, 0.13 mm at the "
+                           "corner farthest from it (400.00, -250.50, 0.00)."));
     }
 
     void shouldTellAScalingThatTheControllerKeeps_data()

@@ -1,7 +1,9 @@
 #include "PointNotices.h"
 
+#include "FitTrust.h"
 #include "MatchingEvaluation.h"
 #include "ReferenceGeometry.h"
+#include "RoomTrafoData.h"
 #include "SetHints.h"
 
 #include <QStringList>
@@ -11,9 +13,13 @@
 namespace
 {
 
-/// The controller keeps five decimals of a scaling.
-constexpr int scalingDecimals = 5;
+/// Half of the last decimal that the controller keeps.
 constexpr double smallestScalingDifference = 0.5e-5;
+
+QString hundredths(double millimetres)
+{
+    return QString::number(millimetres, 'f', 2);
+}
 
 } // namespace
 
@@ -82,6 +88,31 @@ QString PointNotices::ofResult(const MatchingEvaluation &evaluation, double limi
         sentences << tr("Not checked, since the search was cancelled: whether another order of the measured "
                         "points fits equally well.");
     return sentences.join(QLatin1Char('\n'));
+}
+
+QString PointNotices::ofWorst(const FitTrust &trust, double rmsMm)
+{
+    if (!trust.withoutWorst || rmsMm < FitTrust::smallestResidualMm)
+        return {};
+    const int point = trust.withoutWorst->pair + 1;
+    const QString rest = hundredths(trust.withoutWorst->rmsMm);
+    if (trust.withoutWorst->stands)
+        return tr("Residual error without point %1: %2 mm. Check this point or measure it again.")
+            .arg(point)
+            .arg(rest);
+    return tr("Residual error without point %1: %2 mm.").arg(point).arg(rest);
+}
+
+QString PointNotices::ofExpected(const FitTrust &trust)
+{
+    if (!trust.expected)
+        return {};
+    const MatchingPoint &corner = trust.expected->corner;
+    return tr("Expected error: %1 mm at the centre of the reference points, %2 mm at the corner farthest "
+              "from "
+              "it (%3, %4, %5).")
+        .arg(hundredths(trust.expected->centreMm), hundredths(trust.expected->cornerMm),
+             hundredths(corner[0]), hundredths(corner[1]), hundredths(corner[2]));
 }
 
 QString PointNotices::ofScaling(double scaling)
