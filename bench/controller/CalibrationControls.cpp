@@ -1,6 +1,6 @@
 #include "ControlLines.h"
+#include "NamedElement.h"
 #include "SimLimits.h"
-#include "SimMachine.h"
 #include "SimText.h"
 
 #include <cstddef>
@@ -46,25 +46,22 @@ SimReply pause(SimMachine &machine, const SimArguments &arguments)
         values->at(1) > SimLimits::longestDurationSeconds)
         return expected("announced and real seconds");
     return withKind(machine, arguments, [&](SimCalibrationKind &kind) {
-        const auto index = arguments.index(0, kind.steps.size());
-        if (!index)
-            return SimReply::noSuch("step");
-        SimStep &step = kind.steps[*index];
-        step.pauseAnnounced = true;
-        step.announcedPauseSeconds = static_cast<int>(values->at(0));
-        step.pauseSeconds = values->at(1);
-        return SimReply::ok();
+        return withElement(kind.steps, "step", arguments, [&](SimStep &step) {
+            step.pauseAnnounced = true;
+            step.announcedPauseSeconds = static_cast<int>(values->at(0));
+            step.pauseSeconds = values->at(1);
+            return SimReply::ok();
+        });
     });
 }
 
 SimReply noPause(SimMachine &machine, const SimArguments &arguments)
 {
     return withKind(machine, arguments, [&](SimCalibrationKind &kind) {
-        const auto index = arguments.index(0, kind.steps.size());
-        if (!index)
-            return SimReply::noSuch("step");
-        kind.steps[*index] = SimStep{false, 0, 0.0, kind.steps[*index].durationSeconds};
-        return SimReply::ok();
+        return withElement(kind.steps, "step", arguments, [](SimStep &step) {
+            step = SimStep{false, 0, 0.0, step.durationSeconds};
+            return SimReply::ok();
+        });
     });
 }
 
@@ -146,13 +143,12 @@ SimReply cameraRate(SimMachine &machine, const SimArguments &arguments)
 {
     constexpr double largestRate = 1000.0;
     const auto rate = ControlLines::number(arguments, 0.0, largestRate);
-    const auto camera = arguments.index(0, machine.room.cameras.size());
-    if (!camera)
-        return SimReply::noSuch("camera");
-    if (!rate)
-        return expected("a rate from 0 to 1000");
-    machine.room.cameras[*camera].progressRate = *rate;
-    return SimReply::ok();
+    return withCamera(machine, arguments, [&](SimCamera &camera) {
+        if (!rate)
+            return expected("a rate from 0 to 1000");
+        camera.progressRate = *rate;
+        return SimReply::ok();
+    });
 }
 
 } // namespace

@@ -23,3 +23,9 @@ SimReply withCamera(SimMachine &machine, const SimArguments &arguments, Use use)
 {
     return withElement(machine.room.cameras, "camera", arguments, use);
 }
+
+template <typename Use>
+SimReply withPoint(SimMachine &machine, const SimArguments &arguments, Use use)
+{
+    return withElement(machine.room.workpiece.points, "point", arguments, use);
+}

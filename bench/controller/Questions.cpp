@@ -45,21 +45,17 @@ SimReply counts(SimMachine &machine, const SimArguments &)
 
 SimReply point(SimMachine &machine, const SimArguments &arguments)
 {
-    const auto &points = machine.room.workpiece.points;
-    const auto index = arguments.index(0, points.size());
-    if (!index)
-        return SimReply::noSuch("point");
-    return SimReply::value(numbers(points[*index].nominal) + " \"" + points[*index].name + "\"");
+    return withPoint(machine, arguments, [](const SimPoint &one) {
+        return SimReply::value(numbers(one.nominal) + " \"" + one.name + "\"");
+    });
 }
 
 SimReply reportedPoint(SimMachine &machine, const SimArguments &arguments)
 {
-    const SimWorkpiece &workpiece = machine.room.workpiece;
-    const auto index = arguments.index(0, workpiece.points.size());
-    if (!index)
-        return SimReply::noSuch("point");
-    return SimReply::value(
-        numbers(SimCoordinates(machine).reported(workpiece.pose * workpiece.points[*index].nominal)));
+    return withPoint(machine, arguments, [&machine](const SimPoint &one) {
+        return SimReply::value(
+            numbers(SimCoordinates(machine).reported(machine.room.workpiece.pose * one.nominal)));
+    });
 }
 
 SimReply tool(SimMachine &machine, const SimArguments &arguments)

@@ -138,12 +138,6 @@ SimReply wrongCount(SimMachine &, const SimArguments &)
 SimReply accept(SimMachine &machine, const SimArguments &)
 {
     SimState &state = machine.state;
-    if (state.activity == SimActivity::Calibrating)
-        return SimReply::calibrating();
-    if (!state.newCalibration)
-        return SimReply::noNewCalibration();
-    if (!state.changeable)
-        return SimReply::locked();
     state.base = state.newCalibration->base;
     state.lastCoordinateType = state.newCalibration->coordinateType;
     state.extra = SimExtra();
@@ -155,6 +149,7 @@ SimReply accept(SimMachine &machine, const SimArguments &)
 
 std::vector<SimRequestRow> roomCalibrationRequests()
 {
+    const SimGuards unlocked = {SimGuard::Unlocked};
     return {{"get roomcal type", type},
             {"get roomcal coordinate_type", currentCoordinateType},
             {"get roomcal last_coordinate_type", lastCoordinateType},
@@ -164,12 +159,14 @@ std::vector<SimRequestRow> roomCalibrationRequests()
             {"get roomcal angle", angle},
             {"get roomcal angle_height", angleHeight},
             {"get roomcal duration", duration},
-            {"set roomcal type *", setType, SimGuard::Unlocked},
+            {"set roomcal type *", setType, unlocked},
             {"set roomcal type ...", wrongCount},
-            {"set roomcal angle ...", setAngle, SimGuard::Unlocked},
-            {"set roomcal angle_height ...", setAngleHeight, SimGuard::Unlocked},
-            {"set roomcal duration ...", setDuration, SimGuard::Unlocked},
-            {"set roomcal coordinate_type *", setCoordinateType, SimGuard::Unlocked},
+            {"set roomcal angle ...", setAngle, unlocked},
+            {"set roomcal angle_height ...", setAngleHeight, unlocked},
+            {"set roomcal duration ...", setDuration, unlocked},
+            {"set roomcal coordinate_type *", setCoordinateType, unlocked},
             {"set roomcal coordinate_type ...", wrongCount},
-            {"roomcal accept_new_calibration", accept}};
+            {"roomcal accept_new_calibration",
+             accept,
+             {SimGuard::NotCalibrating, SimGuard::NewCalibration, SimGuard::Unlocked}}};
 }

@@ -59,44 +59,19 @@ std::optional<SimArguments> match(const std::vector<std::string_view> &pattern,
 
 } // namespace
 
-std::optional<std::vector<double>> SimArguments::reals(std::size_t count) const
-{
-    if (values.size() != count)
-        return std::nullopt;
-    std::vector<double> numbersRead;
-    for (const std::string_view word : values) {
-        const std::optional<double> number = SimText::real(word);
-        if (!number)
-            return std::nullopt;
-        numbersRead.push_back(*number);
-    }
-    return numbersRead;
-}
-
-std::optional<std::size_t> SimArguments::index(std::size_t place, std::size_t size) const
-{
-    const int number = numbers.at(place);
-    if (number < 1 || static_cast<std::size_t>(number) > size)
-        return std::nullopt;
-    return static_cast<std::size_t>(number - 1);
-}
-
 SimRequestTable::SimRequestTable(const std::vector<std::vector<SimRequestRow>> &parts)
 {
     for (const std::vector<SimRequestRow> &part : parts) {
         for (const SimRequestRow &row : part)
-            m_rows.push_back({SimText::words(row.pattern), row.answer, row.guard});
+            m_rows.push_back({SimText::words(row.pattern), row.answer, row.guards});
     }
 }
 
 SimReply SimRequestTable::guarded(const Row &row, SimMachine &machine, const SimArguments &arguments)
 {
-    const SimState &state = machine.state;
-    const bool isNoted = row.guard == SimGuard::Still && state.activity == SimActivity::Measuring;
-    if (row.guard != SimGuard::None && !state.changeable)
-        return SimReply::locked();
-    if (isNoted && state.strict)
-        return SimReply::stopTrackingFirst();
+    if (const std::optional<SimReply> refusal = SimGuarding::refusal(row.guards, machine, arguments))
+        return *refusal;
+    const bool isNoted = SimGuarding::isNoted(row.guards, machine);
     SimReply reply = row.answer(machine, arguments);
     if (isNoted && reply.kind == SimReply::Kind::Ok && machine.notes.size() < mostNotes)
         machine.notes.push_back(setting(row.pattern) + " was set while measuring");

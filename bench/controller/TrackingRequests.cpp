@@ -23,21 +23,14 @@ SimReply available(SimMachine &machine, const SimArguments &)
 
 SimReply start(SimMachine &machine, const SimArguments &)
 {
-    SimState &state = machine.state;
-    if (!state.available)
-        return SimReply::notAvailable();
-    if (state.activity == SimActivity::Calibrating)
-        return SimReply::calibrating();
-    state.activity = SimActivity::Measuring;
-    state.errorCode = 0;
-    state.errorText.clear();
+    machine.state.activity = SimActivity::Measuring;
+    machine.state.errorCode = 0;
+    machine.state.errorText.clear();
     return SimReply::ok();
 }
 
 SimReply stop(SimMachine &machine, const SimArguments &)
 {
-    if (machine.state.activity == SimActivity::Calibrating)
-        return SimReply::calibrating();
     if (machine.state.activity == SimActivity::Measuring) {
         machine.state.activity = SimActivity::None;
         machine.dropMeasurements();
@@ -141,8 +134,9 @@ SimReply unknownReference(SimMachine &, const SimArguments &arguments)
 
 std::vector<SimRequestRow> trackingRequests()
 {
-    return {{"tracking start", start},
-            {"tracking stop", stop},
+    const SimGuards still = {SimGuard::Unlocked, SimGuard::NotedMeasuring};
+    return {{"tracking start", start, {SimGuard::Available, SimGuard::NotCalibrating}},
+            {"tracking stop", stop, {SimGuard::NotCalibrating}},
             {"get tracking available", available},
             {"get tracking room c#", room},
             {"get tracking has_room c#", hasRoom},
@@ -150,10 +144,10 @@ std::vector<SimRequestRow> trackingRequests()
             {"get tracking extra_translation", extraTranslation},
             {"get tracking extra_scaling", extraScaling},
             {"get tracking reference", reference},
-            {"set tracking extra_rotation ...", setExtraRotation, SimGuard::Still},
-            {"set tracking extra_translation ...", setExtraTranslation, SimGuard::Still},
-            {"set tracking extra_scaling ...", setExtraScaling, SimGuard::Still},
-            {"set tracking reference none", clearReference, SimGuard::Still},
-            {"set tracking reference body b#", setReference, SimGuard::Still},
+            {"set tracking extra_rotation ...", setExtraRotation, still},
+            {"set tracking extra_translation ...", setExtraTranslation, still},
+            {"set tracking extra_scaling ...", setExtraScaling, still},
+            {"set tracking reference none", clearReference, still},
+            {"set tracking reference body b#", setReference, still},
             {"set tracking reference ...", unknownReference}};
 }
