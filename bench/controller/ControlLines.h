@@ -10,11 +10,11 @@ struct SimPose;
 
 // The rows of the control lines, by topic. Their patterns leave out the leading "sim".
 
-std::vector<SimRequestRow> toolControls();
-std::vector<SimRequestRow> roomControls();
-std::vector<SimRequestRow> machineControls();
-std::vector<SimRequestRow> calibrationControls();
-std::vector<SimRequestRow> recordControls();
+std::vector<SimRequestRow> toolLines();
+std::vector<SimRequestRow> roomLines();
+std::vector<SimRequestRow> machineLines();
+std::vector<SimRequestRow> calibrationLines();
+std::vector<SimRequestRow> recordLines();
 std::vector<SimRequestRow> questions();
 
 namespace ControlLines

@@ -14,8 +14,7 @@ const std::string prefix = "sim ";
 
 SimScript::SimScript(SimController &controller)
     : m_controller(controller)
-    , m_controls({toolControls(), roomControls(), machineControls(), calibrationControls(), recordControls(),
-                  questions()})
+    , m_controls({toolLines(), roomLines(), machineLines(), calibrationLines(), recordLines(), questions()})
 {
 }
 

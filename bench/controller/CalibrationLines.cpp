@@ -153,7 +153,7 @@ SimReply cameraRate(SimMachine &machine, const SimArguments &arguments)
 
 } // namespace
 
-std::vector<SimRequestRow> calibrationControls()
+std::vector<SimRequestRow> calibrationLines()
 {
     return {{"cal * steps ...", steps},   {"cal * pause # none", noPause},
             {"cal * pause # ...", pause}, {"cal * duration ...", duration},

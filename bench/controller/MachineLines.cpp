@@ -97,7 +97,7 @@ SimReply restart(SimMachine &machine, const SimArguments &)
 
 } // namespace
 
-std::vector<SimRequestRow> machineControls()
+std::vector<SimRequestRow> machineLines()
 {
     return {{"available ...", setTruth<&SimState::available>},
             {"locked ...", locked},

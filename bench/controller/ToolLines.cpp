@@ -124,7 +124,7 @@ SimReply measure(SimMachine &machine, const SimArguments &arguments)
 
 } // namespace
 
-std::vector<SimRequestRow> toolControls()
+std::vector<SimRequestRow> toolLines()
 {
     return {{"tool # tip ...", tip},
             {"tool # touch #", touch},

@@ -109,7 +109,7 @@ SimReply setFormats(SimMachine &machine, const SimArguments &)
 
 } // namespace
 
-std::vector<SimRequestRow> recordControls()
+std::vector<SimRequestRow> recordLines()
 {
     return {{"record drop * ...", forFrames<&RecordFaults::Damage::dropFrames>},
             {"record repeat * ...", forFrames<&RecordFaults::Damage::repeatFrames>},

@@ -134,7 +134,7 @@ SimReply angleToolVisible(SimMachine &machine, const SimArguments &arguments)
 
 } // namespace
 
-std::vector<SimRequestRow> roomControls()
+std::vector<SimRequestRow> roomLines()
 {
     return {{"device # pose ...", devicePose},
             {"device # tracked ...", deviceTracked},
