@@ -1,17 +1,13 @@
 #include "BenchIOManager.h"
 
 #include "ControllerLink.h"
+#include "FaultedCall.h"
 #include "FormattedText.h"
 #include "ParameterValue.h"
 #include "Requester.h"
 #include "SimAnswer.h"
-#include "SimReply.h"
 #include "SimText.h"
 #include "WorkpieceFile.h"
-
-#include <QEventLoop>
-#include <QThread>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstring>
@@ -200,43 +196,20 @@ BenchIOManager::Outcome BenchIOManager::read(const std::string &name)
 BenchIOManager::Outcome BenchIOManager::exchange(const std::string &line, const std::string &logged)
 {
     ++m_depth;
-    const FaultEffect effect = m_faults.next(logged);
-    wait(effect);
-    Outcome outcome;
-    if (m_faults.isDisconnected(m_link.time()))
-        outcome = {silence, "no answer: disconnected", false};
-    else if (effect.executed)
-        outcome = answerOf(m_link.ask(line));
-    else
-        outcome.text = SimAnswer::error(SimReply::fault(effect.result.value_or(0)));
-    if (effect.answer)
-        outcome.text = *effect.answer;
-    if (effect.result)
-        outcome.result = *effect.result;
-    outcome.isForced = effect.result.has_value();
+    const FaultedCall call(m_faults, logged);
+    call.wait();
+    const FaultedAnswer got = call.answer(m_link.time(), [&] { return m_link.ask(line); });
     --m_depth;
-    return outcome;
+    const std::string text = got.arrived ? got.text : "no answer: " + got.text;
+    return {got.result.value_or(resultOf(got)), text, got.result.has_value()};
 }
 
-BenchIOManager::Outcome BenchIOManager::answerOf(const LinkAnswer &answer) const
+int BenchIOManager::resultOf(const FaultedAnswer &answer)
 {
     if (!answer.arrived)
-        return {silence, "no answer: " + answer.text, false};
+        return silence;
     const bool isGood = answer.text == SimAnswer::ok || SimText::startsWith(answer.text, getLead);
-    return {isGood ? success : failure, answer.text, false};
-}
-
-void BenchIOManager::wait(const FaultEffect &effect)
-{
-    if (effect.delayMilliseconds <= 0)
-        return;
-    if (!effect.runsEvents) {
-        QThread::msleep(static_cast<unsigned long>(effect.delayMilliseconds));
-        return;
-    }
-    QEventLoop loop;
-    QTimer::singleShot(effect.delayMilliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
+    return isGood ? success : failure;
 }
 
 int BenchIOManager::finish(const char *operation, const std::string &text, const Outcome &outcome)

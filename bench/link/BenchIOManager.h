@@ -14,7 +14,7 @@
 
 class ControllerLink;
 class Requester;
-struct LinkAnswer;
+struct FaultedAnswer;
 
 /// The host's command channel on top of a controller link, with a log of every call and with faults on
 /// request.
@@ -84,8 +84,7 @@ private:
 
     Outcome exchange(const std::string &line, const std::string &logged);
     Outcome read(const std::string &name);
-    Outcome answerOf(const LinkAnswer &answer) const;
-    static void wait(const FaultEffect &effect);
+    static int resultOf(const FaultedAnswer &answer);
     int finish(const char *operation, const std::string &text, const Outcome &outcome);
     void write(const char *operation, const std::string &text, int result, const std::string &answer);
     void updateSubscription();

@@ -1,8 +1,10 @@
 #include "LineServer.h"
 
+#include "FaultedCall.h"
 #include "LineConnection.h"
 #include "LocalController.h"
 #include "SimAnswer.h"
+#include "SimReply.h"
 #include "SimScript.h"
 #include "SimText.h"
 
@@ -138,26 +140,26 @@ void LineServer::handle(LineConnection *connection, const std::string &line)
 
 void LineServer::request(LineConnection *connection, const std::string &line)
 {
-    const FaultEffect effect = m_faults.next(line, callText(line));
-    std::string answer = SimAnswer::error(SimReply::fault(effect.result.value_or(0)));
-    const auto kinds = subscription(line);
-    if (effect.executed && kinds)
-        connection->kinds = *kinds;
-    if (effect.executed && (!effect.result || *effect.result == 0))
-        answer = kinds ? SimAnswer::ok : m_controller.ask(line).text;
-    else if (effect.executed)
-        m_controller.ask(line);
-    if (effect.answer)
-        answer = *effect.answer;
-    if (effect.delayMilliseconds == 0) {
+    const FaultedCall call(m_faults, line, callText(line));
+    const std::string answer = call.answerLine(now(), [&] { return execute(connection, line); });
+    if (call.delayMilliseconds() == 0) {
         connection->send(answer);
         return;
     }
     connection->pause();
-    QTimer::singleShot(effect.delayMilliseconds, connection, [connection, answer] {
+    QTimer::singleShot(call.delayMilliseconds(), connection, [connection, answer] {
         connection->send(answer);
         connection->resume();
     });
+}
+
+LinkAnswer LineServer::execute(LineConnection *connection, const std::string &line)
+{
+    const auto kinds = subscription(line);
+    if (!kinds)
+        return m_controller.ask(line);
+    connection->kinds = *kinds;
+    return {true, SimAnswer::ok};
 }
 
 std::string LineServer::control(const std::string &line)

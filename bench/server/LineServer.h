@@ -13,6 +13,7 @@
 
 class LineConnection;
 class LocalController;
+struct LinkAnswer;
 struct SimRecord;
 
 /// A simulated controller for clients over TCP: a line in, a line out, and pushed records.
@@ -62,6 +63,7 @@ private:
     void remove(LineConnection *connection);
     void handle(LineConnection *connection, const std::string &line);
     void request(LineConnection *connection, const std::string &line);
+    LinkAnswer execute(LineConnection *connection, const std::string &line);
     std::string control(const std::string &line);
     void closeAll();
     void push(const std::vector<SimRecord> &records);
