@@ -16,7 +16,7 @@ struct OptionText {
     const char *description;
 };
 
-constexpr std::array<OptionText, 19> texts = {{
+constexpr std::array<OptionText, 20> texts = {{
     {"plugin", "FILE",
      "The module's shared library; by default it is looked for beside the bench and where it is installed."},
     {"controller", "HOST:PORT", "Use the controller at that address instead of one in this process."},
@@ -24,6 +24,7 @@ constexpr std::array<OptionText, 19> texts = {{
      "Start the controller of this process from a scenario file or a supplied scenario's name."},
     {"cameras", "N", "Number of cameras of the controller of this process."},
     {"interface-version", "M.m[.p]", "Interface version of the controller."},
+    {"backend-name", "NAME", "Name of the backend that the module is told."},
     {"observer", nullptr, "Load the module in observer mode."},
     {"locked", nullptr, "The configuration may not be changed."},
     {"unavailable", nullptr, "Tracking is not available."},
@@ -89,6 +90,7 @@ public:
         m_options.demoFolder = value("demo");
         m_options.language = value("language");
         m_options.logFile = value("log");
+        m_options.backendName = value("backend-name");
         m_options.observerMode = isSet("observer");
         readCameras();
         readStartLines();

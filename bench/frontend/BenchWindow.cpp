@@ -218,9 +218,15 @@ void BenchWindow::changeEvent(QEvent *event)
     QTimer::singleShot(0, this, &BenchWindow::retitleModule);
 }
 
+void BenchWindow::setBackendName(const QString &name)
+{
+    m_backendName = name;
+    readVersion();
+}
+
 void BenchWindow::readVersion()
 {
-    m_versions.backendName = m_channel.link().description();
+    m_versions.backendName = m_backendName.isEmpty() ? m_channel.link().description() : m_backendName;
     const auto version = m_controls.interfaceVersion();
     if (!version)
         return;

@@ -35,6 +35,10 @@ public:
 
     ~BenchWindow() override;
 
+    /// The name that the module reads, in place of a description of the controller; to be called before the
+    /// module is loaded.
+    void setBackendName(const QString &name);
+
     /// Loads the module and shows its actions. False when that fails; the window then says why.
     bool loadModule();
     void unloadModule();
@@ -66,6 +70,7 @@ private:
 
     BenchIOManager &m_channel;
     RoomControls m_controls;
+    QString m_backendName; ///< empty: a description of the controller
     BackendVersions m_versions;
     ModuleLibrary m_module;
     bool m_observerMode;

@@ -66,6 +66,7 @@ int run(const BenchOptions &options, const QString &plugin)
                         .arg(options.language, language.codes().join(QStringLiteral(", "))));
     BenchWindow window(session->channel(), plugin, options.observerMode);
     window.offerLanguage(language);
+    window.setBackendName(options.backendName);
     const WindowActivation activation(&window);
     const bool isLoaded = window.loadModule();
     if (!isLoaded && !options.demoFolder.isEmpty())

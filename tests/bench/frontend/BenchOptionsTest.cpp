@@ -88,6 +88,13 @@ private slots:
         QCOMPARE(options->demoFolder, QStringLiteral("c"));
     }
 
+    void shouldTakeTheNameOfTheBackend()
+    {
+        QCOMPARE(read({})->backendName, QString());
+        QCOMPARE(read({QStringLiteral("--backend-name"), QStringLiteral("OKTAVO3")})->backendName,
+                 QStringLiteral("OKTAVO3"));
+    }
+
     void shouldSayWhatIsWrong_data()
     {
         QTest::addColumn<QStringList>("arguments");

@@ -106,6 +106,21 @@ private slots:
         QCOMPARE(window.versions().interfacePatch, 3);
     }
 
+    void shouldTellTheModuleTheNameOfTheBackend()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        const QString description = window.versions().backendName;
+        QCOMPARE(description, fake.link.description());
+        window.setBackendName(QStringLiteral("OKTAVO3"));
+        QCOMPARE(window.versions().backendName, QStringLiteral("OKTAVO3"));
+        fake.link.ask("sim version 1 17 -1");
+        QVERIFY(window.loadModule());
+        QCOMPARE(window.versions().backendName, QStringLiteral("OKTAVO3"));
+        window.setBackendName(QString());
+        QCOMPARE(window.versions().backendName, description);
+    }
+
     void shouldTakeOverWhatWasChangedPastIt()
     {
         FakeController fake;
