@@ -1,14 +1,14 @@
 #include "RoomPanel.h"
 
+#include "MillimetreText.h"
+#include "PointButtons.h"
 #include "RoomControls.h"
 #include "SaveQuestion.h"
 #include "ui_RoomPanel.h"
 
 #include <QEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScrollArea>
 #include <QSignalBlocker>
 #include <QTabBar>
@@ -22,25 +22,13 @@ namespace
 using namespace std::chrono_literals;
 
 constexpr auto readingInterval = 100ms;
-constexpr int pointColumns = 3;
-constexpr int lastMnemonic = 9;
 constexpr double perCent = 0.01;
 constexpr int scrollBarRoom = 20; // a page may be higher than the screen; above there may be a menu bar
-
-QString millimetres(double value)
-{
-    return QLocale::c().toString(value, 'f', 2).remove(QLatin1Char(','));
-}
 
 QString versionText(const std::array<int, 3> &version)
 {
     const QString text = QStringLiteral("%1.%2").arg(version[0]).arg(version[1]);
     return version[2] < 0 ? text : text + QStringLiteral(".%1").arg(version[2]);
-}
-
-QString nameOfButton(int point)
-{
-    return QStringLiteral("pointButton%1").arg(point);
 }
 
 /// Checks the box or not, as if nobody had touched it; a state that is not known leaves it as it is.
@@ -62,6 +50,9 @@ RoomPanel::RoomPanel(RoomControls &controls, QWidget *parent)
                                 QStringLiteral("0.17"), QStringLiteral("1.2"), QStringLiteral("1.17"),
                                 QStringLiteral("1.18"), QStringLiteral("1.23"), QStringLiteral("1.24")});
     m_ui->versionBox->setInsertPolicy(QComboBox::NoInsert);
+    QWidget *tabs = m_ui->tabWidget->tabBar(); // behind the tabs themselves would be behind all pages
+    m_points = std::make_unique<PointButtons>(m_controls, m_ui->pointLayout, tabs, m_ui->savePointsButton);
+    connect(m_points.get(), &PointButtons::clicked, this, &RoomPanel::touch);
     connect(&m_controls, &RoomControls::refused, this, &RoomPanel::showMessage);
     connect(&m_controls, &RoomControls::changed, this, [this] { showMessage(QString()); });
     connect(&m_readingTimer, &QTimer::timeout, this, &RoomPanel::showReading);
@@ -90,7 +81,7 @@ QSize RoomPanel::sizeHint() const
 
 void RoomPanel::showState()
 {
-    showPoints();
+    m_points->showState();
     if (const auto version = m_controls.interfaceVersion()) {
         const QSignalBlocker blocker(m_ui->versionBox);
         m_ui->versionBox->setEditText(versionText(*version));
@@ -134,46 +125,13 @@ void RoomPanel::showTools()
     }
 }
 
-void RoomPanel::showPoints()
-{
-    const int count = m_controls.pointCount();
-    if (count == m_shownPoints)
-        return;
-    m_shownPoints = count;
-    qDeleteAll(
-        m_ui->touchGroup->findChildren<QPushButton *>(QRegularExpression(QStringLiteral("^pointButton"))));
-    QWidget *before = m_ui->tabWidget->tabBar(); // behind the tabs themselves would be behind all pages
-    for (int number = 1; number <= count; ++number) {
-        auto *button = new QPushButton(m_ui->touchGroup);
-        button->setObjectName(nameOfButton(number));
-        connect(button, &QPushButton::clicked, this, [this, number] { touch(number); });
-        m_ui->pointLayout->addWidget(button, (number - 1) / pointColumns, (number - 1) % pointColumns);
-        setTabOrder(before, button);
-        before = button;
-    }
-    setTabOrder(before, m_ui->savePointsButton);
-    showPointTexts();
-}
-
-void RoomPanel::showPointTexts()
-{
-    for (int number = 1; number <= m_shownPoints; ++number) {
-        auto *button = m_ui->touchGroup->findChild<QPushButton *>(nameOfButton(number));
-        button->setText((number <= lastMnemonic ? tr("Point &%1") : tr("Point %1")).arg(number));
-        if (const auto point = m_controls.point(number))
-            button->setToolTip(tr("%1, nominally at %2, %3, %4")
-                                   .arg(point->name, millimetres(point->nominalMm[0]),
-                                        millimetres(point->nominalMm[1]), millimetres(point->nominalMm[2])));
-    }
-}
-
 void RoomPanel::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
     m_ui->retranslateUi(this);
-    showPointTexts();
+    m_points->showTexts();
     showReading();
 }
 
@@ -189,9 +147,9 @@ void RoomPanel::showReading()
     const std::optional<ToolReading> reading = m_controls.toolReading();
     const bool isSeen = reading && reading->isTracked;
     const QString none = QStringLiteral("-");
-    m_ui->xLabel->setText(isSeen ? millimetres(reading->tipMm[0]) : none);
-    m_ui->yLabel->setText(isSeen ? millimetres(reading->tipMm[1]) : none);
-    m_ui->zLabel->setText(isSeen ? millimetres(reading->tipMm[2]) : none);
+    m_ui->xLabel->setText(isSeen ? millimetreText(reading->tipMm[0]) : none);
+    m_ui->yLabel->setText(isSeen ? millimetreText(reading->tipMm[1]) : none);
+    m_ui->zLabel->setText(isSeen ? millimetreText(reading->tipMm[2]) : none);
     m_ui->stateLabel->setText(stateText(reading));
     showOtherReadings();
 }
@@ -212,9 +170,9 @@ void RoomPanel::showOtherReadings()
         m_toolCaptions.at(i)->setText(tr("Tool %1").arg(i + 2));
         m_toolLabels.at(i)->setText(reading && reading->isTracked
                                         ? tr("x %1, y %2, z %3 mm, %4")
-                                              .arg(millimetres(reading->tipMm[0]),
-                                                   millimetres(reading->tipMm[1]),
-                                                   millimetres(reading->tipMm[2]), stateText(reading))
+                                              .arg(millimetreText(reading->tipMm[0]),
+                                                   millimetreText(reading->tipMm[1]),
+                                                   millimetreText(reading->tipMm[2]), stateText(reading))
                                         : stateText(reading));
     }
 }

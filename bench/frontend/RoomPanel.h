@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+class PointButtons;
 class QLabel;
 class RoomControls;
 struct ToolReading;
@@ -62,8 +63,6 @@ private slots:
 
 private:
     void setVersion(const QString &version);
-    void showPoints();
-    void showPointTexts();
     void showCoordinateType();
     void showTools();
     void showOtherReadings();
@@ -73,8 +72,8 @@ private:
 
     std::unique_ptr<Ui::RoomPanel> m_ui;
     RoomControls &m_controls;
+    std::unique_ptr<PointButtons> m_points;
     QTimer m_readingTimer;
-    int m_shownPoints = -1;
     QVector<QLabel *> m_toolCaptions; ///< of the tools behind the first
     QVector<QLabel *> m_toolLabels;
 };

@@ -223,6 +223,21 @@
     </message>
 </context>
 <context>
+    <name>PointButtons</name>
+    <message>
+        <source>Point &amp;%1</source>
+        <translation>Punkt &amp;%1</translation>
+    </message>
+    <message>
+        <source>Point %1</source>
+        <translation>Punkt %1</translation>
+    </message>
+    <message>
+        <source>%1, nominally at %2, %3, %4</source>
+        <translation>%1, Nennlage %2, %3, %4</translation>
+    </message>
+</context>
+<context>
     <name>RemoteController</name>
     <message>
         <source>the controller closed the connection</source>
@@ -553,18 +568,6 @@
     <message>
         <source>Message</source>
         <translation>Meldung</translation>
-    </message>
-    <message>
-        <source>Point &amp;%1</source>
-        <translation>Punkt &amp;%1</translation>
-    </message>
-    <message>
-        <source>Point %1</source>
-        <translation>Punkt %1</translation>
-    </message>
-    <message>
-        <source>%1, nominally at %2, %3, %4</source>
-        <translation>%1, Nennlage %2, %3, %4</translation>
     </message>
     <message>
         <source>not known, the controller does not say it</source>

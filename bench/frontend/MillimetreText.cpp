@@ -1,0 +1,8 @@
+#include "MillimetreText.h"
+
+#include <QString>
+
+QString millimetreText(double value)
+{
+    return QString::number(value, 'f', 2);
+}
