@@ -55,6 +55,7 @@ private slots:
         // GIVEN
         const Panel panel(4);
         // THEN
+        QVERIFY(panel.layout->itemAtPosition(0, 2) != nullptr);
         QCOMPARE(panel.layout->itemAtPosition(0, 2)->widget(), panel.button(3));
         QCOMPARE(panel.layout->itemAtPosition(1, 0)->widget(), panel.button(4));
         QVERIFY(panel.button(5) == nullptr);

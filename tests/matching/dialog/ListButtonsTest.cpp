@@ -28,7 +28,7 @@ QByteArray contentsOf(const QString &name)
 
 } // namespace
 
-class MatchingListsTest : public QObject
+class ListButtonsTest : public QObject
 {
     Q_OBJECT
 
@@ -66,21 +66,21 @@ private:
     std::unique_ptr<QTemporaryDir> m_directory;
 };
 
-void MatchingListsTest::init()
+void ListButtonsTest::init()
 {
     m_directory = std::make_unique<QTemporaryDir>();
     QVERIFY(m_directory->isValid());
     PointFilePrompt::forgetFolder();
 }
 
-void MatchingListsTest::write(const char *name, const QByteArray &contents) const
+void ListButtonsTest::write(const char *name, const QByteArray &contents) const
 {
     QFile file(path(name));
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write(contents);
 }
 
-void MatchingListsTest::shouldAddAndNormaliseReferencePoints()
+void ListButtonsTest::shouldAddAndNormaliseReferencePoints()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -98,7 +98,7 @@ void MatchingListsTest::shouldAddAndNormaliseReferencePoints()
     });
 }
 
-void MatchingListsTest::shouldRefuseATextThatIsNoNumber()
+void ListButtonsTest::shouldRefuseATextThatIsNoNumber()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -112,7 +112,7 @@ void MatchingListsTest::shouldRefuseATextThatIsNoNumber()
     });
 }
 
-void MatchingListsTest::shouldRefuseATypedTextAfterTheEditorHasGone()
+void ListButtonsTest::shouldRefuseATypedTextAfterTheEditorHasGone()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -131,7 +131,7 @@ void MatchingListsTest::shouldRefuseATypedTextAfterTheEditorHasGone()
     });
 }
 
-void MatchingListsTest::shouldTakeATypedNumber()
+void ListButtonsTest::shouldTakeATypedNumber()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -147,7 +147,7 @@ void MatchingListsTest::shouldTakeATypedNumber()
     });
 }
 
-void MatchingListsTest::shouldIgnoreCellsWhileClosed()
+void ListButtonsTest::shouldIgnoreCellsWhileClosed()
 {
     OpenedDialog opened;
     opened.run([&] { opened.click("pushButton_addRefPoint"); });
@@ -155,7 +155,7 @@ void MatchingListsTest::shouldIgnoreCellsWhileClosed()
     QCOMPARE(opened.cell(referenceTable, 0, 0), QStringLiteral("abc"));
 }
 
-void MatchingListsTest::shouldRemoveAReferencePointOnlyAfterAYes()
+void ListButtonsTest::shouldRemoveAReferencePointOnlyAfterAYes()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -177,7 +177,7 @@ void MatchingListsTest::shouldRemoveAReferencePointOnlyAfterAYes()
     });
 }
 
-void MatchingListsTest::shouldTellThatNothingIsSelected()
+void ListButtonsTest::shouldTellThatNothingIsSelected()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -190,7 +190,7 @@ void MatchingListsTest::shouldTellThatNothingIsSelected()
     });
 }
 
-void MatchingListsTest::shouldRemoveAMeasuredPointOnlyAfterAYes()
+void ListButtonsTest::shouldRemoveAMeasuredPointOnlyAfterAYes()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -216,7 +216,7 @@ void MatchingListsTest::shouldRemoveAMeasuredPointOnlyAfterAYes()
     });
 }
 
-void MatchingListsTest::shouldRemoveAMeasuredRowWithoutAPoint()
+void ListButtonsTest::shouldRemoveAMeasuredRowWithoutAPoint()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -234,7 +234,7 @@ void MatchingListsTest::shouldRemoveAMeasuredRowWithoutAPoint()
     });
 }
 
-void MatchingListsTest::shouldClearTheMeasuredPointsOnlyAfterAYes()
+void ListButtonsTest::shouldClearTheMeasuredPointsOnlyAfterAYes()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -252,7 +252,7 @@ void MatchingListsTest::shouldClearTheMeasuredPointsOnlyAfterAYes()
     });
 }
 
-void MatchingListsTest::shouldNotLetMeasuredPointsBeEdited()
+void ListButtonsTest::shouldNotLetMeasuredPointsBeEdited()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -263,7 +263,7 @@ void MatchingListsTest::shouldNotLetMeasuredPointsBeEdited()
     });
 }
 
-void MatchingListsTest::shouldCheckTheRowAgainAfterTheQuestion()
+void ListButtonsTest::shouldCheckTheRowAgainAfterTheQuestion()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -282,7 +282,7 @@ void MatchingListsTest::shouldCheckTheRowAgainAfterTheQuestion()
     });
 }
 
-void MatchingListsTest::shouldSurviveItsEndInsideAQuestion()
+void ListButtonsTest::shouldSurviveItsEndInsideAQuestion()
 {
     for (const char *button : {"pushButton_clearMeaPoints", "pushButton_removeRefPoint", "pushButton_help"}) {
         OpenedDialog opened;
@@ -296,7 +296,7 @@ void MatchingListsTest::shouldSurviveItsEndInsideAQuestion()
     }
 }
 
-void MatchingListsTest::shouldLoadAFile()
+void ListButtonsTest::shouldLoadAFile()
 {
     write("points.txt", "# my points\n1 0 0 0\n2 100.5 0 0\n3 0 200 -0.25");
     OpenedDialog opened;
@@ -320,7 +320,7 @@ void MatchingListsTest::shouldLoadAFile()
     });
 }
 
-void MatchingListsTest::shouldKeepThePointsForAnUnknownFormat()
+void ListButtonsTest::shouldKeepThePointsForAnUnknownFormat()
 {
     write("empty.txt", "");
     OpenedDialog opened;
@@ -336,7 +336,7 @@ void MatchingListsTest::shouldKeepThePointsForAnUnknownFormat()
     });
 }
 
-void MatchingListsTest::shouldRefuseMorePointsThanAListHolds()
+void ListButtonsTest::shouldRefuseMorePointsThanAListHolds()
 {
     const QByteArray hundredThousand = QByteArray("1 1 2 3\n").repeated(100000);
     write("full.txt", hundredThousand);
@@ -364,7 +364,7 @@ void MatchingListsTest::shouldRefuseMorePointsThanAListHolds()
     });
 }
 
-void MatchingListsTest::shouldKeepThePointsWhenNothingIsChosen()
+void ListButtonsTest::shouldKeepThePointsWhenNothingIsChosen()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -383,7 +383,7 @@ void MatchingListsTest::shouldKeepThePointsWhenNothingIsChosen()
     });
 }
 
-void MatchingListsTest::shouldKeepLoadedPrecisionUntilTheListIsEdited()
+void ListButtonsTest::shouldKeepLoadedPrecisionUntilTheListIsEdited()
 {
     // The third decimals are lost in the cells; the residual tells which numbers were used.
     write("points.txt", "1 0.004 0 0\n2 1000.004 0 0\n3 0.004 1000 0\n");
@@ -414,7 +414,7 @@ void MatchingListsTest::shouldKeepLoadedPrecisionUntilTheListIsEdited()
     });
 }
 
-void MatchingListsTest::shouldSaveAFile_data()
+void ListButtonsTest::shouldSaveAFile_data()
 {
     QTest::addColumn<QString>("chosen");
     QTest::addColumn<QByteArray>("written");
@@ -424,7 +424,7 @@ void MatchingListsTest::shouldSaveAFile_data()
     QTest::newRow("capital ending") << QStringLiteral("points.TXT") << QByteArray("points.TXT.txt");
 }
 
-void MatchingListsTest::shouldSaveAFile()
+void ListButtonsTest::shouldSaveAFile()
 {
     QFETCH(QString, chosen);
     QFETCH(QByteArray, written);
@@ -441,7 +441,7 @@ void MatchingListsTest::shouldSaveAFile()
     });
 }
 
-void MatchingListsTest::shouldTellThatASaveFailed()
+void ListButtonsTest::shouldTellThatASaveFailed()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -465,7 +465,7 @@ void MatchingListsTest::shouldTellThatASaveFailed()
     });
 }
 
-void MatchingListsTest::shouldHaveNothingToSave()
+void ListButtonsTest::shouldHaveNothingToSave()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -475,7 +475,7 @@ void MatchingListsTest::shouldHaveNothingToSave()
     });
 }
 
-void MatchingListsTest::shouldSurviveItsEndInsideAFileDialog()
+void ListButtonsTest::shouldSurviveItsEndInsideAFileDialog()
 {
     for (const char *button : {"w_loadButton", "pushButton_save"}) {
         OpenedDialog opened;
@@ -488,7 +488,7 @@ void MatchingListsTest::shouldSurviveItsEndInsideAFileDialog()
     }
 }
 
-void MatchingListsTest::shouldBeUsableByKeyboard()
+void ListButtonsTest::shouldBeUsableByKeyboard()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -514,6 +514,6 @@ void MatchingListsTest::shouldBeUsableByKeyboard()
     });
 }
 
-ROOM_TEST_CLASS(MatchingListsTest)
+ROOM_TEST_CLASS(ListButtonsTest)
 
-#include "MatchingListsTest.moc"
+#include "ListButtonsTest.moc"

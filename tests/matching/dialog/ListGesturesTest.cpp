@@ -1,5 +1,3 @@
-#include "ListEditing.h"
-
 #include "FileChoice.h"
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
@@ -43,7 +41,7 @@ int selectedRow(const QTableWidget *table)
 Q_DECLARE_METATYPE(std::function<void(OpenedDialog &)>)
 
 /// What keys and clicks do to the lists of an opened dialog.
-class ListEditingTest : public QObject
+class ListGesturesTest : public QObject
 {
     Q_OBJECT
 
@@ -516,7 +514,7 @@ private:
     }
 };
 
-void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints_data()
+void ListGesturesTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints_data()
 {
     addChanges({
         {"added", [](OpenedDialog &opened) { opened.click("pushButton_addRefPoint"); }},
@@ -549,13 +547,13 @@ void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints_data()
     });
 }
 
-void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints()
+void ListGesturesTest::shouldUndoAndRedoEveryChangeOfTheReferencePoints()
 {
     QFETCH(Script, change);
     checkUndo(referenceTable, change);
 }
 
-void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints_data()
+void ListGesturesTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints_data()
 {
     addChanges({
         {"measured",
@@ -582,12 +580,12 @@ void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints_data()
     });
 }
 
-void ListEditingTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints()
+void ListGesturesTest::shouldUndoAndRedoEveryChangeOfTheMeasuredPoints()
 {
     QFETCH(Script, change);
     checkUndo(measuredTable, change);
 }
 
-ROOM_TEST_CLASS(ListEditingTest)
+ROOM_TEST_CLASS(ListGesturesTest)
 
-#include "ListEditingTest.moc"
+#include "ListGesturesTest.moc"
