@@ -3,7 +3,6 @@
 #include "PointArithmetic.h"
 
 #include <algorithm>
-#include <limits>
 #include <numeric>
 
 namespace
@@ -28,10 +27,11 @@ CellOrders::CellOrders(const TwinPoints &references, const TwinPoints &measured)
     m_groups.resize(m_count);
 }
 
-bool CellOrders::prepare(const std::vector<double> &rests, double gap, std::size_t mostPairs)
+bool CellOrders::prepare(const AllowedPairs &pairs, const std::vector<double> &rests, double gap,
+                         std::size_t mostPairs)
 {
     m_gap = gap;
-    if (!findOptions(rests, mostPairs))
+    if (!findOptions(pairs, rests, mostPairs))
         return false;
     for (std::vector<Option> &options : m_options)
         std::sort(options.begin(), options.end(),
@@ -64,25 +64,36 @@ bool CellOrders::mayStep()
     return m_goOn != nullptr && (!*m_goOn || (*m_goOn)());
 }
 
-/// Rows of equal reference points have the same rests but for rounding.
-bool CellOrders::findOptions(const std::vector<double> &rests, std::size_t mostPairs)
+bool CellOrders::findOptions(const AllowedPairs &pairs, const std::vector<double> &rests,
+                             std::size_t mostPairs)
 {
     for (std::vector<Option> &options : m_options)
         options.clear();
-    std::size_t pairs = 0;
+    std::size_t found = 0;
     for (int group = 0; group < m_references.groupCount(); ++group) {
-        for (std::size_t j = 0; j < m_count; ++j) {
-            double rest = std::numeric_limits<double>::infinity();
-            for (const int i : m_references.members(group))
-                rest = std::min(rest, rests[static_cast<std::size_t>(i) * m_count + j]);
-            if (!(rest <= m_gap))
-                continue;
-            m_options[j].push_back({std::max(rest, 0.0), group});
-            if (++pairs > mostPairs)
-                return false;
+        for (const int i : m_references.members(group)) {
+            for (std::size_t pair = pairs.firstOf(i); pair < pairs.firstOf(i + 1); ++pair) {
+                if (rests[pair] <= m_gap &&
+                    addOption(group, pairs.columns()[pair], std::max(rests[pair], 0.0)))
+                    ++found;
+            }
         }
+        if (found > mostPairs)
+            return false;
     }
     return true;
+}
+
+/// Rows of equal reference points have the same rests but for rounding. False when one of them came before.
+bool CellOrders::addOption(int group, int measured, double rest)
+{
+    std::vector<Option> &options = at(m_options, measured);
+    if (options.empty() || options.back().group != group) {
+        options.push_back({rest, group});
+        return true;
+    }
+    options.back().rest = std::min(options.back().rest, rest);
+    return false;
 }
 
 /// Equal measured points stand one behind the other.

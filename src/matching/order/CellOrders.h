@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AllowedPairs.h"
 #include "OrderVisitor.h"
 #include "TwinPoints.h"
 
@@ -22,10 +23,11 @@ public:
 
     CellOrders(const TwinPoints &references, const TwinPoints &measured);
 
-    /// Takes the orders with a sum of rests of at most `gap`; `rests[i * count + j]` belongs to reference i
-    /// and measured j. False when more than `mostPairs` have a rest that small; equal reference points count
-    /// once.
-    [[nodiscard]] bool prepare(const std::vector<double> &rests, double gap, std::size_t mostPairs);
+    /// Takes the orders of allowed pairs with a sum of rests of at most `gap`; `rests[k]` belongs to pair k,
+    /// a reference point being the row. False when more than `mostPairs` have a rest that small; equal
+    /// reference points count once.
+    [[nodiscard]] bool prepare(const AllowedPairs &pairs, const std::vector<double> &rests, double gap,
+                               std::size_t mostPairs);
 
     /// TooMany after `mostSteps` steps; a step tries a pair.
     [[nodiscard]] Outcome forEach(long mostSteps, const Visit &visit);
@@ -39,7 +41,9 @@ private:
         int group;
     };
 
-    [[nodiscard]] bool findOptions(const std::vector<double> &rests, std::size_t mostPairs);
+    [[nodiscard]] bool findOptions(const AllowedPairs &pairs, const std::vector<double> &rests,
+                                   std::size_t mostPairs);
+    bool addOption(int group, int measured, double rest);
     void sortPlaces();
     [[nodiscard]] Outcome descend(std::size_t depth, double gap);
     [[nodiscard]] bool mayStep();

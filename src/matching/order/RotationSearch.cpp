@@ -7,8 +7,8 @@
 namespace
 {
 
-constexpr std::size_t startCount = 512;
-constexpr std::size_t followedCount = 24;
+constexpr std::size_t startCount = 256;
+constexpr std::size_t followedCount = 12;
 constexpr int longestFollowing = 12;
 constexpr std::size_t knownNumbers = 1U << 20U;
 constexpr std::size_t mostKnown = 1U << 15U;
@@ -18,12 +18,18 @@ constexpr double roundingOfTotal = 1e-12;
 
 constexpr double forbidden = std::numeric_limits<double>::infinity();
 
-/// Above so many pairs a cell is rather cut.
+/// Nothing is assigned in as many cells within one another.
+constexpr int mostSkipped = 3;
+
+/// Above so many pairs or steps a cell is rather cut. Once its size adds little to what may be spent in it,
+/// cutting leaves nearly the same orders, and going through them is worth more with every cut.
 constexpr std::size_t fewestPairs = 40;
 constexpr std::size_t pairsPerPoint = 6;
 constexpr long fewestSteps = 100;
 constexpr long stepsPerPoint = 12;
-constexpr long mostSteps = 200000;
+constexpr double smallShare = 0.8;
+constexpr long stepsGrowth = 16;
+constexpr long mostSteps = 20000;
 
 constexpr unsigned workBetweenQuestions = 20000;
 
@@ -35,9 +41,8 @@ RotationSearch::RotationSearch(const MatchingPoints &references, const MatchingP
     , m_costsUnder(m_bound.centredReferences(), m_bound.centredMeasured())
     , m_assignment(m_costsUnder.count())
     , m_orders(referenceTwins, measuredTwins)
-    , m_costs(references.size() * references.size())
-    , m_penalties(m_costs.size(), 0.0)
-    , m_rests(m_costs.size())
+    , m_pairs(m_costsUnder.count())
+    , m_costs(m_pairs.size())
     , m_knownCount(std::min(mostKnown, knownNumbers / references.size()))
     , m_known(m_knownCount * references.size())
 {
@@ -48,8 +53,7 @@ void RotationSearch::begin(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn
     m_visitor = &visitor;
     m_goOn = &goOn;
     std::fill(m_known.begin(), m_known.end(), short(-1));
-    std::fill(m_penalties.begin(), m_penalties.end(), 0.0);
-    m_excluded.clear();
+    m_pairs.allowAll();
     makeStarts();
 }
 
@@ -60,7 +64,7 @@ double RotationSearch::largestRmsMm() const
 
 bool RotationSearch::mayGoOn()
 {
-    m_steps += static_cast<unsigned>(m_costs.size());
+    m_steps += static_cast<unsigned>(m_pairs.size());
     if (m_steps < workBetweenQuestions)
         return true;
     m_steps = 0;
@@ -105,8 +109,8 @@ void RotationSearch::weigh(Start &start)
 {
     const RotationCell::Matrix rotation = RotationCell::matrixOf(start.cell.centre());
     const double slack = 4.0 * start.cell.spread(m_costsUnder.turnWeights(rotation));
-    m_costsUnder.fill(m_costs, rotation, m_penalties);
-    const bool isOfInterest = m_assignment.solve(m_costs, allowedCost(slack));
+    m_costsUnder.fill(m_costs, rotation, m_pairs);
+    const bool isOfInterest = m_assignment.solve(m_pairs, m_costs, allowedCost(slack));
     start.prices = m_assignment.columnPrices();
     start.bound = isOfInterest ? m_assignment.bound() : forbidden;
 }
@@ -120,8 +124,8 @@ bool RotationSearch::follow(const Start &start)
     for (int turn = 0; turn < longestFollowing; ++turn) {
         if (!mayGoOn())
             return false;
-        m_costsUnder.fill(m_costs, RotationCell::matrixOf(rotation), m_penalties);
-        (void)m_assignment.solve(m_costs);
+        m_costsUnder.fill(m_costs, RotationCell::matrixOf(rotation), m_pairs);
+        (void)m_assignment.solve(m_pairs, m_costs);
         if (m_assignment.columns() == order)
             break;
         order = m_assignment.columns();
@@ -135,8 +139,10 @@ bool RotationSearch::follow(const Start &start)
 bool RotationSearch::walk(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn)
 {
     begin(visitor, goOn);
-    return std::all_of(m_starts.begin(), m_starts.end(),
-                       [this](const Start &start) { return explore(start.cell, start.prices); });
+    const long steps = fewestSteps + stepsPerPoint * m_costsUnder.count();
+    return std::all_of(m_starts.begin(), m_starts.end(), [this, steps](const Start &start) {
+        return explore(start.cell, {start.prices, start.bound, 0, steps});
+    });
 }
 
 /// What an order of interest may cost at the centre of a cell.
@@ -146,107 +152,97 @@ double RotationSearch::allowedCost(double slack) const
     return m_bound.sumWithin(m_visitor->limitMm()) + slack + roundingOfTotal * total - total;
 }
 
-bool RotationSearch::explore(const RotationCell &cell, const Prices &prices)
+/// Where the cell around this one tells that it will be cut anyway, nothing is assigned.
+bool RotationSearch::explore(const RotationCell &cell, const Hints &hints)
 {
     if (!mayGoOn())
         return false;
     const RotationCell::Matrix rotation = RotationCell::matrixOf(cell.centre());
     const RotationCell::Matrix weights = m_costsUnder.turnWeights(rotation);
     const double slack = 4.0 * cell.spread(weights);
-    m_costsUnder.fill(m_costs, rotation, m_penalties);
-    m_assignment.setColumnPrices(prices);
-    if (!m_assignment.solve(m_costs, allowedCost(slack)))
+    if (hints.skipped < mostSkipped && allowedCost(slack) > hints.cost)
+        return divide(cell, weights, {hints.prices, hints.cost, hints.skipped + 1, hints.steps});
+    m_costsUnder.fill(m_costs, rotation, m_pairs);
+    m_assignment.setColumnPrices(hints.prices);
+    if (!m_assignment.solve(m_pairs, m_costs, allowedCost(slack)))
         return true;
     if (!offer(m_assignment.columns()))
         return false;
     const double gap = allowedCost(slack) - m_assignment.bound();
     if (gap < 0.0)
         return true;
-    const std::size_t excludedBefore = m_excluded.size();
     findRests();
-    exclude(gap);
-    const bool goesOn =
-        isFew(gap) || slack < roundingOfTotal * m_costsUnder.total() ? visitAll(gap) : divide(cell, weights);
-    admit(excludedBefore);
+    const bool small = slack < smallShare * gap;
+    const bool tiny = slack < roundingOfTotal * m_costsUnder.total() || hints.steps > mostSteps;
+    if (tiny || isFew(gap, hints.steps, small))
+        return visitAll(gap);
+    return narrow(cell, weights, gap, small ? stepsGrowth * hints.steps : hints.steps);
+}
+
+/// A pair whose rest alone is above the gap belongs to no order of interest in this cell.
+bool RotationSearch::narrow(const RotationCell &cell, const RotationCell::Matrix &weights, double gap,
+                            long steps)
+{
+    const Prices prices = m_assignment.columnPrices();
+    const double cost = m_assignment.bound();
+    const bool isNarrower = m_pairs.narrow(m_costs, gap);
+    const bool goesOn = divide(cell, weights, {prices, cost, 0, steps});
+    if (isNarrower)
+        m_pairs.widen();
     return goesOn;
 }
 
-bool RotationSearch::divide(const RotationCell &cell, const RotationCell::Matrix &weights)
+bool RotationSearch::divide(const RotationCell &cell, const RotationCell::Matrix &weights, const Hints &hints)
 {
-    const Prices prices = m_assignment.columnPrices();
     const std::array<RotationCell, 2> halves = cell.halves(weights);
     return std::all_of(halves.begin(), halves.end(),
-                       [this, &prices](const RotationCell &half) { return explore(half, prices); });
+                       [this, &hints](const RotationCell &half) { return explore(half, hints); });
 }
 
 void RotationSearch::findRests()
 {
-    const std::vector<double> &rows = m_assignment.rowPrices(), &columns = m_assignment.columnPrices();
-    const std::size_t count = rows.size();
-    for (std::size_t i = 0; i < count; ++i) {
-        const double *costs = m_costs.data() + i * count;
-        double *rests = m_rests.data() + i * count;
-        const double price = rows[i];
-        for (std::size_t j = 0; j < count; ++j)
-            rests[j] = costs[j] - price - columns[j];
+    const double *prices = m_assignment.columnPrices().data();
+    const AllowedPairs::Column *columns = m_pairs.columns();
+    std::size_t pair = 0;
+    for (int i = 0; i < m_pairs.count(); ++i) {
+        const double price = m_assignment.rowPrices()[static_cast<std::size_t>(i)];
+        for (const std::size_t end = m_pairs.firstOf(i + 1); pair < end; ++pair)
+            m_costs[pair] -= price + prices[columns[pair]];
     }
 }
 
-/// A pair whose rest alone is above the gap belongs to no order of interest in this cell.
-void RotationSearch::exclude(double gap)
+/// Whether the orders that are left can be gone through in `steps`.
+bool RotationSearch::isFew(double gap, long steps, bool ofAnyPairs)
 {
-    for (std::size_t pair = 0; pair < m_rests.size(); ++pair) {
-        if (m_rests[pair] > gap && m_penalties[pair] < forbidden) {
-            m_penalties[pair] = forbidden;
-            m_excluded.push_back(pair);
-        }
-    }
-}
-
-void RotationSearch::admit(std::size_t excludedBefore)
-{
-    for (std::size_t i = excludedBefore; i < m_excluded.size(); ++i)
-        m_penalties[m_excluded[i]] = 0.0;
-    m_excluded.resize(excludedBefore);
-}
-
-/// Whether the orders that are left can be gone through in a few steps. From time to time many are tried,
-/// twice as many after each time in vain, so that in the end this takes no longer than the cells: where even
-/// the smallest cell has many orders, cutting alone would not end.
-bool RotationSearch::isFew(double gap)
-{
-    const auto count = static_cast<std::size_t>(m_costsUnder.count());
-    if (!m_orders.prepare(m_rests, gap, fewestPairs + pairsPerPoint * count))
-        return false;
-    m_savedSteps += static_cast<long>(m_costs.size() / 2);
-    const bool many = m_savedSteps > m_manySteps;
-    const long steps = many ? m_manySteps : fewestSteps + stepsPerPoint * m_costsUnder.count();
-    const bool few =
-        m_orders.forEach(steps, [](const PointOrder &) { return true; }) == CellOrders::Outcome::Complete;
-    if (many)
-        m_savedSteps = 0;
-    if (many && !few && m_manySteps < mostSteps)
-        m_manySteps *= 2;
-    return few;
+    const std::size_t few = fewestPairs + pairsPerPoint * static_cast<std::size_t>(m_costsUnder.count());
+    return m_orders.prepare(m_pairs, m_costs, gap, ofAnyPairs ? m_pairs.size() : few) &&
+           m_orders.forEach(steps, [](const PointOrder &) { return true; }) == CellOrders::Outcome::Complete;
 }
 
 bool RotationSearch::visitAll(double gap)
 {
-    return m_orders.prepare(m_rests, gap, m_rests.size()) &&
+    return m_orders.prepare(m_pairs, m_costs, gap, m_pairs.size()) &&
            m_orders.forEach(*m_goOn, [this](const PointOrder &order) { return offer(order); }) ==
                CellOrders::Outcome::Complete;
 }
 
-/// Passes an order on if it may reach the limit and has not come a short while ago.
-bool RotationSearch::offer(const PointOrder &order)
+/// False when the order has come a short while ago.
+bool RotationSearch::isNew(const PointOrder &order)
 {
     std::size_t hash = 0;
     for (const int j : order)
         hash = hash * 31 + static_cast<std::size_t>(j);
     const auto known = m_known.begin() + static_cast<std::ptrdiff_t>(hash % m_knownCount * order.size());
     if (std::equal(order.begin(), order.end(), known))
-        return true;
+        return false;
     std::transform(order.begin(), order.end(), known, [](int j) { return static_cast<short>(j); });
-    return m_bound.exceeds(m_bound.momentsOf(order), m_bound.sumWithin(m_visitor->limitMm())) ||
+    return true;
+}
+
+/// Passes a new order on if it may reach the limit.
+bool RotationSearch::offer(const PointOrder &order)
+{
+    return !isNew(order) ||
+           m_bound.exceeds(m_bound.momentsOf(order), m_bound.sumWithin(m_visitor->limitMm())) ||
            m_visitor->visit(order);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AllowedPairs.h"
 #include "CellOrders.h"
 #include "LinearAssignment.h"
 #include "OrderVisitor.h"
@@ -49,18 +50,26 @@ private:
         double bound = 0.0;
     };
 
+    /// What the cell around one tells about it.
+    struct Hints {
+        const Prices &prices;
+        double cost; ///< at its centre, about
+        int skipped; ///< cells in which nothing was assigned since
+        long steps;  ///< that going through the orders that are left is worth
+    };
+
     void begin(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
     void makeStarts();
     void weigh(Start &start);
     bool follow(const Start &start);
-    bool explore(const RotationCell &cell, const Prices &prices);
-    bool divide(const RotationCell &cell, const RotationCell::Matrix &weights);
+    bool explore(const RotationCell &cell, const Hints &hints);
+    bool narrow(const RotationCell &cell, const RotationCell::Matrix &weights, double gap, long steps);
+    bool divide(const RotationCell &cell, const RotationCell::Matrix &weights, const Hints &hints);
     [[nodiscard]] double allowedCost(double slack) const;
     void findRests();
-    void exclude(double gap);
-    void admit(std::size_t excludedBefore);
+    bool isNew(const PointOrder &order);
     bool offer(const PointOrder &order);
-    bool isFew(double gap);
+    [[nodiscard]] bool isFew(double gap, long steps, bool ofAnyPairs);
     bool visitAll(double gap);
     bool mayGoOn();
 
@@ -69,16 +78,12 @@ private:
     LinearAssignment m_assignment;
     CellOrders m_orders;
     std::vector<Start> m_starts;
-    std::vector<double> m_costs;
-    std::vector<double> m_penalties; ///< infinite for the pairs that are excluded from the cell
-    std::vector<double> m_rests;
-    std::vector<std::size_t> m_excluded;
+    AllowedPairs m_pairs;        ///< that orders of interest in the cell may have
+    std::vector<double> m_costs; ///< of those; once they are assigned, their rests
     std::size_t m_knownCount;
     std::vector<short> m_known; ///< orders that have come, each at a place that its numbers tell
     OrderVisitor *m_visitor = nullptr;
     const OrderVisitor::GoOn *m_goOn = nullptr;
     double m_leastLikelyMm = 0.0;
     unsigned m_steps = 0;
-    long m_savedSteps = 0;
-    long m_manySteps = 1000;
 };

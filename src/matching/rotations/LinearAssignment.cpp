@@ -16,26 +16,10 @@ double lower(double left, double right)
     return left < right ? left : right;
 }
 
-/// The first column with the least cost, and that cost; nobody when all are forbidden. Four running minima,
-/// so that one does not wait for the other.
-int leastColumn(const double *costs, const double *prices, int count, double &least)
+/// That of a settled path does not count.
+double openLength(double length)
 {
-    double first = forbidden, second = forbidden, third = forbidden, fourth = forbidden;
-    int j = 0;
-    for (; j + 4 <= count; j += 4) {
-        first = lower(costs[j] - prices[j], first);
-        second = lower(costs[j + 1] - prices[j + 1], second);
-        third = lower(costs[j + 2] - prices[j + 2], third);
-        fourth = lower(costs[j + 3] - prices[j + 3], fourth);
-    }
-    for (; j < count; ++j)
-        first = lower(costs[j] - prices[j], first);
-    least = lower(lower(first, second), lower(third, fourth));
-    for (j = 0; least < forbidden && j < count; ++j) {
-        if (costs[j] - prices[j] <= least)
-            return j;
-    }
-    return nobody;
+    return length > -forbidden ? length : forbidden;
 }
 
 } // namespace
@@ -51,37 +35,58 @@ LinearAssignment::LinearAssignment(int count)
 {
 }
 
-const double *LinearAssignment::rowOf(const double *costs, int row) const
-{
-    return costs + static_cast<std::ptrdiff_t>(row) * m_count;
-}
-
 double LinearAssignment::bound() const
 {
     return std::accumulate(m_rowPrices.begin(), m_rowPrices.end(), 0.0) +
            std::accumulate(m_columnPrices.begin(), m_columnPrices.end(), 0.0);
 }
 
-bool LinearAssignment::solve(const std::vector<double> &costs, double limit)
+bool LinearAssignment::solve(const AllowedPairs &pairs, const std::vector<double> &costs, double limit)
 {
+    const Table table = {pairs, costs.data()};
     std::fill(m_columnOfRow.begin(), m_columnOfRow.end(), nobody);
     std::fill(m_rowOfColumn.begin(), m_rowOfColumn.end(), nobody);
-    reduceRows(costs.data());
+    reduceRows(table);
     double reached = bound();
     bool goesOn = reached <= limit;
     for (std::size_t i = 0; goesOn && i < m_freeRows.size(); ++i)
-        goesOn = augment(costs.data(), m_freeRows[i], reached, limit);
+        goesOn = augment(table, m_freeRows[i], reached, limit);
     if (!goesOn)
         std::fill(m_columnOfRow.begin(), m_columnOfRow.end(), nobody);
     return goesOn;
 }
 
+/// The first column with the least cost, and that cost; nobody when all are forbidden. Four running minima,
+/// so that one does not wait for the other.
+int LinearAssignment::cheapestColumn(const Table &table, int row, double &least) const
+{
+    const std::size_t begin = table.pairs.firstOf(row), size = table.pairs.firstOf(row + 1) - begin;
+    const AllowedPairs::Column *columns = table.pairs.columns() + begin;
+    const double *costs = table.costs + begin, *prices = m_columnPrices.data();
+    double first = forbidden, second = forbidden, third = forbidden, fourth = forbidden;
+    std::size_t k = 0;
+    for (; k + 4 <= size; k += 4) {
+        first = lower(costs[k] - prices[columns[k]], first);
+        second = lower(costs[k + 1] - prices[columns[k + 1]], second);
+        third = lower(costs[k + 2] - prices[columns[k + 2]], third);
+        fourth = lower(costs[k + 3] - prices[columns[k + 3]], fourth);
+    }
+    for (; k < size; ++k)
+        first = lower(costs[k] - prices[columns[k]], first);
+    least = lower(lower(first, second), lower(third, fourth));
+    for (k = 0; least < forbidden && k < size; ++k) {
+        if (costs[k] - prices[columns[k]] <= least)
+            return columns[k];
+    }
+    return nobody;
+}
+
 /// Gives every row its cheapest column, if that is still free.
-void LinearAssignment::reduceRows(const double *costs)
+void LinearAssignment::reduceRows(const Table &table)
 {
     m_freeRows.clear();
     for (int i = 0; i < m_count; ++i) {
-        const int column = leastColumn(rowOf(costs, i), m_columnPrices.data(), m_count, at(m_rowPrices, i));
+        const int column = cheapestColumn(table, i, at(m_rowPrices, i));
         if (column == nobody || at(m_rowOfColumn, column) != nobody) {
             m_freeRows.push_back(i);
             continue;
@@ -93,13 +98,14 @@ void LinearAssignment::reduceRows(const double *costs)
 
 /// Finds the shortest path from a free row to a free column and swaps partners along it. The sum of the
 /// prices grows by the path's length.
-bool LinearAssignment::augment(const double *costs, int freeRow, double &bound, double limit)
+bool LinearAssignment::augment(const Table &table, int freeRow, double &bound, double limit)
 {
     begin();
     int row = freeRow;
     int column = nobody;
     do {
-        column = scanRow(costs, row);
+        scanRow(table, row);
+        column = settleNearest();
         if (column == nobody || bound + m_reached > limit)
             return false;
         row = at(m_rowOfColumn, column);
@@ -113,49 +119,64 @@ bool LinearAssignment::augment(const double *costs, int freeRow, double &bound, 
 void LinearAssignment::begin()
 {
     std::fill(m_lengths.begin(), m_lengths.end(), forbidden);
-    m_open.resize(static_cast<std::size_t>(m_count));
-    std::iota(m_open.begin(), m_open.end(), 0);
     m_closed.clear();
+    m_closedLengths.clear();
     m_reached = 0.0;
 }
 
-/// Goes on from a row with a settled path and returns the column that the next shortest path leads to.
-int LinearAssignment::scanRow(const double *costs, int row)
+/// Goes on from a row with a settled path. Settled columns keep their minus infinity.
+void LinearAssignment::scanRow(const Table &table, int row)
 {
-    const double *of = rowOf(costs, row);
-    const double offset = m_reached - at(m_rowPrices, row);
-    const double *prices = m_columnPrices.data();
+    const std::size_t begin = table.pairs.firstOf(row), size = table.pairs.firstOf(row + 1) - begin;
+    const double *costs = table.costs + begin, *prices = m_columnPrices.data();
     double *lengths = m_lengths.data();
-    double shortest = forbidden;
-    std::size_t best = m_open.size();
-    for (std::size_t k = 0; k < m_open.size(); ++k) {
-        const int j = m_open[k];
-        const double length = of[j] - prices[j] + offset;
-        double &known = lengths[j];
-        if (length < known) {
-            known = length;
-            at(m_rowBefore, j) = row;
-        }
-        if (known < shortest) {
-            shortest = known;
-            best = k;
+    int *rowBefore = m_rowBefore.data();
+    const double offset = m_reached - at(m_rowPrices, row);
+    const AllowedPairs::Column *columns = table.pairs.columns() + begin;
+    for (std::size_t k = 0; k < size; ++k) {
+        const std::size_t j = columns[k];
+        const double length = costs[k] - prices[j] + offset;
+        if (length < lengths[j]) {
+            lengths[j] = length;
+            rowBefore[j] = row;
         }
     }
-    if (best == m_open.size())
+}
+
+/// Returns the column that the next shortest path leads to.
+int LinearAssignment::settleNearest()
+{
+    const double *lengths = m_lengths.data();
+    const std::size_t size = m_lengths.size();
+    double least[4] = {forbidden, forbidden, forbidden, forbidden};
+    std::size_t j = 0;
+    for (; j + 4 <= size; j += 4) {
+        for (std::size_t lane = 0; lane < 4; ++lane)
+            least[lane] = lower(openLength(lengths[j + lane]), least[lane]);
+    }
+    for (; j < size; ++j)
+        least[0] = lower(openLength(lengths[j]), least[0]);
+    const double shortest = lower(lower(least[0], least[1]), lower(least[2], least[3]));
+    if (!(shortest < forbidden))
         return nobody;
+    const int column = static_cast<int>(
+        std::find_if(lengths, lengths + size,
+                     [shortest](double length) { return length <= shortest && length > -forbidden; }) -
+        lengths);
     m_reached = std::max(m_reached, shortest);
-    const int column = m_open[best];
-    m_open[best] = m_open.back();
-    m_open.pop_back();
     m_closed.push_back(column);
+    m_closedLengths.push_back(shortest);
+    at(m_lengths, column) = -forbidden;
     return column;
 }
 
+/// What is owed along the settled paths.
 void LinearAssignment::raisePrices(int freeRow)
 {
     at(m_rowPrices, freeRow) += m_reached;
-    for (const int column : m_closed) {
-        const double raise = m_reached - at(m_lengths, column);
+    for (std::size_t k = 0; k < m_closed.size(); ++k) {
+        const int column = m_closed[k];
+        const double raise = m_reached - m_closedLengths[k];
         at(m_columnPrices, column) -= raise;
         if (at(m_rowOfColumn, column) != nobody)
             at(m_rowPrices, at(m_rowOfColumn, column)) += raise;

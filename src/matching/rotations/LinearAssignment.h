@@ -1,12 +1,14 @@
 #pragma once
 
+#include "AllowedPairs.h"
+
 #include <limits>
 #include <vector>
 
 /// The cheapest complete assignment of rows to columns, by shortest augmenting paths.
 ///
-/// Shapes: `count` rows and as many columns; the cost of row i and column j is `costs[i * count + j]`. An
-/// infinite cost forbids the pair; no cost may be NaN or minus infinity.
+/// Shapes: `count` rows and as many columns; `costs[k]` belongs to pair k of those that are allowed. An
+/// infinite cost forbids the pair, too; no cost may be NaN or minus infinity.
 /// Prices: u of the rows and v of the columns with cost - u - v >= 0 for every pair (but for rounding), so
 /// that no assignment costs less than the sum of all prices, and one with the pair (i, j) no less than that
 /// sum and the rest of the pair. A solution begins with the column prices of the one before; where costs have
@@ -19,7 +21,7 @@ public:
 
     /// False when every complete assignment costs more than `limit`, or none is allowed; rows and columns
     /// then have no partners.
-    [[nodiscard]] bool solve(const std::vector<double> &costs,
+    [[nodiscard]] bool solve(const AllowedPairs &pairs, const std::vector<double> &costs,
                              double limit = std::numeric_limits<double>::infinity());
 
     /// The sum of all prices, after a solution the cost of the assignment but for rounding.
@@ -35,11 +37,17 @@ public:
     void setColumnPrices(const std::vector<double> &prices) { m_columnPrices = prices; }
 
 private:
-    [[nodiscard]] const double *rowOf(const double *costs, int row) const;
-    void reduceRows(const double *costs);
-    [[nodiscard]] bool augment(const double *costs, int freeRow, double &bound, double limit);
+    struct Table {
+        const AllowedPairs &pairs;
+        const double *costs;
+    };
+
+    [[nodiscard]] int cheapestColumn(const Table &table, int row, double &least) const;
+    void reduceRows(const Table &table);
+    [[nodiscard]] bool augment(const Table &table, int freeRow, double &bound, double limit);
     void begin();
-    [[nodiscard]] int scanRow(const double *costs, int row);
+    void scanRow(const Table &table, int row);
+    [[nodiscard]] int settleNearest();
     void raisePrices(int freeRow);
     void flip(int freeRow, int column);
 
@@ -50,8 +58,8 @@ private:
     std::vector<int> m_columnOfRow;
     std::vector<int> m_rowOfColumn;
     std::vector<int> m_freeRows;
-    std::vector<double> m_lengths;
+    std::vector<double> m_lengths; ///< of the shortest paths known; minus infinity once settled
     std::vector<int> m_rowBefore;
-    std::vector<int> m_open;   ///< columns that no path has been settled to
     std::vector<int> m_closed; ///< columns with a settled path
+    std::vector<double> m_closedLengths;
 };

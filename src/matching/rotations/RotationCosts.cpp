@@ -72,27 +72,22 @@ RotationCosts::RotationCosts(const MatchingPoints &references, const MatchingPoi
     , m_referenceWeights(weightsOf(references))
     , m_measuredWeights(weightsOf(measured))
 {
-    for (const MatchingPoint &p : measured) {
-        m_x.push_back(p[0]);
-        m_y.push_back(p[1]);
-        m_z.push_back(p[2]);
-    }
 }
 
-void RotationCosts::fill(std::vector<double> &costs, const Matrix &rotation,
-                         const std::vector<double> &penalties) const
+void RotationCosts::fill(std::vector<double> &costs, const Matrix &rotation, const AllowedPairs &pairs) const
 {
-    const std::size_t count = m_references.size();
-    const double *x = m_x.data(), *y = m_y.data(), *z = m_z.data();
-    for (std::size_t i = 0; i < count; ++i) {
-        const MatchingPoint &a = m_references[i];
-        const double turnedX = -2.0 * (rotation[0] * a[0] + rotation[3] * a[1] + rotation[6] * a[2]);
-        const double turnedY = -2.0 * (rotation[1] * a[0] + rotation[4] * a[1] + rotation[7] * a[2]);
-        const double turnedZ = -2.0 * (rotation[2] * a[0] + rotation[5] * a[1] + rotation[8] * a[2]);
-        const double *penalty = penalties.data() + i * count;
-        double *cost = costs.data() + i * count;
-        for (std::size_t j = 0; j < count; ++j)
-            cost[j] = turnedX * x[j] + turnedY * y[j] + turnedZ * z[j] + penalty[j];
+    const AllowedPairs::Column *columns = pairs.columns();
+    const MatchingPoint *measured = m_measured.data();
+    std::size_t pair = 0;
+    for (int i = 0; i < count(); ++i) {
+        const MatchingPoint &a = m_references[static_cast<std::size_t>(i)];
+        const double x = -2.0 * (rotation[0] * a[0] + rotation[3] * a[1] + rotation[6] * a[2]);
+        const double y = -2.0 * (rotation[1] * a[0] + rotation[4] * a[1] + rotation[7] * a[2]);
+        const double z = -2.0 * (rotation[2] * a[0] + rotation[5] * a[1] + rotation[8] * a[2]);
+        for (const std::size_t end = pairs.firstOf(i + 1); pair < end; ++pair) {
+            const MatchingPoint &b = measured[columns[pair]];
+            costs[pair] = x * b[0] + y * b[1] + z * b[2];
+        }
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AllowedPairs.h"
 #include "MatchingPoint.h"
 #include "RotationCell.h"
 
@@ -9,7 +10,7 @@
 ///
 /// For an order p and a rotation R the sum of squared distances is sum |a_i - R b_p(i)|^2 = total() + the
 /// costs -2 a_i . R b_p(i) of its pairs. Shapes: as many measured points b as reference points a, both
-/// measured from their centres; the cost of reference i and measured j is `costs[i * count + j]`.
+/// measured from their centres; references are the rows and measured points the columns of the pairs.
 class RotationCosts
 {
 public:
@@ -20,9 +21,9 @@ public:
     /// The sum of all squared lengths.
     [[nodiscard]] double total() const { return m_total; }
 
-    /// Writes the costs under `rotation`, each with what `penalties` adds to it.
+    /// Writes the costs of the pairs under `rotation`.
     void fill(std::vector<double> &costs, const RotationCell::Matrix &rotation,
-              const std::vector<double> &penalties) const;
+              const AllowedPairs &pairs) const;
 
     /// W such that no order loses more than 4 v^T W v when its best rotation is followed by the turn from
     /// there to `rotation`, with v as in RotationCell::spread.
@@ -39,7 +40,6 @@ public:
 private:
     MatchingPoints m_references;
     MatchingPoints m_measured;
-    std::vector<double> m_x, m_y, m_z; ///< of the measured points
     double m_total = 0.0;
     RotationCell::Matrix m_referenceWeights;
     RotationCell::Matrix m_measuredWeights;

@@ -88,6 +88,8 @@ private slots:
     void shouldGiveTheLoopsResultForHugeCoordinates();
     void shouldEndWhereTheTreeDoesNot_data();
     void shouldEndWhereTheTreeDoesNot();
+    void shouldEndWhereTheBestOrdersAreNotValid_data();
+    void shouldEndWhereTheBestOrdersAreNotValid();
     void shouldAskWhileItLooksForAStart();
     void shouldRefuseMorePointsThanMemoryAllows();
     void shouldStopWhenToldSo();
@@ -264,6 +266,34 @@ void AssignmentSearchTest::shouldEndWhereTheTreeDoesNot()
             std::swap(order[i], order[j]);
         }
     }
+}
+
+void AssignmentSearchTest::shouldEndWhereTheBestOrdersAreNotValid_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<bool>("halfFilled");
+    QTest::newRow("all wrong") << 1045U << 30 << false;
+    QTest::newRow("half filled") << 1005U << 20 << true;
+    QTest::newRow("half filled, others") << 1017U << 20 << true;
+}
+
+/// The refinements of many orders that fit a little better end without a result, so that many are within the
+/// limit wherever a cell of rotations is cut.
+void AssignmentSearchTest::shouldEndWhereTheBestOrdersAreNotValid()
+{
+    QFETCH(unsigned, seed);
+    QFETCH(int, count);
+    QFETCH(bool, halfFilled);
+    PointSets sets(seed);
+    std::vector<double> references = sets.box(count, 1000);
+    const std::vector<double> measured = halfFilled ? sets.moved(references, 0.3) : sets.box(count, 1000);
+    if (halfFilled)
+        std::fill(references.begin() + 3 * (count / 2), references.end(), 0.0);
+    AssignmentSearch search(asPoints(references), asPoints(sets.shuffled(measured)));
+    int questions = 0;
+    const AssignmentSearch::Result result = search.run([&questions]() { return ++questions < 2500; });
+    QVERIFY2(result.outcome == Outcome::Found, qPrintable(QString::number(questions)));
 }
 
 void AssignmentSearchTest::shouldAskWhileItLooksForAStart()

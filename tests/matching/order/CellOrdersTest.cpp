@@ -82,7 +82,7 @@ private slots:
             std::set<PointOrder> visited;
             std::size_t visits = 0;
             CellOrders orders(referenceTwins, measuredTwins);
-            QVERIFY(orders.prepare(matrix, gap, matrix.size()));
+            QVERIFY(orders.prepare(AllowedPairs(count), matrix, gap, matrix.size()));
             const Outcome outcome = orders.forEach(1000000, [&](const PointOrder &found) {
                 ++visits;
                 visited.insert(exchanges.first(found));
@@ -102,8 +102,8 @@ private slots:
         const TwinPoints references(line(sets, 8, 0)), measured(line(sets, 8, 0));
         CellOrders orders(references, measured);
         const std::vector<double> matrix(64, 0.0);
-        QVERIFY(!orders.prepare(matrix, 1.0, 63));
-        QVERIFY(orders.prepare(matrix, 1.0, 64));
+        QVERIFY(!orders.prepare(AllowedPairs(8), matrix, 1.0, 63));
+        QVERIFY(orders.prepare(AllowedPairs(8), matrix, 1.0, 64));
         int visits = 0;
         const auto count = [&visits](const PointOrder &) { return ++visits < 100; };
         QVERIFY(orders.forEach(1000000, count) == Outcome::Ended);

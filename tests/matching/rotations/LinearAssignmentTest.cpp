@@ -121,6 +121,7 @@ private slots:
     void shouldProveTheCostOfLargeAssignments();
     void shouldGiveUpAboveTheLimitAndOnlyThere();
     void shouldBeginWithAnyPrices();
+    void shouldUseAllowedPairsOnly();
     void shouldAssignASingleRow();
 };
 
@@ -144,7 +145,7 @@ void LinearAssignmentTest::shouldFindWhatTryingAllFinds()
         const Costs costs = make(sets, count);
         const double least = leastCost(costs, count);
         LinearAssignment assignment(count);
-        const bool found = assignment.solve(costs);
+        const bool found = assignment.solve(AllowedPairs(count), costs);
         QCOMPARE(found, std::isfinite(least));
         if (!found)
             continue;
@@ -174,7 +175,7 @@ void LinearAssignmentTest::shouldProveTheCostOfLargeAssignments()
     for (int trial = 0; trial < 5; ++trial) {
         const Costs costs = make(sets, count);
         LinearAssignment assignment(count);
-        QVERIFY(assignment.solve(costs));
+        QVERIFY(assignment.solve(AllowedPairs(count), costs));
         QVERIFY(isComplete(assignment.columns()));
         QVERIFY(leastRest(costs, assignment) >= -1e-9);
         QVERIFY(std::fabs(assignment.bound() - costOf(costs, assignment.columns())) < 1e-8);
@@ -189,8 +190,8 @@ void LinearAssignmentTest::shouldGiveUpAboveTheLimitAndOnlyThere()
         const Costs costs = continuous(sets, count);
         const double least = leastCost(costs, count);
         LinearAssignment assignment(count);
-        QVERIFY(!assignment.solve(costs, least - 1e-6));
-        QVERIFY(assignment.solve(costs, least + 1e-6));
+        QVERIFY(!assignment.solve(AllowedPairs(count), costs, least - 1e-6));
+        QVERIFY(assignment.solve(AllowedPairs(count), costs, least + 1e-6));
         QVERIFY(isComplete(assignment.columns()));
     }
 }
@@ -207,7 +208,7 @@ void LinearAssignmentTest::shouldBeginWithAnyPrices()
             price = sets.uniform(-3000, 3000);
         assignment.setColumnPrices(prices);
         const double least = leastCost(costs, count);
-        QCOMPARE(assignment.solve(costs), std::isfinite(least));
+        QCOMPARE(assignment.solve(AllowedPairs(count), costs), std::isfinite(least));
         if (!std::isfinite(least))
             continue;
         QVERIFY(std::fabs(costOf(costs, assignment.columns()) - least) < 1e-9);
@@ -216,13 +217,41 @@ void LinearAssignmentTest::shouldBeginWithAnyPrices()
     }
 }
 
+/// The same as if all others cost infinitely much.
+void LinearAssignmentTest::shouldUseAllowedPairsOnly()
+{
+    PointSets sets(405);
+    int solved = 0;
+    for (int trial = 0; trial < 1000; ++trial) {
+        const int count = sets.integer(2, 6);
+        const Costs costs = partlyForbidden(sets, count);
+        AllowedPairs pairs(count);
+        const bool isNarrower = pairs.narrow(costs, 1e9);
+        Costs ofPairs;
+        for (const double cost : costs) {
+            if (!isNarrower || cost < forbidden)
+                ofPairs.push_back(cost);
+        }
+        QCOMPARE(ofPairs.size(), pairs.size());
+        const double least = leastCost(costs, count);
+        LinearAssignment assignment(count);
+        QCOMPARE(assignment.solve(pairs, ofPairs), std::isfinite(least));
+        if (!std::isfinite(least))
+            continue;
+        solved += isNarrower ? 1 : 0;
+        QVERIFY(std::fabs(costOf(costs, assignment.columns()) - least) < 1e-9);
+        QVERIFY(std::fabs(assignment.bound() - least) < 1e-8);
+    }
+    QVERIFY(solved > 100);
+}
+
 void LinearAssignmentTest::shouldAssignASingleRow()
 {
     LinearAssignment assignment(1);
-    QVERIFY(assignment.solve({7.0}));
+    QVERIFY(assignment.solve(AllowedPairs(1), {7.0}));
     QCOMPARE(assignment.columns(), std::vector<int>{0});
     QCOMPARE(assignment.bound(), 7.0);
-    QVERIFY(!assignment.solve({forbidden}));
+    QVERIFY(!assignment.solve(AllowedPairs(1), {forbidden}));
 }
 
 ROOM_TEST_CLASS(LinearAssignmentTest)

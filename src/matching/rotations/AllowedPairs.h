@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+/// The pairs of rows and columns that an assignment may use, and the narrower choices made of them, one
+/// within the other.
+///
+/// The pairs of a choice are numbered from 0, row by row; row i has those from `firstOf(i)` to before
+/// `firstOf(i + 1)`. While all pairs are allowed, that of row i and column j has the number i * count + j.
+class AllowedPairs
+{
+public:
+    using Column = std::uint16_t;
+
+    /// All pairs of `count` rows and as many columns, at most 65535.
+    explicit AllowedPairs(int count);
+
+    [[nodiscard]] int count() const { return m_count; }
+    [[nodiscard]] std::size_t size() const { return m_columns.size() - m_choices.back().firstColumn; }
+
+    [[nodiscard]] std::size_t firstOf(int row) const
+    {
+        return m_firsts[m_choices.back().firstRow + static_cast<std::size_t>(row)];
+    }
+
+    /// The column of every pair.
+    [[nodiscard]] const Column *columns() const { return m_columns.data() + m_choices.back().firstColumn; }
+
+    /// Leaves the pairs whose value is at most `largest`, if a quarter goes at least; so all choices together
+    /// never take more than four times the memory of the first. False when nothing has changed.
+    bool narrow(const std::vector<double> &values, double largest);
+
+    /// Back to the choice before, or to all pairs.
+    void widen();
+    void allowAll();
+
+private:
+    struct Choice {
+        std::size_t firstColumn;
+        std::size_t firstRow;
+    };
+
+    int m_count;
+    std::vector<Choice> m_choices;
+    std::vector<Column> m_columns;       ///< of all choices, one behind the other
+    std::vector<std::uint32_t> m_firsts; ///< likewise, of each one more than rows
+};
