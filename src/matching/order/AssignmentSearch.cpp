@@ -20,8 +20,8 @@ constexpr std::size_t largestLoopCount = 6;
 /// Up to here, the tree has few orders to go through in the worst case.
 constexpr std::size_t largestTreeCount = 8;
 
-/// Of the tree before the rotations take over, in times that it asks whether to go on: some 3 ms.
-constexpr std::size_t treeQuestions = 7;
+/// Of the tree before the rotations take over, in times that it asks whether to go on: some 2 ms.
+constexpr std::size_t treeQuestions = 5;
 constexpr std::size_t pointsPerTreeQuestion = 8;
 
 /// Beyond these, the squares of what a unit turn does to measured points overflow, or those of the distances
