@@ -38,19 +38,6 @@ class TwinOrdersTest : public QObject
     Q_OBJECT
 
 private slots:
-    void shouldGroupEqualPoints()
-    {
-        const MatchingPoints points = {{1, 2, 3}, {4, 5, 6}, {1, 2, 3}, {1, 2, 3.5}, {4, 5, 6}};
-        const TwinPoints twins(points);
-        QCOMPARE(twins.groupCount(), 3);
-        QCOMPARE(twins.members(twins.group(2)), (std::vector<int>{0, 2}));
-        QVERIFY(twins.any());
-        QVERIFY(!TwinPoints(points, 3).members(TwinPoints(points, 3).group(3)).empty());
-        QCOMPARE(TwinPoints(points, 3).groupCount(), 5);
-        QVERIFY(!TwinPoints(points, 3).any());
-        QCOMPARE(TwinPoints(points, 1).groupCount(), 4);
-    }
-
     void shouldFindTheOutermostOfAllThatExchangeEqualPoints()
     {
         PointSets sets(51);

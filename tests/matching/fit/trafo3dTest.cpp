@@ -11,7 +11,7 @@
 
 using namespace TransformChecks;
 
-class StartTransformTest : public QObject
+class trafo3dTest : public QObject
 {
     Q_OBJECT
 
@@ -27,7 +27,7 @@ private slots:
     void shouldTransformNothingForACountOfZeroOrBelow();
 };
 
-void StartTransformTest::shouldRefuseDegenerateTriples_data()
+void trafo3dTest::shouldRefuseDegenerateTriples_data()
 {
     QTest::addColumn<Points>("triple");
     QTest::newRow("first two equal") << Points{1, 2, 3, 1, 2, 3, 4, 5, 7};
@@ -38,7 +38,7 @@ void StartTransformTest::shouldRefuseDegenerateTriples_data()
     QTest::newRow("collinear aslant") << Points{1, 1, 1, 2, 3, 4, 3, 5, 7};
 }
 
-void StartTransformTest::shouldRefuseDegenerateTriples()
+void trafo3dTest::shouldRefuseDegenerateTriples()
 {
     QFETCH(Points, triple);
     const Points good = {0, 0, 0, 100, 0, 0, 0, 50, 0};
@@ -48,7 +48,7 @@ void StartTransformTest::shouldRefuseDegenerateTriples()
     QCOMPARE(T, identity);
 }
 
-void StartTransformTest::shouldStartWithTheFirstPairExactAndTheSecondInDirection()
+void trafo3dTest::shouldStartWithTheFirstPairExactAndTheSecondInDirection()
 {
     const Points A = {10, 20, 30, 110, 20, 30, 10, 70, 30};
     const Points B = {0, 0, 0, 0, 0, 40, 0, -90, 15};
@@ -61,7 +61,7 @@ void StartTransformTest::shouldStartWithTheFirstPairExactAndTheSecondInDirection
         QVERIFY(std::fabs(mapped[i] - expected[i]) < 1e-12);
 }
 
-void StartTransformTest::shouldStartFromPointsOneMillimetreApart()
+void trafo3dTest::shouldStartFromPointsOneMillimetreApart()
 {
     const Points A = {0, 0, 0, 1, 0, 0, 0, 1, 0}, B = {5, 5, 5, 5, 6, 5, 5, 5, 6};
     Transform T;
@@ -69,7 +69,7 @@ void StartTransformTest::shouldStartFromPointsOneMillimetreApart()
     QCOMPARE(T, (Transform{0, 1, 0, -5, 0, 0, 1, -5, 1, 0, 0, -5, 0, 0, 0, 1}));
 }
 
-void StartTransformTest::shouldStartWithARotationForTriplesCollinearUpToRounding()
+void trafo3dTest::shouldStartWithARotationForTriplesCollinearUpToRounding()
 {
     PointSets sets(11);
     const Points good = {0, 0, 0, 100, 0, 0, 0, 50, 0};
@@ -94,7 +94,7 @@ void StartTransformTest::shouldStartWithARotationForTriplesCollinearUpToRounding
     QVERIFY(passed > 10000);
 }
 
-void StartTransformTest::shouldApplyEachParameterInItsUnit()
+void trafo3dTest::shouldApplyEachParameterInItsUnit()
 {
     const double s = 0.01, c = std::sqrt(1 - s * s);
     const Transform expected[7] = {{1, 0, 0, 5, 0, c, -s, 6, 0, s, c, 7, 0, 0, 0, 1},
@@ -115,7 +115,7 @@ void StartTransformTest::shouldApplyEachParameterInItsUnit()
     }
 }
 
-void StartTransformTest::shouldScaleOnlyTheRotationBlock()
+void trafo3dTest::shouldScaleOnlyTheRotationBlock()
 {
     const Transform base = {0, -2, 0, 10, 2, 0, 0, 20, 0, 0, 2, 30, 0.5, 0.25, 0.125, 3};
     const double step[7] = {0, 0, 0, 10, -20, 30, 500};
@@ -124,7 +124,7 @@ void StartTransformTest::shouldScaleOnlyTheRotationBlock()
     QCOMPARE(T, (Transform{0, -3, 0, 11, 3, 0, 0, 18, 0, 0, 3, 33, 0.5, 0.25, 0.125, 3}));
 }
 
-void StartTransformTest::shouldTransformPointsInPlace()
+void trafo3dTest::shouldTransformPointsInPlace()
 {
     const Transform T = {0, -1, 0, 10, 1, 0, 0, 20, 0, 0, 1, 30, 9, 9, 9, 9};
     Points points = {1, 2, 3, -4, 5, -6};
@@ -132,7 +132,7 @@ void StartTransformTest::shouldTransformPointsInPlace()
     QCOMPARE(points, (Points{8, 21, 33, 5, 16, 24}));
 }
 
-void StartTransformTest::shouldTransformNothingForACountOfZeroOrBelow()
+void trafo3dTest::shouldTransformNothingForACountOfZeroOrBelow()
 {
     double untouched[3] = {7, 8, 9};
     const double points[3] = {1, 2, 3};
@@ -141,6 +141,6 @@ void StartTransformTest::shouldTransformNothingForACountOfZeroOrBelow()
     QCOMPARE(untouched[0] + untouched[1] + untouched[2], 24.0);
 }
 
-ROOM_TEST_CLASS(StartTransformTest)
+ROOM_TEST_CLASS(trafo3dTest)
 
-#include "StartTransformTest.moc"
+#include "trafo3dTest.moc"

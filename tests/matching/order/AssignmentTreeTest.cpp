@@ -1,0 +1,122 @@
+#include "AssignmentTree.h"
+
+#include "AllOrders.h"
+#include "TestRegistry.h"
+
+#include <QtTest>
+
+namespace
+{
+
+/// A tree over both lists of a case.
+struct Planted {
+    explicit Planted(const MatchingCase &lists)
+        : fit(lists.references, lists.measured)
+        , referenceTwins(lists.references, 3)
+        , measuredTwins(lists.measured)
+    {
+    }
+
+    OrderFit fit;
+    TwinPoints referenceTwins;
+    TwinPoints measuredTwins;
+    AssignmentTree tree{fit, referenceTwins, measuredTwins};
+};
+
+} // namespace
+
+class AssignmentTreeTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldVisitEveryOrderWithinTheLimit_data()
+    {
+        QTest::addColumn<double>("limitMm");
+        QTest::newRow("only what fits") << 3.0;
+        QTest::newRow("some") << 150.0;
+        QTest::newRow("everything") << 1e6;
+    }
+    void shouldVisitEveryOrderWithinTheLimit()
+    {
+        // GIVEN
+        QFETCH(double, limitMm);
+        PointSets sets(71);
+        for (int trial = 0; trial < 10; ++trial) {
+            const MatchingCase lists(sets, 6, 1.0);
+            Planted planted(lists);
+            VisitedOrders visited(limitMm);
+            // WHEN
+            QVERIFY(planted.tree.walk(visited, {}));
+            // THEN
+            const std::set<PointOrder> expected = ordersWithin(lists, limitMm);
+            QVERIFY(!expected.empty());
+            QVERIFY(containsAll(visited.orders, expected));
+            QCOMPARE(visited.visits, visited.orders.size());
+        }
+    }
+
+    void shouldLeaveOutWhatCannotFit()
+    {
+        // GIVEN
+        PointSets sets(72);
+        const MatchingCase lists(sets, 7, 0.1);
+        Planted planted(lists);
+        VisitedOrders visited(1.0);
+        // WHEN
+        QVERIFY(planted.tree.walk(visited, {}));
+        // THEN
+        QVERIFY(visited.orders.size() < 20); // of 5040
+    }
+
+    void shouldVisitOneOfThoseThatExchangeEqualPoints()
+    {
+        // GIVEN
+        PointSets sets(73);
+        MatchingCase lists(sets, 5, 0.0);
+        lists.references[4] = lists.references[3];
+        lists.measured = lists.references;
+        Planted planted(lists);
+        VisitedOrders visited(1e-3);
+        // WHEN
+        QVERIFY(planted.tree.walk(visited, {}));
+        // THEN
+        QCOMPARE(visited.visits, std::size_t(1));
+        QCOMPARE(ordersWithin(lists, 1e-3).size(), std::size_t(2));
+    }
+
+    void shouldEndWhenTheVisitorOrTheAskerSaysSo()
+    {
+        // GIVEN
+        PointSets sets(74);
+        const MatchingCase lists(sets, 7, 0.0);
+        Planted planted(lists);
+        VisitedOrders three(1e6, 3);
+        VisitedOrders none(1e6);
+        // WHEN, THEN
+        QVERIFY(!planted.tree.walk(three, {}));
+        QCOMPARE(three.visits, std::size_t(3));
+        QVERIFY(!planted.tree.walk(none, [] { return false; }));
+        QVERIFY(none.visits < 5040);
+        QVERIFY(!planted.tree.isFull());
+    }
+
+    void shouldBoundTheResidualsFromBothSides()
+    {
+        // GIVEN
+        PointSets sets(75);
+        MatchingCase lists(sets, 5, 0.0);
+        lists.measured = asPoints(sets.box(5, 300.0)); // nothing fits
+        const Planted planted(lists);
+        // WHEN
+        const double least = planted.tree.leastRmsMm();
+        const double largest = planted.tree.largestRmsMm();
+        // THEN
+        QVERIFY(least > 0.0);
+        QVERIFY(ordersWithin(lists, least * (1.0 - 1e-9)).empty());
+        QVERIFY(!ordersWithin(lists, largest).empty());
+    }
+};
+
+ROOM_TEST_CLASS(AssignmentTreeTest)
+#include "AssignmentTreeTest.moc"

@@ -1,0 +1,65 @@
+#include "RegularFile.h"
+
+#include "TestRegistry.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+class RegularFileTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void shouldTellFilesFromWhatElseHasAName_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<bool>("there");
+        QTest::addColumn<bool>("regular");
+        QTest::newRow("file") << QByteArray("file") << true << true;
+        QTest::newRow("name that is no UTF-8") << QByteArray("pr\xfc"
+                                                             "fling")
+                                               << true << true;
+        QTest::newRow("link to a file") << QByteArray("link") << true << true;
+        QTest::newRow("folder") << QByteArray("folder") << true << false;
+        QTest::newRow("pipe") << QByteArray("pipe") << true << false;
+        QTest::newRow("link to nothing") << QByteArray("dangling") << false << false;
+        QTest::newRow("nothing") << QByteArray("nothing") << false << false;
+    }
+    void shouldTellFilesFromWhatElseHasAName()
+    {
+        // GIVEN
+        QFETCH(QByteArray, name);
+        QFETCH(bool, there);
+        QFETCH(bool, regular);
+        const QTemporaryDir folder;
+        const QByteArray path = QFile::encodeName(folder.path()) + '/';
+        makeFile(path + "file");
+        makeFile(path + "pr\xfc"
+                        "fling");
+        QCOMPARE(::symlink((path + "file").constData(), (path + "link").constData()), 0);
+        QCOMPARE(::symlink((path + "gone").constData(), (path + "dangling").constData()), 0);
+        QCOMPARE(::mkdir((path + "folder").constData(), 0700), 0);
+        QCOMPARE(::mkfifo((path + "pipe").constData(), 0600), 0);
+        // WHEN, THEN
+        QCOMPARE(RegularFile::isThere(path + name), there);
+        QCOMPARE(RegularFile::isRegular(path + name), regular);
+        std::remove((path + "pr\xfc"
+                            "fling")
+                        .constData()); // the temporary folder cannot name it
+    }
+
+private:
+    static void makeFile(const QByteArray &name)
+    {
+        std::FILE *file = std::fopen(name.constData(), "wb");
+        QVERIFY(file != nullptr);
+        std::fclose(file);
+    }
+};
+
+ROOM_TEST_CLASS(RegularFileTest)
+#include "RegularFileTest.moc"
