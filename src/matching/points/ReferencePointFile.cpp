@@ -4,7 +4,7 @@
 #include "RegularFile.h"
 
 #include <QFile>
-#include <QSaveFile>
+#include <QIODevice>
 
 namespace ReferencePointFile
 {
@@ -41,15 +41,7 @@ void write(QIODevice &device, const std::vector<Row> &rows)
 
 bool save(const QString &fileName, const std::vector<Row> &rows)
 {
-    const QString name = savedName(fileName);
-    const QByteArray encoded = QFile::encodeName(name);
-    if (RegularFile::isThere(encoded) && !RegularFile::isRegular(encoded))
-        return false;
-    QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return false;
-    write(file, rows);
-    return file.flush() && file.commit(); // commit() alone does not see that its last write fails
+    return RegularFile::replace(savedName(fileName), [&rows](QIODevice &file) { write(file, rows); });
 }
 
 } // namespace ReferencePointFile

@@ -1,6 +1,8 @@
 #include "RegularFile.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QSaveFile>
 
 #include <sys/stat.h>
 
@@ -29,6 +31,18 @@ bool isRegular(const QByteArray &name)
 {
     Status status{};
     return readStatus(name, status) && S_ISREG(status.st_mode);
+}
+
+bool replace(const QString &name, const std::function<void(QIODevice &)> &write)
+{
+    const QByteArray encoded = QFile::encodeName(name);
+    if (isThere(encoded) && !isRegular(encoded))
+        return false;
+    QSaveFile file(name);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+        return false;
+    write(file);
+    return file.flush() && file.commit(); // commit() alone does not see that its last write fails
 }
 
 } // namespace RegularFile

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <functional>
+
 class QByteArray;
+class QIODevice;
+class QString;
 
 /// What stands behind a name that is handed to the file system as it is.
 namespace RegularFile
@@ -10,5 +14,9 @@ namespace RegularFile
 
 /// Only these are opened: a directory opens but cannot be read, and a pipe may wait for ever.
 [[nodiscard]] bool isRegular(const QByteArray &name);
+
+/// Writes a file, which is replaced only when all is written; the writer need not look for failures. False
+/// when that could not be done; an older file is then as it was.
+[[nodiscard]] bool replace(const QString &name, const std::function<void(QIODevice &)> &write);
 
 } // namespace RegularFile
