@@ -1011,6 +1011,85 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>JobReport</name>
+    <message>
+        <source>Transformation that the controller gets</source>
+        <translation>Transformation, die der Controller erhält</translation>
+    </message>
+    <message>
+        <source>Transformation of the controller before</source>
+        <translation>Transformation des Controllers davor</translation>
+    </message>
+    <message>
+        <source>Room adjustment based on reference points</source>
+        <translation>Raumjustierung anhand von Referenzpunkten</translation>
+    </message>
+    <message>
+        <source>Date and time: %1</source>
+        <translation>Datum und Uhrzeit: %1</translation>
+    </message>
+    <message>
+        <source>Module version: %1</source>
+        <translation>Version des Moduls: %1</translation>
+    </message>
+    <message>
+        <source>Measurement tool: M%1</source>
+        <translation>Messwerkzeug: M%1</translation>
+    </message>
+    <message>
+        <source>Duration of a measurement: %1 s</source>
+        <translation>Dauer einer Messung: %1 s</translation>
+    </message>
+    <message>
+        <source>Tip tolerance: %1 mm</source>
+        <translation>Spitzentoleranz: %1 mm</translation>
+    </message>
+    <message>
+        <source>Reference points: number, x, y, z in mm</source>
+        <translation>Referenzpunkte: Nummer, x, y, z in mm</translation>
+    </message>
+    <message>
+        <source>Measured points: number, x, y, z in mm</source>
+        <translation>Gemessene Punkte: Nummer, x, y, z in mm</translation>
+    </message>
+    <message>
+        <source>Pairs: reference point, measured point, distance in mm</source>
+        <translation>Paare: Referenzpunkt, gemessener Punkt, Abstand in mm</translation>
+    </message>
+    <message>
+        <source>Order of the points: preserved</source>
+        <translation>Reihenfolge der Punkte: beibehalten</translation>
+    </message>
+    <message>
+        <source>Order of the points: searched</source>
+        <translation>Reihenfolge der Punkte: gesucht</translation>
+    </message>
+    <message>
+        <source>Residual error: %1 mm</source>
+        <translation>Restfehler: %1 mm</translation>
+    </message>
+    <message>
+        <source>Rotation, row by row: %1</source>
+        <translation>Rotation, zeilenweise: %1</translation>
+    </message>
+    <message>
+        <source>Translation in mm: %1</source>
+        <translation>Translation in mm: %1</translation>
+    </message>
+    <message>
+        <source>Scaling: %1</source>
+        <translation>Skalierung: %1</translation>
+    </message>
+    <message>
+        <source>Notices: none</source>
+        <translation>Hinweise: keine</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>Hinweise</translation>
+    </message>
+</context>
+<context>
     <name>ListReport</name>
     <message>
         <source>The reference points could not be saved in &quot;%1&quot;. An older file of that name is as it was.</source>

@@ -67,6 +67,8 @@ QString MatchingReport::noData()
 
 QString MatchingReport::measuredOf(int measured, int references)
 {
+    if (measured == 0 && references == 0)
+        return {};
     return tr("%1 of %2 points measured").arg(measured).arg(references);
 }
 

@@ -19,6 +19,7 @@ public:
     /// line tells.
     [[nodiscard]] static QString noTool(ToolSurvey::Verdict verdict);
     [[nodiscard]] static QString noData();
+    /// Empty before there is a point.
     [[nodiscard]] static QString measuredOf(int measured, int references);
 
     [[nodiscard]] static QString cancelled();

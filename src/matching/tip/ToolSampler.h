@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ButtonWatch.h"
-#include "MeasurementAccess.h"
+#include "MeasuringConditions.h"
 #include "TipCollector.h"
 #include "VelmarParser.h"
 
@@ -40,6 +40,8 @@ public:
     void setLimits(double duration, double tolerance);
 
     [[nodiscard]] double toleranceMm() const { return m_tolerance; }
+    /// Of a measurement that goes on or ends now.
+    [[nodiscard]] MeasuringConditions conditions() const { return {m_tool, m_duration, m_tolerance}; }
 
     /// The selected tool was tracked in the last record.
     [[nodiscard]] bool isTracked() const { return m_tracked; }
