@@ -1176,6 +1176,21 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>MeasuringSigns</name>
+    <message>
+        <source>Point %1 of %2: %3 %</source>
+        <translation>Punkt %1 von %2: %3 %</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2: %3 mm</source>
+        <translation>Punkt %1 von %2: %3 mm</translation>
+    </message>
+    <message>
+        <source>Point %1 of %2: failed</source>
+        <translation>Punkt %1 von %2: gescheitert</translation>
+    </message>
+</context>
+<context>
     <name>NumberBox</name>
     <message>
         <source>Only one number from %1 to %2 fits here, with at most %3 decimals after one point or one comma. The value is still %4.</source>
