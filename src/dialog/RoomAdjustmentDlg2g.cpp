@@ -38,6 +38,7 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, B
     dropApplyShortcut();
     m_lockIcon = QIcon(QStringLiteral(":/lock.png"));
     buildPanels(commands, versions);
+    m_fine->tellModuleVersion(version);
     beginFromKnownState();
     // Nobody hides a dialog that goes with its parent, and a record that came later would find nobody.
     if (parent != nullptr)

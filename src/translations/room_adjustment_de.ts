@@ -334,6 +334,50 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>Show the points of the result and their errors as a picture</source>
         <translation>Die Punkte des Ergebnisses und ihre Fehler als Bild zeigen</translation>
     </message>
+    <message>
+        <source>The running measurement and the last point</source>
+        <translation>Die laufende Messung und der letzte Punkt</translation>
+    </message>
+    <message>
+        <source>Large display of the measurement</source>
+        <translation>Große Anzeige der Messung</translation>
+    </message>
+    <message>
+        <source>Soun&amp;ds</source>
+        <translation>&amp;Töne</translation>
+    </message>
+    <message>
+        <source>One signal when a point was taken, two when a measurement failed</source>
+        <translation>Ein Ton, wenn ein Punkt übernommen wurde, zwei, wenn eine Messung gescheitert ist</translation>
+    </message>
+    <message>
+        <source>Lar&amp;ge display</source>
+        <translation>&amp;Große Anzeige</translation>
+    </message>
+    <message>
+        <source>Show the running measurement and the last point so large that it can be read from afar</source>
+        <translation>Laufende Messung und letzten Punkt so groß zeigen, dass man sie von weitem lesen kann</translation>
+    </message>
+    <message>
+        <source>Save rep&amp;ort...</source>
+        <translation>Be&amp;richt speichern...</translation>
+    </message>
+    <message>
+        <source>Save the points, the result and the transformation in a text file</source>
+        <translation>Punkte, Ergebnis und Transformation in einer Textdatei speichern</translation>
+    </message>
+    <message>
+        <source>Cop&amp;y</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the report of the result to the clipboard</source>
+        <translation>Bericht zum Ergebnis in die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the report of the result</source>
+        <translation>Bericht zum Ergebnis kopieren</translation>
+    </message>
 </context>
 <context>
     <name>AdjustToToolDlg</name>
@@ -1284,6 +1328,29 @@ Umschalt + linke Maustaste</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>ReportHandout</name>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>Text file (*.txt)</source>
+        <translation>Textdatei (*.txt)</translation>
+    </message>
+    <message>
+        <source>The report is saved in &quot;%1&quot;.</source>
+        <translation>Der Bericht ist in „%1“ gespeichert.</translation>
+    </message>
+    <message>
+        <source>The report could not be saved in &quot;%1&quot;. An older file of that name is as it was.</source>
+        <translation>Der Bericht konnte nicht in „%1“ gespeichert werden. Eine ältere Datei dieses Namens ist, wie sie war.</translation>
+    </message>
+    <message>
+        <source>The report is copied.</source>
+        <translation>Der Bericht ist kopiert.</translation>
     </message>
 </context>
 <context>

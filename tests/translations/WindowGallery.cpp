@@ -2,12 +2,16 @@
 
 #include "CalibrationProgressDlg.h"
 #include "CountdownDlg.h"
+#include "FitPictureWindow.h"
 #include "HelpDialog.h"
+#include "MatchingEvaluation.h"
 #include "MatchingHelp.h"
 #include "MessageGallery.h"
 
+#include <QCheckBox>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QTableWidget>
 #include <QtTest>
 
 #include <array>
@@ -88,6 +92,21 @@ Visit matched(const QStringList &points)
     };
 }
 
+/// With the large display, and a point that slipped.
+bool enlarged(GalleryRoom &room, const Look &look)
+{
+    return room.openMatching([&](QWidget &window) {
+        window.findChild<QCheckBox *>(QStringLiteral("checkBox_largeDisplay"))->setChecked(true);
+        room.measure(window, {"0 0 0", "500 0 0", "0 300 0", "100 200 400", "300 300 100"});
+        auto *moved = window.findChild<QTableWidget *>(QStringLiteral("tableWidget_referencePoints"));
+        moved->item(3, 2)->setText(QStringLiteral("440"));
+        room.startMeasuring(window, 1);
+        room.advance(0.5);
+        settle();
+        look(window);
+    });
+}
+
 bool stalled(GalleryRoom &room, const Look &look)
 {
     return room.openProgress([&](QWidget &window) {
@@ -116,6 +135,15 @@ bool show(QDialog &dialog, const Look &look)
     settle();
     look(dialog);
     return true;
+}
+
+bool picture(GalleryRoom &room, const Look &look)
+{
+    const MatchingPoints plate{{0, 0, 0}, {500, 0, 0}, {500, 300, 0}, {0, 300, 0}};
+    const MatchingEvaluation symmetric =
+        MatchingEvaluation::of(plate, plate, MatchingEvaluation::Order::Searched, {});
+    FitPictureWindow dialog(plate, symmetric, room.window());
+    return show(dialog, look);
 }
 
 bool countdown(GalleryRoom &room, const Look &look)
@@ -163,6 +191,8 @@ const QList<Exhibit> &exhibits()
         {"matching-symmetric", matched({"0 0 0", "400 0 0", "400 400 0", "0 400 0"})},
         {"matching-line", matched({"0 0 0", "500 1 0", "1000 0 0", "1600 0 1", "1600 0.5 1"})},
         {"matching-first-three", matched({"0 0 0", "500 1 0", "1000 0 0", "0 400 0", "300 100 300"})},
+        {"matching-enlarged", enlarged},
+        {"matching-picture", picture},
         {"matching-help", help<MatchingHelp>},
         {"angle-tool", [](GalleryRoom &room, const Look &look) { return room.openAngleTool(look); }},
         {"progress", stalled},

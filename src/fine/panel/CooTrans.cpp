@@ -201,6 +201,11 @@ void CooTrans::resetAll()
     showBoxes(AdjustmentBoxes());
 }
 
+void CooTrans::tellModuleVersion(const QString &version)
+{
+    m_matchingDialog->tellModuleVersion(version);
+}
+
 void CooTrans::beginEntry()
 {
     m_ui->doubleSpinBox_x->setFocus();
@@ -425,7 +430,8 @@ void CooTrans::matchPoints()
     room->prepareReference();
     if (!self)
         return;
-    m_matchingDialog->tellScaling(m_fields.values().scaling);
+    m_matchingDialog->tellRoom(m_held,
+                               m_raData->scaling); // a scaling that was only typed ends with the matching
     m_matchingDialog->update_and_exec();
     if (!self)
         return;

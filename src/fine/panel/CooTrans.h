@@ -52,6 +52,9 @@ public:
     /// Offset and angles 0, scaling 1, silently.
     void resetAll();
 
+    /// Goes into the reports that the matching hands out.
+    void tellModuleVersion(const QString &version);
+
     /// Puts the keyboard on x, with its number selected.
     void beginEntry();
 

@@ -5,6 +5,7 @@
 #include "FitTrust.h"
 #include "HideWatch.h"
 #include "IOManager.h"
+#include "JobReport.h"
 #include "ListEditing.h"
 #include "ListKeys.h"
 #include "MatchingControls.h"
@@ -14,10 +15,12 @@
 #include "MatchingNotices.h"
 #include "MatchingReport.h"
 #include "MeasurementRecords.h"
+#include "MeasuringSigns.h"
 #include "MeasuringView.h"
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "PointFileDrop.h"
+#include "ReportHandout.h"
 #include "Resources.h"
 #include "ResultView.h"
 #include "ScreenFit.h"
@@ -61,6 +64,9 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_measuring = std::make_unique<MeasuringView>(*m_ui);
     m_notices = std::make_unique<MatchingNotices>(m_ui->scrollArea_notice, m_ui->label_notice);
     m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
+    m_signs =
+        new MeasuringSigns(m_ui->checkBox_sounds, m_ui->checkBox_largeDisplay, m_ui->w_largeDisplay, this);
+    m_handout = new ReportHandout([this] { return reportText(); }, this);
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
     connectOwnSignals();
@@ -77,6 +83,9 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_addMeasuredPoint, this, &AbcMatchingDialog::addMeasuredPoint);
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
     connect(m_ui->pushButton_picture, &QPushButton::clicked, this, &AbcMatchingDialog::showPicture);
+    connect(m_ui->pushButton_saveReport, &QPushButton::clicked, m_handout, &ReportHandout::save);
+    connect(m_ui->pushButton_copyReport, &QPushButton::clicked, m_handout, &ReportHandout::copy);
+    connect(m_handout, &ReportHandout::noticeChanged, this, [this] { m_notices->tellHandout(*m_handout); });
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
     connect(m_editing, &ListEditing::noticeChanged, this, [this] { m_notices->tellEditing(*m_editing); });
@@ -123,6 +132,7 @@ int AbcMatchingDialog::execInFrontOfAWindow()
 void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
 {
     m_state.opened(survey);
+    m_signs->refresh();
     m_measuring->fill(survey.calibrated);
     m_sampler.selectTool(m_measuring->selectedTool());
     showState();
@@ -145,11 +155,18 @@ void AbcMatchingDialog::showSurveyTexts()
 void AbcMatchingDialog::showPoints()
 {
     m_notices->tellPoints(m_lists->references(), m_lists->measured());
-    m_measuring->showCount(m_lists->measuredTable().rowCount(), m_lists->referenceTable().rowCount());
+    m_measuring->showCount(m_lists->measuredTable().rowCount(), referenceCount());
 }
 
-void AbcMatchingDialog::tellScaling(double scaling)
+int AbcMatchingDialog::referenceCount() const
 {
+    return m_lists->referenceTable().rowCount();
+}
+
+void AbcMatchingDialog::tellRoom(const RoomTrafoData &held, double scaling)
+{
+    m_job.before = held;
+    m_job.scaling = scaling;
     m_notices->setScaling(scaling);
 }
 
@@ -162,7 +179,7 @@ void AbcMatchingDialog::showState()
 {
     const int measured = m_lists->measuredTable().rowCount();
     const bool selected = m_lists->measuredTable().selectedRow() >= 0;
-    m_controls->show(m_state.controls({m_lists->referenceTable().rowCount(), measured, selected}));
+    m_controls->show(m_state.controls({referenceCount(), measured, selected}));
 }
 
 void AbcMatchingDialog::endOpening()
@@ -224,6 +241,21 @@ void AbcMatchingDialog::showPicture()
         ModalWindow<FitPictureWindow>(m_lists->references(), *m_result->evaluation(), this).exec();
 }
 
+QString AbcMatchingDialog::reportText() const
+{
+    const std::optional<MatchingEvaluation> &evaluation = m_result->evaluation();
+    if (!evaluation || evaluation->outcome != MatchingEvaluation::Outcome::Matched)
+        return {};
+    JobRecord record = m_job;
+    record.time = QDateTime::currentDateTime();
+    record.references = m_lists->references();
+    record.measured = m_lists->measured();
+    record.order = chosenOrder();
+    record.evaluation = *evaluation;
+    record.notices = m_notices->ofTheResult();
+    return JobReport::of(record);
+}
+
 // --- Measuring
 
 int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
@@ -251,7 +283,7 @@ void AbcMatchingDialog::takeStep(const ToolSampler::Step &step)
         emit startTipMea();
         break;
     case ToolSampler::Event::Sampled:
-        emit do_updateProgressbar(step.elapsed);
+        showSample(step.elapsed);
         break;
     case ToolSampler::Event::Ended:
         endMeasurement(step.judgement);
@@ -262,12 +294,33 @@ void AbcMatchingDialog::takeStep(const ToolSampler::Step &step)
     }
 }
 
+void AbcMatchingDialog::showSample(double elapsed)
+{
+    const ObjectWatch self(this);
+    emit do_updateProgressbar(elapsed);
+    if (self)
+        m_signs->showMeasuring(nextPoint(), referenceCount(), m_measuring->percent());
+}
+
+bool AbcMatchingDialog::replaces() const
+{
+    const QCheckBox *replace = m_ui->w_replaceCheckBox;
+    return replace->isChecked() && replace->isEnabled();
+}
+
+/// As the tables count them.
+int AbcMatchingDialog::nextPoint() const
+{
+    return m_editing->rowForMeasured(replaces()) + 1;
+}
+
 void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
 {
     using Outcome = TipCollector::Outcome;
     const ObjectWatch self(this);
     if (judgement.outcome == Outcome::Point) {
-        m_mean = judgement.mean;
+        m_taken = judgement;
+        m_job.conditions = m_sampler.conditions();
         emit do_setTrafoText(QString());
         if (self)
             emit do_addMeasuredPoint();
@@ -278,6 +331,8 @@ void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
     } else if (judgement.outcome == Outcome::EndedEarly) {
         report([] { return MatchingReport::tipMoved(); });
     }
+    if (self && (judgement.outcome == Outcome::TipMoved || judgement.outcome == Outcome::EndedEarly))
+        m_signs->measurementFailed(nextPoint(), referenceCount());
     if (self)
         emit do_updateProgressbar(0.0);
 }
@@ -330,8 +385,11 @@ void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 
 void AbcMatchingDialog::addMeasuredPoint()
 {
-    const QCheckBox *replace = m_ui->w_replaceCheckBox;
-    m_editing->takeMeasured(m_mean, replace->isChecked() && replace->isEnabled());
+    const int point = nextPoint();
+    const ObjectWatch self(this);
+    m_editing->takeMeasured(m_taken.mean, replaces());
+    if (self)
+        m_signs->pointTaken(point, referenceCount(), m_taken.standardDeviation);
 }
 
 // --- The lists
@@ -411,6 +469,12 @@ void AbcMatchingDialog::onOrderToggled(bool toggled)
     evaluate();
 }
 
+MatchingEvaluation::Order AbcMatchingDialog::chosenOrder() const
+{
+    return m_ui->w_orderCheckBox->isChecked() ? MatchingEvaluation::Order::Preserved
+                                              : MatchingEvaluation::Order::Searched;
+}
+
 void AbcMatchingDialog::evaluate()
 {
     m_state.beginEvaluation();
@@ -418,11 +482,10 @@ void AbcMatchingDialog::evaluate()
     m_result->clear();
     m_notices->forgetResult();
     showPoints();
-    const MatchingEvaluation::Order order = m_ui->w_orderCheckBox->isChecked()
-                                                ? MatchingEvaluation::Order::Preserved
-                                                : MatchingEvaluation::Order::Searched;
+    m_signs->showCount(m_lists->measuredTable().rowCount(), referenceCount());
+    m_handout->forget();
     const std::optional<MatchingEvaluation> evaluation =
-        m_evaluation->start(m_lists->references(), m_lists->measured(), order);
+        m_evaluation->start(m_lists->references(), m_lists->measured(), chosenOrder());
     if (evaluation) {
         showEvaluation(*evaluation);
         return;

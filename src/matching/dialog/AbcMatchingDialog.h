@@ -1,5 +1,6 @@
 #pragma once
 
+#include "JobRecord.h"
 #include "MatchingEvaluation.h"
 #include "MatchingPoint.h"
 #include "MatchingState.h"
@@ -21,8 +22,10 @@ class ListEditing;
 class MatchingControls;
 class MatchingLists;
 class MatchingNotices;
+class MeasuringSigns;
 class MeasuringView;
 class QTableWidgetItem;
+class ReportHandout;
 class ResultView;
 class SearchProgress;
 struct BackendVersions;
@@ -46,9 +49,11 @@ public:
     AbcMatchingDialog(IOManager *commands, const BackendVersions *versions, QWidget *parent = nullptr);
     ~AbcMatchingDialog() override;
 
-    /// The scaling of the room that a matching leaves in force; a scaling other than 1 is told before
-    /// "Apply".
-    void tellScaling(double scaling);
+    /// For the report that is handed out.
+    void tellModuleVersion(const QString &version) { m_job.moduleVersion = version; }
+    /// What the controller held before it was made neutral for the measurements, and the scaling that a
+    /// matching leaves in force; one other than 1 is told before "Apply".
+    void tellRoom(const RoomTrafoData &held, double scaling);
 
     /// Takes a measurement record of the subscribed kind. Returns 0, or -2 for a record that cannot be
     /// decoded.
@@ -119,6 +124,12 @@ private:
     void cancelSearch();
     void showEvaluation(const MatchingEvaluation &evaluation);
     void showPicture();
+    [[nodiscard]] QString reportText() const;
+    [[nodiscard]] MatchingEvaluation::Order chosenOrder() const;
+    [[nodiscard]] bool replaces() const;
+    [[nodiscard]] int nextPoint() const;
+    void showSample(double elapsed);
+    [[nodiscard]] int referenceCount() const;
 
     std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
     MeasurementAccess m_controller;
@@ -132,11 +143,14 @@ private:
     std::unique_ptr<ResultView> m_result;
     EvaluationThread *m_evaluation;
     SearchProgress *m_progress;
+    MeasuringSigns *m_signs;
+    ReportHandout *m_handout;
 
     MatchingState m_state;
     RecordWatch m_records;
     bool m_running = false;
-    MatchingPoint m_mean{};
+    TipCollector::Judgement m_taken; ///< of the last point
+    JobRecord m_job;                 ///< what is known of it before it is reported
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
 };

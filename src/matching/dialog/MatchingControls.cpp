@@ -10,7 +10,8 @@ MatchingControls::MatchingControls(Ui::AbcMatchingDialogClass &ui, const QDialog
              ui.tableWidget_referencePoints, ui.w_loadButton, ui.pushButton_save, ui.pushButton_addRefPoint,
              ui.pushButton_removeRefPoint, ui.w_orderCheckBox, ui.w_replaceCheckBox, ui.w_removeButton,
              ui.pushButton_clearMeaPoints, ui.w_measureButton, ui.progressBar, ui.w_applyButton,
-             ui.pushButton_picture, ui.w_closeButton, ui.scrollArea_notice})
+             ui.pushButton_picture, ui.pushButton_saveReport, ui.pushButton_copyReport, ui.w_closeButton,
+             ui.scrollArea_notice})
         m_others.removeOne(ruled);
 }
 
@@ -27,7 +28,10 @@ void MatchingControls::show(const MatchingState::Controls &controls)
     m_ui.pushButton_clearMeaPoints->setEnabled(controls.clear);
     m_ui.progressBar->setEnabled(controls.progress);
     m_ui.w_applyButton->setEnabled(controls.apply);
-    m_ui.pushButton_picture->setEnabled(controls.apply); // it shows what would be applied
+    // They show what would be applied.
+    for (QWidget *shown : std::initializer_list<QWidget *>{
+             m_ui.pushButton_picture, m_ui.pushButton_saveReport, m_ui.pushButton_copyReport})
+        shown->setEnabled(controls.apply);
     enableMeasuring(controls.measure);
 }
 

@@ -6,6 +6,7 @@
 #include "MatchingReport.h"
 #include "PointNotices.h"
 #include "ReferenceGeometry.h"
+#include "ReportHandout.h"
 #include "SetHints.h"
 
 #include <limits>
@@ -32,6 +33,20 @@ void MatchingNotices::tellEditing(const ListEditing &editing)
     m_line.say(Side::Lists, [&editing] { return editing.notice(); });
 }
 
+void MatchingNotices::tellHandout(const ReportHandout &handout)
+{
+    m_line.say(Side::Handout, [&handout] { return handout.notice(); });
+}
+
+QStringList MatchingNotices::ofTheResult() const
+{
+    QStringList notices = m_line.told({Side::Points, Side::Worst, Side::Result, Side::Scaling});
+    const QString expected = m_expected ? m_expected() : QString();
+    if (!expected.isEmpty())
+        notices << expected;
+    return notices;
+}
+
 void MatchingNotices::tellPoints(const MatchingPoints &references, const MatchingPoints &measured)
 {
     const SetHints hints = SetHints::of(references, measured);
@@ -47,7 +62,8 @@ void MatchingNotices::tellResult(const MatchingEvaluation &evaluation, const Fit
     m_line.say(Side::Result, [evaluation, limitMm] { return PointNotices::ofResult(evaluation, limitMm); });
     m_line.say(Side::Worst,
                [trust, rmsMm = evaluation.rmsMm] { return PointNotices::ofWorst(trust, rmsMm); });
-    m_line.setTip([trust] { return PointNotices::ofExpected(trust); });
+    m_expected = [trust] { return PointNotices::ofExpected(trust); };
+    m_line.setTip(m_expected);
     m_valid = evaluation.outcome == MatchingEvaluation::Outcome::Matched;
     tellScaling();
 }

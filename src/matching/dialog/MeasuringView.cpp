@@ -53,8 +53,7 @@ int MeasuringView::selectedTool() const
 
 void MeasuringView::showCount(int measured, int references)
 {
-    const bool any = measured > 0 || references > 0;
-    m_ui.label_count->setText(any ? MatchingReport::measuredOf(measured, references) : QString());
+    m_ui.label_count->setText(MatchingReport::measuredOf(measured, references));
 }
 
 void MeasuringView::showNoToolNotice(bool show)
@@ -86,6 +85,13 @@ void MeasuringView::showStart(double duration)
 {
     m_ui.progressBar->setRange(0, std::max(0, hundredths(duration)));
     m_ui.progressBar->setValue(0);
+}
+
+int MeasuringView::percent() const
+{
+    constexpr qint64 all = 100;
+    const int end = m_ui.progressBar->maximum();
+    return end > 0 ? static_cast<int>(all * m_ui.progressBar->value() / end) : int(all);
 }
 
 void MeasuringView::showElapsed(double elapsed)

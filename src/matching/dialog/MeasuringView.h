@@ -35,6 +35,8 @@ public:
     /// Empties the bar and sets its end.
     void showStart(double duration);
     void showElapsed(double elapsed);
+    /// How much of the bar is filled.
+    [[nodiscard]] int percent() const;
 
 private:
     Ui::AbcMatchingDialogClass &m_ui;

@@ -15,7 +15,7 @@ class NoticeLine
 {
 public:
     /// Who speaks, in the order of the sentences. While the tools have something to say, nobody else does.
-    enum class Side { Tools, Data, Lists, Handout, Points, Result, Worst, Scaling };
+    enum class Side { Tools, Data, Lists, Handout, Points, Worst, Result, Scaling };
 
     using Text = std::function<QString()>;
 

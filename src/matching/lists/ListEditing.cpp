@@ -78,11 +78,17 @@ void ListEditing::clearMeasured()
     change(m_lists.measuredList(), 0, m_lists.measuredTable().rowCount(), {}, ListChange::Points::AsGiven);
 }
 
-void ListEditing::takeMeasured(const MatchingPoint &point, bool replaces)
+int ListEditing::rowForMeasured(bool replaces)
 {
     const int selected = replaces ? m_lists.measuredTable().selectedRow() : -1;
     const bool found = selected >= 0 && selected < static_cast<int>(m_lists.measured().size());
-    const int row = found ? selected : m_lists.measuredTable().rowCount();
+    return found ? selected : m_lists.measuredTable().rowCount();
+}
+
+void ListEditing::takeMeasured(const MatchingPoint &point, bool replaces)
+{
+    const int row = rowForMeasured(replaces);
+    const bool found = row < m_lists.measuredTable().rowCount();
     change(m_lists.measuredList(), row, found ? 1 : 0, {PointRow{point, {}}}, ListChange::Points::AsGiven);
 }
 

@@ -31,6 +31,8 @@ public:
     void removeSelectedMeasured();
     void clearMeasured();
 
+    /// The row of the measured points that takeMeasured() fills, from 0.
+    [[nodiscard]] int rowForMeasured(bool replaces);
     /// Replaces the selected point if `replaces` and there is one, otherwise adds the point.
     void takeMeasured(const MatchingPoint &point, bool replaces);
     /// A reference cell got another text from the user, who is told when it is no number.

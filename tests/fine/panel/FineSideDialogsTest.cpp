@@ -4,8 +4,10 @@
 
 #include <Eigen/Geometry>
 
+#include <QClipboard>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTableWidget>
 #include <QtTest>
 
 #include <cmath>
@@ -26,6 +28,29 @@ bsMatrix rigid(const Eigen::Matrix3d &rotation, const Eigen::Vector3d &translati
     return matrix;
 }
 
+/// Enters three points and measures them with tool 1, turned by a quarter about z and shifted.
+void matchThreePoints(CooTrans &panel, QWidget &matching)
+{
+    auto *table = matching.findChild<QTableWidget *>("tableWidget_referencePoints");
+    const std::array<std::array<int, 2>, 3> corners{{{0, 0}, {400, 0}, {0, 250}}};
+    double time = 0.0;
+    for (std::size_t row = 0; row < corners.size(); ++row) {
+        matching.findChild<QPushButton *>("pushButton_addRefPoint")->click();
+        for (std::size_t column = 0; column < 2; ++column)
+            table->item(int(row), int(column))->setText(QString::number(corners[row][column]));
+        for (const char *flags : {"1 0 0 0", "1 0 0 0", "0 0 0 0"}) {
+            const QString stamp = QString("ts %1").arg(time += 1.5);
+            const QString tool =
+                QString("6dmt2 1 [0 1.000 4 2.500][%1 %2 0.25][1 0 0 0 1 0 0 0 1][%3][0 0 0 0 0 0]")
+                    .arg(100.125 - corners[row][1])
+                    .arg(200 + corners[row][0])
+                    .arg(flags);
+            panel.dataReceived("ts", qPrintable(stamp));
+            panel.dataReceived("6dmt2", qPrintable(tool));
+        }
+    }
+}
+
 } // namespace
 
 class FineSideDialogsTest : public QObject
@@ -40,6 +65,7 @@ private slots:
     void shouldKeepTheRoomNeutralAroundTheMatching();
     void shouldNotBeginASecondNeutralRoom();
     void shouldPreviewFromAppliedEditsAfterTheMatching();
+    void shouldReportWhatTheControllerHeldAndWillGet();
     void shouldReadEverythingAnewAfterTheAngleTool();
     void shouldSayWhenTrackingIsNotAvailable();
 };
@@ -206,6 +232,38 @@ void FineSideDialogsTest::shouldPreviewFromAppliedEditsAfterTheMatching()
     p.widget.storeToRaData();
     p.widget.loadPage();
     QVERIFY(difference(p.room()->transformation(), previewed) < 1e-6);
+}
+
+void FineSideDialogsTest::shouldReportWhatTheControllerHeldAndWillGet()
+{
+    FinePanel p;
+    p.host.setAnswer("tracking extra_scaling", "1.02");
+    p.record.translation = {10, 0, 0};
+    p.record.scaling = 1.02;
+    p.widget.tellModuleVersion("v9");
+    p.widget.loadPage();
+    p.type("doubleSpinBox_scalingFactor", "1.03"); // typed only, it ends with the matching
+    QString notice;
+    p.answer.then([&](QWidget *matching) {
+        matchThreePoints(p.widget, *matching);
+        notice = matching->findChild<QLabel *>("label_notice")->text();
+        matching->findChild<QPushButton *>("pushButton_copyReport")->click();
+        matching->findChild<QPushButton *>("w_applyButton")->click();
+    });
+    p.click("w_bodyMatchingButton");
+    p.widget.storeToRaData();
+
+    QVERIFY(notice.contains("The scaling 1.02000 of the room"));
+    const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+    QVERIFY(lines.contains("Module version: v9"));
+    QVERIFY(lines.contains("Translation in mm: 10.000 0.000 0.000"));
+    QCOMPARE(lines.count("Scaling: 1.02000"), 2);
+    QCOMPARE(p.record.scaling, 1.02);
+    QString translation = "Translation in mm:";
+    for (const double value : p.record.translation)
+        translation += ' ' + QString::number(value, 'f', 3);
+    QCOMPARE(translation, QString("Translation in mm: -200.000 100.125 -0.250"));
+    QVERIFY(lines.contains(translation));
 }
 
 void FineSideDialogsTest::shouldReadEverythingAnewAfterTheAngleTool()

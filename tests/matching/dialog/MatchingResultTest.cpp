@@ -500,14 +500,14 @@ void MatchingResultTest::shouldTellThatThePointsDoNotFit()
 void MatchingResultTest::shouldTellTheScalingBeforeItIsApplied()
 {
     OpenedDialog opened;
-    opened.dialog().tellScaling(1.02);
+    opened.dialog().tellRoom(RoomTrafoData(), 1.02);
     opened.run([&] {
         enter(opened, corners);
         QVERIFY(opened.notice().isEmpty());
         measureIn(opened, corners, {0, 1, 2});
         QVERIFY(opened.notice().contains(QStringLiteral("The scaling 1.02000 of the room")));
     });
-    opened.dialog().tellScaling(1.0);
+    opened.dialog().tellRoom(RoomTrafoData(), 1.0);
     opened.run([&] { QVERIFY(opened.notice().isEmpty()); });
 }
 
