@@ -190,8 +190,10 @@ template <int Size>
 Values grid()
 {
     Values values;
-    for (int i = 0; i < Size * Size; ++i)
-        values.insert(values.end(), {100.0 * (i % Size), 100.0 * (i / Size), 0.0});
+    for (int row = 0; row < Size; ++row) {
+        for (int column = 0; column < Size; ++column)
+            values.insert(values.end(), {100.0 * column, 100.0 * row, 0.0});
+    }
     std::swap_ranges(values.begin() + 6, values.begin() + 9, values.end() - 3);
     return values;
 }

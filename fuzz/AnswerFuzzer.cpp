@@ -70,6 +70,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         ++first;
     }
     for (const AnswerHost::Answer &answer : host.answers())
-        requireSame([&answer] { return AnswerTexts::read(answer.text.c_str()); });
+        requireSame([&answer] { return AnswerTexts::read(answer.visible()); });
     return 0;
 }

@@ -57,7 +57,7 @@ AnswerHost::Answer AnswerHost::next() const
     if (m_calls >= mostCalls)
         return {std::string(), true};
     const Answer &answer = m_answers[m_next % m_answers.size()];
-    return {std::string(answer.text.c_str()).substr(0, bufferSize - 1), answer.fails};
+    return {answer.visible().substr(0, bufferSize - 1), answer.fails};
 }
 
 const AnswerHost::Answer &AnswerHost::take()
@@ -68,7 +68,8 @@ const AnswerHost::Answer &AnswerHost::take()
 int AnswerHost::text(char *buffer)
 {
     const Answer &answer = take();
-    std::memcpy(buffer, answer.text.data(), answer.text.size());
+    // Without an end of its own: the buffer was cleared, or is full.
+    std::copy(answer.text.begin(), answer.text.end(), buffer);
     return answer.fails ? 1 : 0;
 }
 

@@ -18,9 +18,13 @@ public:
     struct Answer {
         std::string text;
         bool fails = false;
+
+        /// What a reader of the buffer sees of it.
+        std::string visible() const { return text.substr(0, text.find('\0')); }
     };
 
     explicit AnswerHost(const std::string &lines);
+    virtual ~AnswerHost() = default;
 
     /// The next call gets the n-th answer, and what was noted is forgotten.
     void begin(std::size_t n);

@@ -221,6 +221,7 @@ public:
         : m_access(access)
     {
     }
+    virtual ~Tracking() = default;
     void stopTracking() override { m_access.stopTrackingIfMeasuring(); }
     void startTracking() override { m_access.startTracking(); }
 

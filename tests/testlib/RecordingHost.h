@@ -30,7 +30,7 @@ class RecordingHost final : public IOManager
 {
 public:
     RecordingHost();
-    ~RecordingHost() = default;
+    virtual ~RecordingHost() = default;
 
     /// The answer of a parameter, or of a raw command when `text` is the whole command.
     void setAnswer(const QString &text, const QByteArray &answer);
