@@ -7,6 +7,7 @@
 #include "TestRegistry.h"
 #include "TransformChecks.h"
 
+#include <Eigen/Geometry>
 #include <QtTest>
 
 #include <cmath>
@@ -121,7 +122,7 @@ void RefinementTest::shouldAgreeWithTheLiteralFit()
     QFETCH(bool, withScale);
     QFETCH(bool, wrongPairs);
     PointSets sets(15);
-    int successes = 0, failures = 0, others = 0;
+    int successes = 0, failures = 0;
     for (int trial = 0; trial < 3000; ++trial) {
         const Points A = sets.box(4 + trial % 9, 2000);
         const Points moved = sets.moved(A, 1.0);
@@ -134,16 +135,12 @@ void RefinementTest::shouldAgreeWithTheLiteralFit()
             trafo3d_opttrafo_n(T.data(), dof, nullptr, withScale, A.data(), B.data(), countOf(A), &rms);
         const int literal =
             LiteralFit::refine(L.data(), dof, withScale, A.data(), B.data(), countOf(A), &literalRms);
+        QCOMPARE(code, literal);
         code == 0 ? ++successes : ++failures;
-        if (code != literal) {
-            ++others;
-            continue;
-        }
         QVERIFY(std::fabs(rms - literalRms) < 1e-6);
         for (std::size_t i = 0; i < T.size(); ++i)
             QVERIFY(std::fabs(T[i] - L[i]) < 1e-5);
     }
-    QVERIFY2(others <= 3, qPrintable(QString::number(others)));
     QVERIFY(wrongPairs ? failures > 300 : successes > 1500);
 }
 
@@ -261,12 +258,14 @@ void RefinementTest::shouldHoldTheThirdRotationWithFiveParameters()
 void RefinementTest::shouldSettleTwoPairsWithFiveParametersAndAScale()
 {
     // As many numbers as parameters: turned a little about x and y, and stretched.
+    const Eigen::Matrix3d turn = (Eigen::AngleAxisd(0.03, Eigen::Vector3d::UnitX()) *
+                                  Eigen::AngleAxisd(-0.02, Eigen::Vector3d::UnitY()))
+                                     .toRotationMatrix();
     const Points B = {10, 20, 500, -30, 40, -700};
-    Transform moved;
-    const double step[7] = {3, -2, 0, 50, 60, -70, 20};
-    trafo3d_applyparams(moved.data(), identity.data(), step);
     Points A(6);
-    trafo3d_transformpoints(A.data(), moved.data(), B.data(), 2);
+    Eigen::Map<Eigen::Matrix3Xd>(A.data(), 3, 2) =
+        (1.02 * turn * Eigen::Map<const Eigen::Matrix3Xd>(B.data(), 3, 2)).colwise() +
+        Eigen::Vector3d(5, 6, -7);
     Transform T = identity;
     double rms = -1, scale = -1;
     QCOMPARE(trafo3d_opttrafo_n(T.data(), 5, &scale, 1, A.data(), B.data(), 2, &rms), 0);
