@@ -1,0 +1,178 @@
+"""How a mutant becomes a test program: only what its file is compiled into is compiled anew, and linked in front of the
+libraries of an existing build, which stay as they are."""
+import collections
+import functools
+import json
+import os
+import pathlib
+import shlex
+import shutil
+import subprocess
+
+import sources
+
+WORK = sources.ROOT / "build" / "mutants"
+
+Object = collections.namedtuple("Object", "path source command")
+
+
+class BuildError(Exception):
+    """The mutant does not compile."""
+
+
+class Build:
+    """What CMake and ninja know about a configured and built tree."""
+
+    def __init__(self, preset):
+        self.folder = sources.ROOT / "build" / preset
+        self.objects = {}
+        for entry in json.loads((self.folder / "compile_commands.json").read_text()):
+            command = shlex.split(entry["command"])
+            path = command[command.index("-o") + 1]
+            self.objects[path] = Object(path, pathlib.Path(entry["file"]), command)
+        self.tests = {entry["name"]: entry for entry in self.listed_tests() if "command" in entry}
+        self.users = self.users_of_files()
+
+    def listed_tests(self):
+        listed = subprocess.run(["ctest", "--test-dir", self.folder, "--show-only=json-v1"], capture_output=True, check=True)
+        return json.loads(listed.stdout)["tests"]
+
+    def users_of_files(self):
+        """The objects that each file of ours was compiled into."""
+        users, current = collections.defaultdict(set), None
+        listed = subprocess.run(["ninja", "-C", self.folder, "-t", "deps"], capture_output=True, check=True).stdout
+        for line in listed.decode().splitlines():
+            if line.startswith("    ") and not line.startswith("    /usr/"):
+                users[os.path.normpath(self.folder / line.strip())].add(current)
+            elif line and not line.startswith(" "):
+                current = line.split(": #deps", 1)[0]
+        return users
+
+    def program_of(self, test):
+        """The program of a test, relative to the build."""
+        for word in self.tests[test]["command"]:
+            if word.startswith(f"{self.folder}/"):
+                return os.path.relpath(word, self.folder)
+        return None
+
+    @functools.lru_cache(maxsize=None)
+    def link_of(self, output):
+        """How something is linked: the words of the command."""
+        listed = subprocess.run(["ninja", "-C", self.folder, "-t", "commands", output], capture_output=True, check=True)
+        words = shlex.split(listed.stdout.decode().splitlines()[-1])
+        return [word for word in words if word not in (":", "&&")]
+
+    @functools.lru_cache(maxsize=None)
+    def parts_of(self, output):
+        """The objects that are linked, or that lie in a library that is."""
+        parts = set()
+        for word in self.link_of(output):
+            if word.endswith(".o"):
+                parts.add(word)
+            elif word.endswith(".a") and not word.startswith("/"):
+                library = pathlib.PurePath(word)
+                inside = f"{library.parent}/CMakeFiles/{library.stem.removeprefix('lib')}.dir/"
+                parts.update(path for path in self.objects if path.startswith(inside))
+        return parts
+
+    def compiled_from(self, path):
+        """The objects in which a file's text is; what the generators write only declares."""
+        return {name for name in self.users[str(self.header_of(path))] if name in self.objects
+                and "_autogen/" not in str(self.objects[name].source)}
+
+    def header_of(self, path):
+        """The file itself, or the header that is generated from a form."""
+        if not path.endswith(".ui"):
+            return sources.ROOT / path
+        name = f"ui_{pathlib.PurePath(path).stem}.h"
+        return next((pathlib.Path(file) for file in self.users if file.endswith("/" + name)), sources.ROOT / path)
+
+    @functools.cached_property
+    def uic(self):
+        return next(iter(shutil.which(name) for name in ("uic", "uic-qt5") if shutil.which(name)),
+                    "/usr/lib/qt5/bin/uic")
+
+
+class Workshop:
+    """A copy of the sources in which one mutant at a time is made, and what is built from it."""
+
+    def __init__(self, build, name):
+        self.build = build
+        self.folder = WORK / name
+        shutil.rmtree(self.folder, ignore_errors=True)
+        for tree in ("src", "bench"):
+            shutil.copytree(sources.ROOT / tree, self.folder / tree)
+        self.forms = self.folder / "forms"
+        self.forms.mkdir()
+        self.module = self.folder / "libroomadjustment2g.so"
+        self.compiled = {}
+
+    def make(self, mutant):
+        """Puts the mutant in its place; what was built from the one before is forgotten."""
+        self.compiled = {}
+        (self.folder / mutant.path).write_text(mutant.changed(sources.text_of(mutant.path)))
+        if mutant.path.endswith(".ui"):
+            self.run([self.build.uic, "-o", self.forms / f"ui_{pathlib.PurePath(mutant.path).stem}.h",
+                      self.folder / mutant.path], sources.ROOT)
+
+    def restore(self, mutant):
+        (self.folder / mutant.path).write_text(sources.text_of(mutant.path))
+        for form in self.forms.iterdir():
+            form.unlink()
+
+    def program(self, test, mutant):
+        """Links the test with the mutant, and the module first when the test loads it. None: neither has it inside."""
+        output = self.build.program_of(test)
+        loads = self.loads_module(output)
+        changed = self.build.compiled_from(mutant.path)
+        if loads and changed & self.build.parts_of(MODULE):
+            self.link(MODULE, changed & self.build.parts_of(MODULE), self.module)
+        elif not changed & self.build.parts_of(output):
+            return None
+        program = self.folder / pathlib.PurePath(output).name
+        self.link(output, changed & self.build.parts_of(output) | loads, program)
+        return program
+
+    def loads_module(self, output):
+        """The objects of a program that name the module's library."""
+        return {name for name in self.build.parts_of(output)
+                if any(word.startswith("-DMODULE_LIBRARY=") for word in self.build.objects[name].command)}
+
+    def link(self, output, objects, target):
+        mine = {name: self.compile(name) for name in sorted(objects)}
+        words, result = self.build.link_of(output), []
+        for place, word in enumerate(words):
+            if place > 0 and words[place - 1] == "-o":
+                word = str(target)
+            result.append(mine.pop(word, word))
+        # In front of the libraries: what stands there is not looked for in them.
+        behind = result.index("-o") + 2
+        self.run(result[:behind] + list(mine.values()) + result[behind:], self.build.folder)
+
+    def compile(self, name):
+        if name not in self.compiled:
+            target = str(self.folder / name.replace("/", "_"))
+            command = [self.adapted(word) for word in self.build.objects[name].command]
+            command[command.index("-o") + 1] = target
+            self.run([command[0], f"-I{self.forms}", *command[1:], "-w", *self.quickly(name)], self.build.folder)
+            self.compiled[name] = target
+        return self.compiled[name]
+
+    def quickly(self, name):
+        """The tests bring their own level, which their precompiled header has, too."""
+        return [] if name.startswith("tests/") else ["-O1"]
+
+    def adapted(self, word):
+        if word.startswith("-DMODULE_LIBRARY="):
+            return f'-DMODULE_LIBRARY="{self.module}"'
+        for tree in ("src", "bench"):
+            word = word.replace(f"{sources.ROOT}/{tree}/", f"{self.folder}/{tree}/")
+        return word
+
+    def run(self, command, folder):
+        result = subprocess.run([*map(str, command)], cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
+        if result.returncode:
+            raise BuildError(result.stderr.decode(errors="replace"))
+
+
+MODULE = "module/libroomadjustment2g.so"

@@ -1,0 +1,114 @@
+#!/usr/bin/env python3
+"""What tests/mutate changes, and what it leaves alone."""
+import sys
+import unittest
+
+sys.dont_write_bytecode = True
+
+import changes  # noqa: E402
+import sources  # noqa: E402
+
+SOURCE = """#include "Panel.h"
+
+Panel::Panel(QWidget *parent, int count)
+    : m_count(count)
+{
+    connect(m_ui->button, &QPushButton::clicked, this, [this] { emit applied(m_count, 2); });
+    m_ui->label->hide();
+    const int width = largest(first, second);
+    if (width < 0) // never (a, b)
+        reset();
+    return;
+}
+"""
+
+FORM = """<ui>
+ <widget class="QDoubleSpinBox" name="box">
+  <property name="enabled">
+   <bool>false</bool>
+  </property>
+  <property name="minimum">
+   <double>-5.500000000000000</double>
+  </property>
+  <property name="objectName">
+   <string>7</string>
+  </property>
+ </widget>
+ <tabstops>
+  <tabstop>box</tabstop>
+  <tabstop>button</tabstop>
+  <tabstop>list</tabstop>
+ </tabstops>
+</ui>
+"""
+
+
+def results(path, text, kind):
+    """The lines that differ in each mutant of the kind."""
+    sources.text_of = lambda _: text
+    found = [mutant for mutant in changes.mutants_of(path) if mutant.kind == kind]
+    return [[line.strip() for line in mutant.changed(text).splitlines() if line not in text.splitlines()]
+            for mutant in found]
+
+
+class ChangesTest(unittest.TestCase):
+    def test_should_exchange_arguments_but_no_parameters(self):
+        self.assertEqual(results("Panel.cpp", SOURCE, "arguments"), [
+            ["connect(m_ui->button, &QPushButton::clicked, this, [this] { emit applied(2, m_count); });"],
+            ["const int width = largest(second, first);"]])
+
+    def test_should_remove_calls_but_no_declarations(self):
+        texts = [mutant.changed(SOURCE) for mutant in changes.mutants_of("Panel.cpp") if mutant.kind == "statement"] \
+            if results("Panel.cpp", SOURCE, "statement") else []
+        self.assertEqual(len(texts), 2)
+        self.assertNotIn("hide()", texts[0])
+        self.assertNotIn("reset()", texts[1])
+        self.assertIn("if (width < 0) // never (a, b)\n        ;\n", texts[1])
+
+    def test_should_remove_connections(self):
+        self.assertEqual(results("Panel.cpp", SOURCE, "connection"), [[";"]])
+
+    def test_should_change_numbers_of_the_code_alone(self):
+        self.assertEqual(results("Panel.cpp", SOURCE, "token"), [["if (width <= 0) // never (a, b)"],
+                                                               ["if (width < 1) // never (a, b)"]])
+
+    def test_should_leave_declarations_of_headers_alone(self):
+        self.assertEqual(results("Panel.h", "class Panel\n{\n    Panel(int, int);\n};\n", "statement"), [])
+
+    def test_should_change_ranges_states_and_the_tab_order_of_forms(self):
+        self.assertEqual(results("Panel.ui", FORM, "form")[:2], [["<double>-4.5</double>"], ["<bool>true</bool>"]])
+        sources.text_of = lambda _: FORM
+        orders = [mutant.replacement.split() for mutant in changes.mutants_of("Panel.ui")[2:]]
+        self.assertEqual(orders, [["<tabstop>button</tabstop>", "<tabstop>box</tabstop>"],
+                                  ["<tabstop>list</tabstop>", "<tabstop>button</tabstop>"]])
+
+    def test_should_draw_the_same_whatever_happens_elsewhere(self):
+        sources.text_of = lambda _: SOURCE
+        before = changes.drawn(changes.mutants_of("Panel.cpp"), 3)
+        longer = SOURCE.replace("    return;", "    m_last = 0;\n    return;")
+        sources.text_of = lambda _: longer
+        after = changes.drawn(changes.mutants_of("Panel.cpp"), 3)
+        self.assertEqual([mutant for mutant in after if mutant in before and mutant.kind == "statement"],
+                         [mutant for mutant in before if mutant.kind == "statement"])
+        self.assertNotEqual(before, changes.drawn(changes.mutants_of("Panel.cpp"), 4))
+
+
+class FoldersTest(unittest.TestCase):
+    def test_should_ask_the_own_test_of_a_folder_first(self):
+        known = {"fine_panel", "fine_without_opengl", "dialog", "link", "translations"}
+        self.assertEqual(sources.tests_of("src/fine/panel/CooTrans.cpp", known),
+                         ["fine_panel", "fine_without_opengl", "dialog"])
+        self.assertEqual(sources.tests_of("src/fine/panel/CooTrans.ui", known)[-1], "translations")
+
+    def test_should_ask_the_test_of_the_folder_above_where_there_is_none(self):
+        self.assertEqual(sources.tests_of("src/link/words/Words.cpp", {"link", "dialog"}), ["link", "dialog"])
+
+    def test_should_tell_what_computes(self):
+        for folder in ("src/math", "src/link/numbers", "src/matching/fit", "bench/controller"):
+            self.assertEqual(sources.group_of(folder), sources.COMPUTING)
+        for folder in ("src/fine/panel", "src/matching/dialog", "src/view/canvas"):
+            self.assertEqual(sources.group_of(folder), sources.ELSEWHERE)
+
+
+if __name__ == "__main__":
+    unittest.main()
