@@ -1,15 +1,14 @@
 #include "bsDoubleWidget.h"
 
+#include "EditorLayout.h"
 #include "NumberBox.h"
 
-#include <QBoxLayout>
 #include <QEvent>
 #include <QLabel>
 #include <QSignalBlocker>
 
 #include <qwt_wheel.h>
 
-#include <array>
 #include <cmath>
 
 namespace
@@ -17,51 +16,33 @@ namespace
 
 constexpr double wheelEnd = 360.0;
 constexpr double wheelTotalAngle = 3600.0; // ten turns over the range
-constexpr double halfWheel = 180.0;
-constexpr double wheelPositions = 361.0;
 constexpr double wrappingGap = 1.0;
 constexpr double smallestChange = 1e-5;
 constexpr int tickCount = 15;
-constexpr int minimumPartWidth = 56;
-
-/// Indexed by bsDoublePosition. The wheel is the second part of its layout, the label the first of its own;
-/// beside the spin box the layout runs by the name of the side.
-constexpr std::array<QBoxLayout::Direction, 4> labelDirections{
-    QBoxLayout::TopToBottom, QBoxLayout::BottomToTop, QBoxLayout::LeftToRight, QBoxLayout::RightToLeft};
-constexpr std::array<QBoxLayout::Direction, 4> wheelDirections{
-    QBoxLayout::BottomToTop, QBoxLayout::TopToBottom, QBoxLayout::RightToLeft, QBoxLayout::LeftToRight};
 
 } // namespace
 
 bsDoubleWidget::bsDoubleWidget(QWidget *parent)
     : QWidget(parent)
-    , m_outerLayout(new QBoxLayout(QBoxLayout::LeftToRight, this))
     , m_label(new QLabel(this))
-    , m_innerLayout(new QBoxLayout(QBoxLayout::LeftToRight))
     , m_spinBox(new NumberBox(this))
     , m_wheel(new QwtWheel(this))
 {
     buildSpinBox();
     buildWheel();
-    m_outerLayout->setObjectName(QStringLiteral("outerLayout"));
-    m_innerLayout->setObjectName(QStringLiteral("innerLayout"));
     m_label->setObjectName(QStringLiteral("label"));
     m_label->setBuddy(m_spinBox);
-    m_innerLayout->addWidget(m_spinBox);
-    m_innerLayout->addWidget(m_wheel);
-    m_outerLayout->setContentsMargins(0, 0, 0, 0);
-    m_outerLayout->addWidget(m_label);
-    m_outerLayout->addLayout(m_innerLayout);
-    setWheelOrientation(bsDoubleOrientation::Horizontal);
+    m_layout = std::make_unique<EditorLayout>(*this, *m_label, *m_spinBox, *m_wheel);
     languageChange();
     connectParts();
 }
+
+bsDoubleWidget::~bsDoubleWidget() = default;
 
 void bsDoubleWidget::buildSpinBox()
 {
     m_spinBox->setObjectName(QStringLiteral("spinBox"));
     m_spinBox->setAlignment(Qt::AlignRight);
-    m_spinBox->setMinimumWidth(minimumPartWidth);
 }
 
 void bsDoubleWidget::buildWheel()
@@ -189,26 +170,17 @@ void bsDoubleWidget::setMode(bsDoubleMode mode)
 
 void bsDoubleWidget::setLabelPosition(bsDoublePosition position)
 {
-    const bool isCentred = position == bsDoublePosition::Top || position == bsDoublePosition::Bottom;
-    m_outerLayout->setDirection(labelDirections.at(static_cast<std::size_t>(position)));
-    m_label->setAlignment(isCentred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
+    m_layout->setLabelPosition(position);
 }
 
 void bsDoubleWidget::setWheelPosition(bsDoublePosition position)
 {
-    m_innerLayout->setDirection(wheelDirections.at(static_cast<std::size_t>(position)));
+    m_layout->setWheelPosition(position);
 }
 
 void bsDoubleWidget::setWheelOrientation(bsDoubleOrientation orientation)
 {
-    using Policy = QSizePolicy;
-    const bool isVertical = orientation == bsDoubleOrientation::Vertical;
-    m_wheel->setOrientation(isVertical ? Qt::Vertical : Qt::Horizontal);
-    m_wheel->setMinimumWidth(isVertical ? 0 : minimumPartWidth);
-    m_innerLayout->setAlignment(m_wheel, isVertical ? Qt::AlignHCenter : Qt::Alignment());
-    m_wheel->setSizePolicy(isVertical ? Policy::Fixed : Policy::Preferred,
-                           isVertical ? Policy::Expanding : Policy::Fixed);
-    setSizePolicy(Policy::Preferred, isVertical ? Policy::Expanding : Policy::Fixed);
+    m_layout->setWheelOrientation(orientation);
 }
 
 void bsDoubleWidget::reset()
@@ -226,10 +198,10 @@ void bsDoubleWidget::languageChange()
 void bsDoubleWidget::resetWheel()
 {
     if (m_wheelHeld) {
-        m_lastWheel = m_wheel->value();
+        m_wheelSteps.startFrom(m_wheel->value());
         return;
     }
-    m_lastWheel = 0.0;
+    m_wheelSteps.startFrom(0.0);
     const QSignalBlocker silence(m_wheel);
     m_wheel->setValue(0.0);
 }
@@ -242,16 +214,9 @@ void bsDoubleWidget::spinChanged(double value)
 
 void bsDoubleWidget::wheelChanged(double wheelValue)
 {
-    const double turned = wheelValue - m_lastWheel;
-    if (turned > halfWheel)
-        m_lastWheel += wheelPositions;
-    else if (turned < -halfWheel)
-        m_lastWheel -= wheelPositions;
     if (!m_mouseEditing)
         m_wheelTouched = true;
-    const int steps = static_cast<int>(wheelValue - m_lastWheel);
-    m_lastWheel = wheelValue; // before the step, whose receivers may reset the editor
-    m_spinBox->stepBy(steps);
+    m_spinBox->stepBy(m_wheelSteps.to(wheelValue)); // counted before: its receivers may reset the editor
 }
 
 void bsDoubleWidget::setEditingBegin()

@@ -1,20 +1,16 @@
 #pragma once
 
+#include "WheelSteps.h"
+#include "bsDoubleParts.h"
+
 #include <QWidget>
 
-class QBoxLayout;
+#include <memory>
+
+class EditorLayout;
 class QDoubleSpinBox;
 class QLabel;
 class QwtWheel;
-
-/// Which parts of an editor are shown.
-enum class bsDoubleMode { SpinBox = 0, Wheel = 1, Both = 2 };
-
-/// The side at which the label or the wheel stands.
-enum class bsDoublePosition { Top = 0, Bottom = 1, Left = 2, Right = 3 };
-
-/// How the wheel lies.
-enum class bsDoubleOrientation { Horizontal = 0, Vertical = 1 };
 
 /// An editor of one number: a caption, a spin box and a thumb wheel that steps the spin box.
 ///
@@ -28,6 +24,7 @@ class bsDoubleWidget : public QWidget
 
 public:
     explicit bsDoubleWidget(QWidget *parent = nullptr);
+    ~bsDoubleWidget() override;
 
     double value() const;
     QString labelText() const;
@@ -97,12 +94,11 @@ private:
     void connectParts();
     void releaseFocus();
 
-    QBoxLayout *m_outerLayout;
     QLabel *m_label;
-    QBoxLayout *m_innerLayout;
     QDoubleSpinBox *m_spinBox;
     QwtWheel *m_wheel;
-    double m_lastWheel = 0.0;
+    std::unique_ptr<EditorLayout> m_layout;
+    WheelSteps m_wheelSteps;
     bool m_editing = false;
     bool m_mouseEditing = false;
     bool m_wheelTouched = false;
