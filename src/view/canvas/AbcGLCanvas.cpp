@@ -4,7 +4,6 @@
 #include "RoomPainter.h"
 #include "abcRoom.h"
 
-#include <GL/glu.h>
 #include <QMenu>
 #include <QMouseEvent>
 
@@ -45,16 +44,6 @@ void AbcGLCanvas::setScaleUnit(double scaleUnit)
 {
     m_room->setUnitSize(scaleUnit);
     updateGL();
-}
-
-bool AbcGLCanvas::canDraw() const
-{
-    return isValid();
-}
-
-void AbcGLCanvas::saveCurrentView()
-{
-    m_pose.save();
 }
 
 void AbcGLCanvas::rotateView(double x, double y, double z)
@@ -136,13 +125,13 @@ void AbcGLCanvas::setXZGridColor(QColor &XYColor)
 
 void AbcGLCanvas::rotateViewBegin()
 {
-    m_mouseMode = MouseMode::Rotating;
+    m_drag.rotate();
     updateGL();
 }
 
 void AbcGLCanvas::rotateViewEnd()
 {
-    m_mouseMode = MouseMode::Idle;
+    m_drag.end();
     updateGL();
 }
 
@@ -218,40 +207,20 @@ void AbcGLCanvas::redoRoom()
 
 void AbcGLCanvas::initializeGL()
 {
-    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    glShadeModel(GL_SMOOTH);
-    glEnable(GL_COLOR_MATERIAL);
-    glEnable(GL_DEPTH_TEST);
-    glDepthFunc(GL_LESS);
-    glClearDepth(1.0);
-    glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
-    glEnable(GL_LIGHT0);
-    glEnable(GL_LIGHTING);
+    RoomPainter::prepare();
 }
 
 void AbcGLCanvas::resizeGL(int width, int height)
 {
     m_projection.width = qMax(width, 1);
     m_projection.height = qMax(height, 1);
-    glViewport(0, 0, m_projection.width, m_projection.height);
-    glMatrixMode(GL_PROJECTION);
-    glLoadIdentity();
-    gluPerspective(m_projection.fieldOfViewDegrees,
-                   static_cast<double>(m_projection.width) / m_projection.height, m_projection.nearPlane,
-                   m_projection.farPlane);
-    glMatrixMode(GL_MODELVIEW);
-    glLoadIdentity();
+    RoomPainter::project(m_projection);
     updateGL();
 }
 
 void AbcGLCanvas::paintGL()
 {
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-    glPushMatrix();
-    glMultMatrixd(m_pose.matrix().data());
-    RoomPainter(*this, *m_room).draw();
-    glPopMatrix();
-    glFlush();
+    RoomPainter(*this, *m_room).draw(m_pose.matrix());
 }
 
 void AbcGLCanvas::paintEvent(QPaintEvent *event)
@@ -264,31 +233,33 @@ void AbcGLCanvas::mousePressEvent(QMouseEvent *event)
 {
     const ObjectWatch self(this);
     const QPoint position = event->pos();
-    if (event->button() == Qt::RightButton)
-        pressRightButton(*event);
-    else if (event->button() == Qt::LeftButton)
-        pressLeftButton(event->modifiers());
+    const bool asksForMenu =
+        event->button() == Qt::RightButton && !event->modifiers().testFlag(Qt::ControlModifier);
+    m_drag.press(event->button(), event->modifiers());
+    if (asksForMenu && m_contextMenu != nullptr)
+        m_contextMenu->exec(event->globalPos());
     if (!self)
         return; // the menu may have ended with the window
-    m_lastMousePosition = position;
+    m_drag.startAt(position);
     updateGL();
 }
 
 void AbcGLCanvas::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPoint distance = event->pos() - m_lastMousePosition;
-    if (m_room->isLoaded() && m_mouseMode != MouseMode::Idle) {
-        drag(distance);
-        emit storeViewRequest();
+    if (!m_room->isLoaded() || !m_drag.isOn()) {
+        m_drag.startAt(event->pos());
+        return;
     }
-    m_lastMousePosition = event->pos();
+    m_drag.to(event->pos(), scaleUnit());
+    updateGL();
+    emit storeViewRequest();
 }
 
 void AbcGLCanvas::mouseReleaseEvent(QMouseEvent *)
 {
-    if (m_mouseMode == MouseMode::Idle)
+    if (!m_drag.isOn())
         return;
-    m_mouseMode = MouseMode::Idle;
+    m_drag.end();
     emit storeViewRequest();
     updateGL();
 }
@@ -320,31 +291,4 @@ void AbcGLCanvas::followHistory(void (abcRoom::*step)())
     showHistoryState();
     newFromOld.postMultiply(m_room->current());
     transformView(newFromOld);
-}
-
-void AbcGLCanvas::pressRightButton(const QMouseEvent &event)
-{
-    if (event.modifiers().testFlag(Qt::ControlModifier))
-        m_mouseMode = MouseMode::Rotating;
-    else if (m_contextMenu != nullptr)
-        m_contextMenu->exec(event.globalPos());
-}
-
-void AbcGLCanvas::pressLeftButton(Qt::KeyboardModifiers modifiers)
-{
-    if (modifiers.testFlag(Qt::ControlModifier))
-        m_mouseMode = MouseMode::Panning;
-    else if (modifiers.testFlag(Qt::ShiftModifier))
-        m_mouseMode = MouseMode::Zooming;
-}
-
-void AbcGLCanvas::drag(const QPoint &distance)
-{
-    const double scale = scaleUnit();
-    if (m_mouseMode == MouseMode::Panning)
-        translateView(distance.x() * scale, -distance.y() * scale, 0.0);
-    else if (m_mouseMode == MouseMode::Zooming)
-        translateView(0.0, 0.0, distance.y() * scale);
-    else
-        rotateView(distance.y(), distance.x(), 0.0);
 }

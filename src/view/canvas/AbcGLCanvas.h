@@ -1,10 +1,10 @@
 #pragma once
 
 #include "ViewDistance.h"
+#include "ViewDrag.h"
 #include "ViewPose.h"
 
 #include <QGLWidget>
-#include <QPoint>
 
 class QMenu;
 class abcRoom;
@@ -35,7 +35,7 @@ public:
     void setContextMenu(QMenu *menu) { m_contextMenu = menu; }
 
     /// False where the platform offers no OpenGL: then the widget stays blank.
-    [[nodiscard]] bool canDraw() const;
+    [[nodiscard]] bool canDraw() const { return isValid(); }
 
     [[nodiscard]] const ViewPose &viewPose() const { return m_pose; }
 
@@ -53,7 +53,7 @@ signals:
     void canRedoRoom(bool enableRedo);
 
 public slots:
-    void saveCurrentView();
+    void saveCurrentView() { m_pose.save(); }
     /// Relative to the saved pose.
     void rotateView(double x, double y, double z);
     void setViewOrientation(const bsMatrix &m);
@@ -110,20 +110,14 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
 
 private:
-    enum class MouseMode { Idle = 0, Panning = 1, Zooming = 2, Rotating = 3 };
-
     void showHistoryState();
     void followHistory(void (abcRoom::*step)());
-    void pressRightButton(const QMouseEvent &event);
-    void pressLeftButton(Qt::KeyboardModifiers modifiers);
-    void drag(const QPoint &distance);
 
     abcRoom *m_room;
     void *m_owner;
     ViewPose m_pose;
     ViewExtraPoint m_extraPoint;
-    MouseMode m_mouseMode = MouseMode::Idle;
-    QPoint m_lastMousePosition;
+    ViewDrag m_drag{m_pose};
     ViewProjection m_projection;
     QMenu *m_contextMenu = nullptr;
 };

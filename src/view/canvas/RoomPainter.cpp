@@ -1,6 +1,7 @@
 #include "RoomPainter.h"
 
 #include "GridLines.h"
+#include "ViewDistance.h"
 #include "abcRoom.h"
 
 #include <GL/glu.h>
@@ -56,7 +57,41 @@ RoomPainter::RoomPainter(QGLWidget &canvas, const abcRoom &room)
 {
 }
 
-void RoomPainter::draw()
+void RoomPainter::prepare()
+{
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    glShadeModel(GL_SMOOTH);
+    glEnable(GL_COLOR_MATERIAL);
+    glEnable(GL_DEPTH_TEST);
+    glDepthFunc(GL_LESS);
+    glClearDepth(1.0);
+    glClearColor(0.0F, 0.0F, 0.0F, 1.0F);
+    glEnable(GL_LIGHT0);
+    glEnable(GL_LIGHTING);
+}
+
+void RoomPainter::project(const ViewProjection &projection)
+{
+    glViewport(0, 0, projection.width, projection.height);
+    glMatrixMode(GL_PROJECTION);
+    glLoadIdentity();
+    gluPerspective(projection.fieldOfViewDegrees, static_cast<double>(projection.width) / projection.height,
+                   projection.nearPlane, projection.farPlane);
+    glMatrixMode(GL_MODELVIEW);
+    glLoadIdentity();
+}
+
+void RoomPainter::draw(const bsMatrix &cameraFromRoom)
+{
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glPushMatrix();
+    glMultMatrixd(cameraFromRoom.data());
+    drawRoom();
+    glPopMatrix();
+    glFlush();
+}
+
+void RoomPainter::drawRoom()
 {
     if (!m_room.isLoaded())
         return;

@@ -4,6 +4,8 @@ class QColor;
 class QGLWidget;
 class QString;
 class abcRoom;
+class bsMatrix;
+struct ViewProjection;
 struct bsVector;
 
 /// Draws a loaded room with OpenGL's fixed functions into the current context of a canvas.
@@ -14,7 +16,14 @@ class RoomPainter
 public:
     RoomPainter(QGLWidget &canvas, const abcRoom &room);
 
-    void draw();
+    /// Sets up a context that was just made.
+    static void prepare();
+
+    /// Fits the context to the projection.
+    static void project(const ViewProjection &projection);
+
+    /// Paints the whole picture; `cameraFromRoom` takes a point of the room into the camera's frame.
+    void draw(const bsMatrix &cameraFromRoom);
 
 private:
     struct Axes {
@@ -24,6 +33,7 @@ private:
         double intensity;
     };
 
+    void drawRoom();
     void drawTransformedFrame();
     void drawUntransformedFrame();
     void drawGrids();
