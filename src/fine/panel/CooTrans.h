@@ -1,20 +1,17 @@
 #pragma once
 
-#include "AdjustmentFields.h"
+#include "AdjustmentEntry.h"
 #include "MeasurementAccess.h"
 #include "NeutralRoom.h"
-#include "RoomEdits.h"
 
 #include <QWidget>
 
 #include <memory>
 
-class AbcGLCanvas;
 class AbcMatchingDialog;
 class AdjustToToolDlg;
-class QMenu;
+class RoomScene;
 class TrackingControl;
-class ViewControls;
 class bsMatrix;
 
 namespace Ui
@@ -44,13 +41,13 @@ public:
     void loadPage();
 
     /// Takes the boxes into the record: groups that nobody edited keep the record's own numbers.
-    void storeToRaData();
+    void storeToRaData() { m_entry.store(); }
 
     /// True when offset and angles hold nothing that the record does not. The scaling is not part of it.
     bool nothingUnsaved() const;
 
     /// Offset and angles 0, scaling 1, silently.
-    void resetAll();
+    void resetAll() { m_entry.show(AdjustmentBoxes()); }
 
     /// Goes into the reports that the matching hands out.
     void tellModuleVersion(const QString &version);
@@ -78,12 +75,12 @@ signals:
 public slots:
     void on_w_bodyMatchingButton_clicked();
     void on_pushButton_att_clicked();
-    void on_doubleSpinBox_rz_valueChanged(double value);
-    void on_doubleSpinBox_ry_valueChanged(double value);
-    void on_doubleSpinBox_rx_valueChanged(double value);
-    void on_doubleSpinBox_z_valueChanged(double value);
-    void on_doubleSpinBox_y_valueChanged(double value);
-    void on_doubleSpinBox_x_valueChanged(double value);
+    void on_doubleSpinBox_rz_valueChanged(double /*value*/) { previewAngles(); }
+    void on_doubleSpinBox_ry_valueChanged(double /*value*/) { previewAngles(); }
+    void on_doubleSpinBox_rx_valueChanged(double /*value*/) { previewAngles(); }
+    void on_doubleSpinBox_z_valueChanged(double /*value*/) { previewOffset(); }
+    void on_doubleSpinBox_y_valueChanged(double /*value*/) { previewOffset(); }
+    void on_doubleSpinBox_x_valueChanged(double /*value*/) { previewOffset(); }
     void on_doubleSpinBox_scalingFactor_valueChanged(double value);
     void on_btn_resetScaling_clicked();
     void on_btn_resetAngles_clicked();
@@ -105,21 +102,11 @@ protected:
 
 private:
     void hideSwitches();
-    void buildView();
-    void buildViewMenu();
-    void setViewTexts();
-    void colorPlanes();
-    void showBoxes(const AdjustmentBoxes &values);
+    void fillViewMenu();
     void loadRoom();
-    void loadControls();
-    void loadScaling(double scaling);
     void previewOffset();
     void previewAngles();
     void reportEdit();
-    /// Says below the picture what "Apply" will do to the controller, as far as it was read.
-    void showChange();
-    void showPendingPosition(const RoomPreview &preview);
-    void rotateRoom(const bsMatrix &rotation);
     bool mayDiscardUnsaved();
     void matchPoints();
 
@@ -127,15 +114,10 @@ private:
     MeasurementAccess m_controller;
     TrackingControl *m_dialog;
     RoomTrafoData *m_raData;
-    RoomTrafoData m_held;                       ///< by the controller, as it was read or written last
     std::shared_ptr<NeutralRoom> m_neutralRoom; ///< outlives the panel while it waits for an answer
-    AdjustmentFields m_fields;
-    RoomEdits m_edits;
-    std::unique_ptr<ViewControls> m_viewControls;
-    AbcGLCanvas *m_view = nullptr;
-    QMenu *m_viewMenu = nullptr;
+    AdjustmentEntry m_entry;
+    std::unique_ptr<RoomScene> m_scene;
     AbcMatchingDialog *m_matchingDialog = nullptr;
     AdjustToToolDlg *m_angleToolDialog = nullptr;
-    bool m_armed = true;
     bool m_isMatching = false;
 };
