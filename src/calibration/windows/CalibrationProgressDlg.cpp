@@ -7,6 +7,7 @@
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "PercentText.h"
+#include "ProgressSentences.h"
 #include "Prompt.h"
 #include "Resources.h"
 #include "ui_CalibrationProgressDialog.h"
@@ -29,14 +30,6 @@ Qt::WindowFlags flagsFor(const QString &kind)
     return Qt::Dialog | Qt::WindowCloseButtonHint;
 }
 
-/// A sentence that comes and goes moves nothing else.
-void keepRoomFor(QWidget *label)
-{
-    QSizePolicy policy = label->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    label->setSizePolicy(policy);
-}
-
 } // namespace
 
 CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *parent,
@@ -54,8 +47,7 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
     setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
     showPercentBeside(m_ui->progressBar_overall, m_ui->label_percent);
     showRemainingTime();
-    keepRoomFor(m_ui->label_info);
-    keepRoomFor(m_ui->label_warning);
+    m_sentences = std::make_unique<ProgressSentences>(m_ui->label_info, m_ui->label_warning);
     m_cameras = new CameraGrid(m_ui->gridLayout_cam, commands, versions, this);
     m_ui->frame_name->setVisible(!m_showsCameras);
     m_ui->frame_grid->setVisible(m_showsCameras);
@@ -125,10 +117,10 @@ void CalibrationProgressDlg::leaveUnended()
 
 void CalibrationProgressDlg::prepareScreen(const QString &kind)
 {
-    m_information = composedInformation(kind);
+    m_information = ProgressSentences::information(*m_run, kind);
     m_ui->pb_cancel->setHidden(kind.contains(QLatin1String(CalibrationKind::reflexScan)));
     if (m_run->steps() == 1)
-        m_ui->label_info->clear();
+        m_sentences->clearInfo();
     const ObjectWatch self(this);
     if (m_showsCameras)
         m_cameras->build();
@@ -143,17 +135,6 @@ void CalibrationProgressDlg::prepareScreen(const QString &kind)
     m_cameras->reset();
     m_isFinished = false;
     m_statusTimer.start();
-}
-
-QString CalibrationProgressDlg::composedInformation(const QString &kind) const
-{
-    QString text = QString::fromUtf8(m_run->description());
-    text.remove(QLatin1Char('"'));
-    if (m_run->steps() > 1)
-        text += tr(" is a %1 step calibration.").arg(m_run->steps());
-    if (kind.contains(QLatin1String(CalibrationKind::reflexScan)))
-        text += tr("\nCurrently this calibration cannot be interrupted!");
-    return text;
 }
 
 void CalibrationProgressDlg::update_cal_status()
@@ -192,7 +173,7 @@ void CalibrationProgressDlg::showProgress(const CalibrationPoll &poll)
         m_remainingSeconds = poll.remainingSeconds;
         showRemainingTime();
     }
-    if (poll.firstStepIsComplete && !m_isFinished && m_ui->label_info->text().isEmpty())
+    if (poll.firstStepIsComplete && !m_isFinished && !m_sentences->hasInfo())
         showCalculating();
 }
 
@@ -206,7 +187,7 @@ void CalibrationProgressDlg::watchForStall(bool hasMoved)
 {
     if (hasMoved) {
         m_warningTimer.stop();
-        m_ui->label_warning->clear();
+        m_sentences->clearWarning();
     } else if (!m_warningTimer.isActive() && !m_isFinished) {
         m_warningTimer.start();
     }
@@ -216,9 +197,7 @@ void CalibrationProgressDlg::showCalculating()
 {
     m_isFinished = true;
     m_warningTimer.stop();
-    m_ui->label_warning->hide();
-    m_ui->label_info->setText(calculating());
-    m_ui->label_info->show();
+    m_sentences->showCalculating();
 }
 
 void CalibrationProgressDlg::finishWithError()
@@ -266,13 +245,7 @@ void CalibrationProgressDlg::stopPolling()
 {
     m_isFinished = true;
     stopTimers();
-    m_ui->label_warning->hide();
-}
-
-void CalibrationProgressDlg::stopTimers()
-{
-    m_statusTimer.stop();
-    m_warningTimer.stop();
+    m_sentences->hideWarning();
 }
 
 void CalibrationProgressDlg::reject()
@@ -290,26 +263,9 @@ void CalibrationProgressDlg::reject()
     done(Rejected);
 }
 
-void CalibrationProgressDlg::accept()
-{
-    QDialog::accept();
-}
-
 void CalibrationProgressDlg::show_warning()
 {
-    m_ui->label_info->hide();
-    m_ui->label_warning->setText(warning());
-    m_ui->label_warning->show();
-}
-
-QString CalibrationProgressDlg::calculating()
-{
-    return tr("calculating...");
-}
-
-QString CalibrationProgressDlg::warning()
-{
-    return tr("<b><font color=red>Please move the wand in the view scope of ALL cameras!</font></b>");
+    m_sentences->showWarning();
 }
 
 void CalibrationProgressDlg::changeEvent(QEvent *event)
@@ -317,14 +273,10 @@ void CalibrationProgressDlg::changeEvent(QEvent *event)
     QDialog::changeEvent(event);
     if (event->type() != QEvent::LanguageChange)
         return;
-    const bool calculates = !m_ui->label_info->text().isEmpty();
-    const bool warns = !m_ui->label_warning->text().isEmpty();
+    const ProgressSentences::Shown shown = m_sentences->shown();
     m_ui->retranslateUi(this);
     showRemainingTime();
-    if (calculates)
-        m_ui->label_info->setText(calculating());
-    if (warns)
-        m_ui->label_warning->setText(warning());
+    m_sentences->renew(shown);
 }
 
 void CalibrationProgressDlg::update_cam_status()

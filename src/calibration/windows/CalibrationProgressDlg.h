@@ -14,6 +14,7 @@ class CalibrationRun;
 class CameraGrid;
 class CountdownDlg;
 class IOManager;
+class ProgressSentences;
 struct BackendVersions;
 struct CalibrationPoll;
 
@@ -52,7 +53,7 @@ public:
 public slots:
     void update_cal_status();
     void reject() override;
-    void accept() override;
+    void accept() override { QDialog::accept(); }
     void show_warning();
     void update_cam_status();
     /// The tab of each camera, as CameraMessages::tabs() reads it.
@@ -71,14 +72,15 @@ private:
     void watchForStall(bool hasMoved);
     void showCalculating();
     void showRemainingTime();
-    static QString calculating();
-    static QString warning();
     void finishWithError();
     void pauseBetweenSteps();
     bool countDown(int seconds);
     void stopPolling();
-    void stopTimers();
-    QString composedInformation(const QString &kind) const;
+    void stopTimers()
+    {
+        m_statusTimer.stop();
+        m_warningTimer.stop();
+    }
 
     std::unique_ptr<Ui::CalibrationProgressDialog> m_ui;
     CalibrationAccess m_controller;
@@ -90,6 +92,7 @@ private:
     bool m_pausesBetweenSteps;
     QTimer m_warningTimer{this};
     CameraGrid *m_cameras;
+    std::unique_ptr<ProgressSentences> m_sentences;
     QPointer<CountdownDlg> m_countdown;
     int m_ticks = 0;
     bool m_showsCameras;
