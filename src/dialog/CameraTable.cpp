@@ -24,11 +24,11 @@ void CameraTable::showTexts() const
     m_model->setHorizontalHeaderLabels({tr("Camera"), tr("x [mm]"), tr("y [mm]"), tr("z [mm]")});
 }
 
-void CameraTable::fill(TrackingAccess controller) const
+void CameraTable::fill(const TrackingAccess &controller) const
 {
     if (!controller.supports(ControllerFeature::CameraTable))
         return;
-    const ObjectWatch model(m_model); // goes with the owner
+    const ObjectWatch model(m_model); // goes with the owner, as the access does
     m_model->removeRows(0, m_model->rowCount());
     const int cameras = controller.numberOfCameras().value_or(0);
     if (model)

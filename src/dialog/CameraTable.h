@@ -23,9 +23,9 @@ public:
     void showTexts() const;
 
     /// Reads all cameras anew; without their number the table is left empty. Controllers that do not tell
-    /// are not asked, and the table stays. The access is taken by value so that the owner may be destroyed
-    /// while a call lasts.
-    void fill(TrackingAccess controller) const;
+    /// are not asked, and the table stays. When the owner is destroyed in a call, and the access with it,
+    /// nothing more is asked.
+    void fill(const TrackingAccess &controller) const;
 
 private:
     void setCamera(int row, const std::array<double, 3> &position) const;

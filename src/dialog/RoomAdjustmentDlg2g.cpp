@@ -1,8 +1,8 @@
 #include "RoomAdjustmentDlg2g.h"
 
-#include "CameraRooms.h"
 #include "CoarseAdjustment.h"
 #include "CooTrans.h"
+#include "FirstControl.h"
 #include "ObjectWatch.h"
 #include "Prompt.h"
 #include "Resources.h"
@@ -27,7 +27,7 @@ RoomAdjustmentDlg2g::RoomAdjustmentDlg2g(IOManager *commands, QWidget *parent, B
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::RoomAdjustmentDlgClass>())
     , m_controller(commands, versions)
-    , m_records(m_controller, this)
+    , m_records(m_controller, this, this)
     , m_cameras(this)
 {
     loadResources();
@@ -94,7 +94,7 @@ void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
     dropApplyShortcut();
     setTabTexts();
     m_cameras.showTexts();
-    showNotice(m_notice);
+    showNotice(m_obstacle);
 }
 
 void RoomAdjustmentDlg2g::beginFromKnownState()
@@ -107,7 +107,7 @@ void RoomAdjustmentDlg2g::beginFromKnownState()
     m_ui->label_error->hide();
     m_ui->label_error->clear();
     m_fine->showTrackingAvailable(true);
-    showNotice(Notice::None);
+    showNotice(Obstacle::None);
 }
 
 void RoomAdjustmentDlg2g::disableAdjusting()
@@ -119,29 +119,11 @@ void RoomAdjustmentDlg2g::disableAdjusting()
     m_ui->label_error->clear();
 }
 
-void RoomAdjustmentDlg2g::showNotice(Notice notice)
+void RoomAdjustmentDlg2g::showNotice(Obstacle obstacle)
 {
-    m_notice = notice;
-    m_ui->label_notice->setText(textOf(notice));
-    m_ui->label_notice->setVisible(notice != Notice::None);
-}
-
-QString RoomAdjustmentDlg2g::textOf(Notice notice)
-{
-    switch (notice) {
-    case Notice::None:
-        break;
-    case Notice::CannotTrack:
-        return tr("The controller cannot track at the moment. The room cannot be adjusted.");
-    case Notice::NoRoom:
-        return tr("The cameras have no room calibration, or the controller does not answer. "
-                  "The room cannot be adjusted.");
-    case Notice::TooOld:
-        return tr("This controller is too old to have its room adjusted.");
-    case Notice::Locked:
-        return tr("The configuration of the controller is locked. The room cannot be adjusted.");
-    }
-    return {};
+    m_obstacle = obstacle;
+    m_ui->label_notice->setText(AdjustingObstacle::textOf(obstacle));
+    m_ui->label_notice->setVisible(obstacle != Obstacle::None);
 }
 
 int RoomAdjustmentDlg2g::update_and_exec()
@@ -173,9 +155,9 @@ int RoomAdjustmentDlg2g::run()
     setResult(Rejected);
     show();
     while (self && isVisible()) {
-        m_wasHidden = false;
+        m_records.forgetHiding();
         (void)exec();
-        if (self && !m_wasHidden)
+        if (self && !m_records.wasHidden())
             leaveUnasked();
     }
     return self ? result() : int(Rejected);
@@ -199,13 +181,11 @@ bool RoomAdjustmentDlg2g::prepareOpening()
     m_ui->tabWidget->setCurrentIndex(CoarseTab);
     beginFromKnownState();
     const ObjectWatch self(this);
-    const Notice obstacle = findObstacle(m_controller);
+    const Obstacle obstacle = AdjustingObstacle::find(m_controller, this);
     if (!self)
         return false;
-    if (obstacle != Notice::None) {
-        m_fine->showTrackingAvailable(false);
-        disableAdjusting();
-        showNotice(obstacle);
+    if (obstacle != Obstacle::None) {
+        refuse(obstacle);
         return false;
     }
     m_cameras.fill(m_controller);
@@ -221,25 +201,17 @@ bool RoomAdjustmentDlg2g::prepareOpening()
     return true;
 }
 
-void RoomAdjustmentDlg2g::focusTheFirstControl()
+void RoomAdjustmentDlg2g::refuse(Obstacle obstacle)
 {
-    const auto takesKeys = [this](const QWidget *control) {
-        return m_coarse->isAncestorOf(control) && (control->focusPolicy() & Qt::TabFocus) != 0 &&
-               control->isEnabled() && control->isVisibleTo(m_coarse);
-    };
-    QWidget *control = m_coarse->nextInFocusChain();
-    while (control != m_coarse && !takesKeys(control))
-        control = control->nextInFocusChain();
-    (control != m_coarse ? control : m_ui->btn_cancel)->setFocus();
+    m_fine->showTrackingAvailable(false);
+    disableAdjusting();
+    showNotice(obstacle);
 }
 
-/// What keeps the room from being adjusted at all. By value: see prepareOpening().
-RoomAdjustmentDlg2g::Notice RoomAdjustmentDlg2g::findObstacle(TrackingAccess controller)
+void RoomAdjustmentDlg2g::focusTheFirstControl()
 {
-    if (controller.supports(ControllerFeature::TrackingAvailability) &&
-        controller.trackingAvailable() == Reply::No)
-        return Notice::CannotTrack;
-    return camerasHaveRooms(controller) ? Notice::None : Notice::NoRoom;
+    QWidget *control = firstControlOf(m_coarse);
+    (control != nullptr ? control : m_ui->btn_cancel)->setFocus();
 }
 
 void RoomAdjustmentDlg2g::readLock()
@@ -252,14 +224,14 @@ void RoomAdjustmentDlg2g::readLock()
     m_locked = true;
     setWindowIcon(m_lockIcon);
     disableAdjusting();
-    showNotice(Notice::Locked);
+    showNotice(Obstacle::Locked);
 }
 
 void RoomAdjustmentDlg2g::prepareAdjusting()
 {
     if (!m_controller.supports(ControllerFeature::ExtraTransformation)) {
         disableAdjusting();
-        showNotice(Notice::TooOld);
+        showNotice(Obstacle::TooOld);
         return;
     }
     m_ui->btn_apply->setEnabled(false);
@@ -452,47 +424,22 @@ void RoomAdjustmentDlg2g::done(int result)
         QDialog::done(result);
 }
 
-// Qt goes on with the window after its show and hide events, so calls are made only behind them.
 void RoomAdjustmentDlg2g::setVisible(bool visible)
 {
-    const bool wasShown = m_isShown;
-    m_isChangingVisibility = true;
-    QDialog::setVisible(visible);
-    m_isChangingVisibility = false;
-    if (m_isShown != wasShown) // exec() shows once more what is on the screen already
-        subscribeWhileShown();
-}
-
-void RoomAdjustmentDlg2g::subscribeWhileShown()
-{
-    if (m_isShown)
-        m_records.begin();
-    else
-        m_records.end();
-}
-
-void RoomAdjustmentDlg2g::noteShown(bool isShown, const QEvent &event)
-{
-    m_isShown = isShown;
-    m_wasHidden = m_wasHidden || (!isShown && !event.spontaneous());
-    if (event.spontaneous()) // the window system's, such as a minimised window's: Qt is not yet through
-        QMetaObject::invokeMethod(
-            this, [this] { subscribeWhileShown(); }, Qt::QueuedConnection);
-    else if (!m_isChangingVisibility)
-        subscribeWhileShown();
+    m_records.follow([&] { QDialog::setVisible(visible); });
 }
 
 void RoomAdjustmentDlg2g::showEvent(QShowEvent *event)
 {
     adjustSize();
     QDialog::showEvent(event);
-    noteShown(true, *event);
+    m_records.note(true, *event);
 }
 
 void RoomAdjustmentDlg2g::hideEvent(QHideEvent *event)
 {
     QDialog::hideEvent(event);
-    noteShown(false, *event);
+    m_records.note(false, *event);
 }
 
 void RoomAdjustmentDlg2g::closeEvent(QCloseEvent *event)

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "AdjustingObstacle.h"
 #include "CameraTable.h"
-#include "RecordSubscription.h"
 #include "Requester.h"
 #include "RoomAngleExchange.h"
 #include "RoomTrafoData.h"
+#include "ShownSubscription.h"
 #include "TrackingAccess.h"
 #include "TrackingControl.h"
 
@@ -77,7 +78,7 @@ protected:
 
 private:
     enum Tab { CoarseTab = 0, FineTab = 1 };
-    enum class Notice { None, CannotTrack, NoRoom, TooOld, Locked };
+    using Obstacle = AdjustingObstacle::Kind;
 
     void setTabTexts();
     void buildPanels(IOManager *commands, BackendVersions *versions);
@@ -85,14 +86,13 @@ private:
     void adjustToAngleTool();
     void beginFromKnownState();
     void disableAdjusting();
-    void showNotice(Notice notice);
-    static QString textOf(Notice notice);
+    void showNotice(Obstacle obstacle);
     bool prepareOpening();
+    void refuse(Obstacle obstacle);
     int run();
     void leaveUnasked();
     void focusTheFirstControl();
     void beginFineTab();
-    static Notice findObstacle(TrackingAccess controller);
     void readLock();
     void prepareAdjusting();
     void loadTransformation();
@@ -102,25 +102,20 @@ private:
     bool cancel();
     bool undoChanges();
     bool confirmsDiscarding();
-    void noteShown(bool isShown, const QEvent &event);
-    void subscribeWhileShown();
 
     std::unique_ptr<Ui::RoomAdjustmentDlgClass> m_ui;
     TrackingAccess m_controller;
-    RecordSubscription m_records;
+    ShownSubscription m_records;
     CameraTable m_cameras;
     CoarseAdjustment *m_coarse = nullptr;
     CooTrans *m_fine = nullptr;
     RoomTrafoData m_current;
     RoomTrafoData m_opening;
     QIcon m_lockIcon;
-    Notice m_notice = Notice::None;
+    Obstacle m_obstacle = Obstacle::None;
     bool m_locked = false;
     bool m_open = false;
     bool m_isRunning = false;
-    bool m_isShown = false;
-    bool m_wasHidden = false; ///< since exec() began
-    bool m_isChangingVisibility = false;
     bool m_fineHasBegun = false; ///< in this opening
     bool m_busy = false; ///< a sequence of controller calls is running: the host may let events through
 };

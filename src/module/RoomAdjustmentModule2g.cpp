@@ -2,12 +2,12 @@
 
 #include "BackendVersions.h"
 #include "IOManager.h"
+#include "ObjectWatch.h"
 #include "RoomAdjustmentDlg2g.h"
 
 #include <QAction>
 #include <QEvent>
 #include <QKeySequence>
-#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 
@@ -39,19 +39,21 @@ void RoomAdjustmentModule2g::releaseRequests()
     auto *dialog = qobject_cast<RoomAdjustmentDlg2g *>(m_dialog);
     if (dialog == nullptr || m_commands == nullptr)
         return;
-    const QPointer<RoomAdjustmentDlg2g> watched = dialog;
+    const ObjectWatch watch(dialog);
     m_commands->releaseRequester(dialog);
-    if (!watched.isNull())
+    if (watch)
         dialog->subscriptionsReleased();
 }
 
 void RoomAdjustmentModule2g::unload()
 {
-    const QPointer<RoomAdjustmentDlg2g> dialog = std::exchange(m_dialog, nullptr);
+    RoomAdjustmentDlg2g *dialog = std::exchange(m_dialog, nullptr);
     m_actions.clear();
-    if (!dialog.isNull())
+    const ObjectWatch watch(dialog);
+    if (watch)
         dialog->endSubscriptions(); // while it is whole: the host may do anything in these calls
-    delete dialog.data();
+    if (watch)
+        delete dialog;
 }
 
 QString RoomAdjustmentModule2g::moduleName()

@@ -7,6 +7,8 @@
 
 #include <QtTest>
 
+#include <memory>
+
 namespace
 {
 
@@ -63,7 +65,7 @@ private slots:
         RecordingHost host;
         tellRooms(host, cameras);
 
-        QTEST(camerasHaveRooms(TrackingAccess(&host, &older)), "haveRooms");
+        QTEST(camerasHaveRooms(TrackingAccess(&host, &older), this), "haveRooms");
 
         QStringList asked{"read camera number_of_cameras"};
         for (int camera = 1; camera <= cameras.size(); ++camera)
@@ -92,7 +94,7 @@ private slots:
         RecordingHost host;
         tellRooms(host, cameras);
 
-        QTEST(camerasHaveRooms(TrackingAccess(&host, &newer)), "haveRooms");
+        QTEST(camerasHaveRooms(TrackingAccess(&host, &newer), this), "haveRooms");
 
         QCOMPARE(host.count(), 1 + asked);
     }
@@ -102,10 +104,37 @@ private slots:
         RecordingHost host;
         host.failCall(1);
 
-        QVERIFY(!camerasHaveRooms(TrackingAccess(&host, &older)));
+        QVERIFY(!camerasHaveRooms(TrackingAccess(&host, &older), this));
 
         QCOMPARE(host.calls(), QStringList({"read camera number_of_cameras",
                                             "report Error: Unable to get number of cameras"}));
+    }
+
+    void shouldAskNothingMoreWhenTheOwnerIsDestroyedInACall_data()
+    {
+        QTest::addColumn<bool>("isNewer");
+        QTest::addColumn<int>("call");
+        QTest::newRow("number of cameras") << true << 1;
+        QTest::newRow("first camera") << true << 2;
+        QTest::newRow("first camera of an older controller") << false << 2;
+    }
+
+    void shouldAskNothingMoreWhenTheOwnerIsDestroyedInACall()
+    {
+        QFETCH(bool, isNewer);
+        QFETCH(int, call);
+        RecordingHost host;
+        tellRooms(host, "rrr");
+        auto owner = std::make_unique<QObject>();
+        host.onCall([&owner, left = call](const QString &) mutable {
+            if (--left == 0)
+                owner.reset();
+        });
+
+        QVERIFY(!camerasHaveRooms(TrackingAccess(&host, isNewer ? &newer : &older), owner.get()));
+
+        QVERIFY(!owner);
+        QCOMPARE(host.count(), call);
     }
 };
 
