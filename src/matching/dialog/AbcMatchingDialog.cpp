@@ -105,7 +105,7 @@ int AbcMatchingDialog::update_and_exec()
     }
     m_state.beginOpening();
     m_sampler.restart();
-    const ToolSurvey survey = surveyTools(m_controller);
+    const ToolSurvey survey = surveyTools(m_controller, [&self] { return bool(self); });
     if (!self)
         return noResult;
     showSurvey(survey);

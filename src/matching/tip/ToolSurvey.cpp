@@ -3,9 +3,14 @@
 namespace
 {
 
-bool anyTipIsCalibrated(const MeasurementAccess &controller, int toolCount)
+bool mayGoOn(const std::function<bool()> &goOn)
 {
-    for (int tool = 1; tool <= toolCount; ++tool) {
+    return !goOn || goOn();
+}
+
+bool anyTipIsCalibrated(const MeasurementAccess &controller, int toolCount, const std::function<bool()> &goOn)
+{
+    for (int tool = 1; tool <= toolCount && mayGoOn(goOn); ++tool) {
         if (controller.tipIsCalibrated(tool))
             return true;
     }
@@ -14,18 +19,18 @@ bool anyTipIsCalibrated(const MeasurementAccess &controller, int toolCount)
 
 } // namespace
 
-ToolSurvey surveyTools(MeasurementAccess controller)
+ToolSurvey surveyTools(const MeasurementAccess &controller, const std::function<bool()> &goOn)
 {
     ToolSurvey survey;
     if (!controller.supports(ControllerFeature::PointMeasurement))
         return survey;
     survey.verdict = ToolSurvey::Verdict::NotAvailable;
-    if (controller.toolAvailable() != Reply::Yes)
+    if (controller.toolAvailable() != Reply::Yes || !mayGoOn(goOn))
         return survey;
     survey.toolCount = controller.numberOfTools();
-    const bool ready = anyTipIsCalibrated(controller, survey.toolCount);
+    const bool ready = anyTipIsCalibrated(controller, survey.toolCount, goOn);
     survey.verdict = ready ? ToolSurvey::Verdict::Ready : ToolSurvey::Verdict::NotCalibrated;
-    for (int tool = 1; tool <= survey.toolCount; ++tool) {
+    for (int tool = 1; tool <= survey.toolCount && mayGoOn(goOn); ++tool) {
         if (controller.tipIsCalibratedQuietly(tool))
             survey.calibrated.push_back(tool);
     }

@@ -2,6 +2,7 @@
 
 #include "MeasurementAccess.h"
 
+#include <functional>
 #include <vector>
 
 /// What the controller tells about its measurement tools when the matching dialog opens.
@@ -19,6 +20,8 @@ struct ToolSurvey {
     std::vector<int> calibrated;
 };
 
-/// Asks the controller; failures are reported where MeasurementAccess says so. The access is taken by value
-/// so that the caller may be destroyed while a call lasts.
-[[nodiscard]] ToolSurvey surveyTools(MeasurementAccess controller);
+/// Asks the controller; failures are reported where MeasurementAccess says so. `goOn` is asked after every
+/// call, before the access is used again, which may be gone; false ends the survey with what is known. It may
+/// be empty.
+[[nodiscard]] ToolSurvey surveyTools(const MeasurementAccess &controller,
+                                     const std::function<bool()> &goOn = {});

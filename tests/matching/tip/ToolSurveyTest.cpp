@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <memory>
+
 using Verdict = ToolSurvey::Verdict;
 
 Q_DECLARE_METATYPE(Verdict)
@@ -83,6 +85,30 @@ private slots:
         // THEN
         QVERIFY(survey.verdict == Verdict::NotSupported);
         QCOMPARE(host.calls(), QStringList());
+    }
+
+    void shouldEndInTheCallInWhichItsOwnerIsGone_data()
+    {
+        QTest::addColumn<int>("call");
+        for (int call = 1; call <= 5; ++call)
+            QTest::addRow("call %d", call) << call;
+    }
+    void shouldEndInTheCallInWhichItsOwnerIsGone()
+    {
+        // GIVEN
+        QFETCH(int, call);
+        RecordingHost host;
+        offerTwoTools(host);
+        auto controller = std::make_unique<MeasurementAccess>(&host, &current);
+        host.onCall([&controller, left = call](const QString &) mutable {
+            if (--left == 0)
+                controller.reset();
+        });
+        // WHEN
+        (void)surveyTools(*controller, [&controller] { return controller != nullptr; });
+        // THEN
+        QVERIFY(!controller);
+        QCOMPARE(host.count(), call);
     }
 };
 
