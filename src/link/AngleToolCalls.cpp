@@ -2,6 +2,7 @@
 
 #include "ControllerCall.h"
 #include "ControllerChannel.h"
+#include "CoordinateTypeName.h"
 #include "SharedCalls.h"
 
 namespace
@@ -13,7 +14,7 @@ using Distances = std::array<double, 3>;
 
 bool suitsAngleTool(const QByteArray &identifier)
 {
-    return identifier != "first_camera" && identifier != "mid_camera";
+    return identifier != CoordinateTypeName::firstCamera && identifier != CoordinateTypeName::midCamera;
 }
 
 int numberOfCoordinateTypes(const ControllerChannel &channel)
@@ -141,7 +142,7 @@ void restartTracking(const ControllerChannel &channel)
 
 QByteArray coordinateType(const ControllerChannel &channel)
 {
-    return SharedCalls::coordinateType(readingCoordinateType(channel)).value_or(QByteArrayLiteral("normal"));
+    return SharedCalls::coordinateType(readingCoordinateType(channel)).value_or(CoordinateTypeName::normal);
 }
 
 } // namespace AngleToolCalls

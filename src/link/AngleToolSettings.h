@@ -6,7 +6,8 @@
 #include <optional>
 #include <vector>
 
-/// A coordinate type that the controller offers for the calibration with the angle tool.
+/// A coordinate type that the controller offers for the calibration with the angle tool: by its name, since a
+/// controller may offer others than the module has learned.
 struct OfferedCoordinateType {
     QByteArray identifier;
     QByteArray description; ///< for people, as the controller sends it; the identifier when it sends none

@@ -2,6 +2,7 @@
 
 #include "AnswerWords.h"
 #include "ControllerCall.h"
+#include "CoordinateTypeName.h"
 #include "SharedCalls.h"
 
 namespace
@@ -10,31 +11,18 @@ namespace
 constexpr std::array<const char *, TrackingAccess::recordKindCount> recordKinds = {"ts", "6dmt2", "6dmt",
                                                                                    "6df2", "6df"};
 
-/// Takes the first `count` words of a text for numbers; nothing when one does not convert.
-template <std::size_t count>
-std::optional<std::array<double, count>> numbers(const QByteArray &text)
+/// Takes the first `Count` words of a text for numbers; nothing when one does not convert.
+template <std::size_t Count>
+std::optional<std::array<double, Count>> numbers(const QByteArray &text)
 {
-    std::array<double, count> result{};
-    for (std::size_t i = 0; i < count; ++i) {
+    std::array<double, Count> result{};
+    for (std::size_t i = 0; i < Count; ++i) {
         bool converted = false;
         result[i] = answerWord(text, int(i)).toDouble(&converted);
         if (!converted)
             return std::nullopt;
     }
     return result;
-}
-
-CoordinateType coordinateTypeOf(const QByteArray &identifier)
-{
-    if (identifier == "normal")
-        return CoordinateType::Normal;
-    if (identifier == "powerwall")
-        return CoordinateType::Powerwall;
-    if (identifier == "powerwall_standing")
-        return CoordinateType::PowerwallStanding;
-    if (identifier == "mid_camera")
-        return CoordinateType::MidCamera;
-    return identifier == "none" ? CoordinateType::None : CoordinateType::Unknown;
 }
 
 std::optional<QByteArray> roomText(const ControllerCall &call, int camera)
@@ -153,10 +141,10 @@ CoordinateType TrackingAccess::coordinateType() const
         const auto last = reading.text([](IOManager &host, char *answer) {
             return host.getParameter(answer, "roomcal last_coordinate_type");
         });
-        const CoordinateType type = last ? coordinateTypeOf(*last) : CoordinateType::Unknown;
+        const CoordinateType type = last ? CoordinateTypeName::typeOf(*last) : CoordinateType::Unknown;
         if (type != CoordinateType::None)
             return type;
     }
     const std::optional<QByteArray> present = SharedCalls::coordinateType(reading);
-    return present ? coordinateTypeOf(*present) : CoordinateType::Unknown;
+    return present ? CoordinateTypeName::typeOf(*present) : CoordinateType::Unknown;
 }
