@@ -54,6 +54,7 @@ QSize startSizeOn(const QRect &available)
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-function-size): builds the window
 BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool observerMode, QWidget *parent)
     : QMainWindow(parent)
     , m_channel(channel)

@@ -23,6 +23,7 @@ int complain(const QString &text)
     return badUsage;
 }
 
+// NOLINTNEXTLINE(readability-function-size): the table of the options
 void describe(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(

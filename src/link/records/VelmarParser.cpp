@@ -73,6 +73,7 @@ void VelmarParser::resizeLists()
         m_gloves.resize(m_calibratedGloves);
 }
 
+// NOLINTNEXTLINE(readability-function-size): most of it is the table of the kinds
 int VelmarParser::parseLine(char **cursor)
 {
     struct Kind {

@@ -70,30 +70,49 @@ void setRow(double *row, double x, double y, double z, const Frame &source)
         row[i] = x * source.x[i] + y * source.y[i] + z * source.z[i];
 }
 
-void setLastRow(double *T)
+/// The turns about x, y and z one after the other, row by row, from the sines in units of 0.01.
+void setTurn(double *turn, const double *step)
 {
-    T[12] = T[13] = T[14] = 0.0;
-    T[15] = 1.0;
+    double s[3], c[3];
+    for (int i = 0; i < 3; ++i) {
+        s[i] = 0.01 * step[i];
+        c[i] = std::sqrt(1.0 - s[i] * s[i]);
+    }
+    turn[0] = c[1] * c[2];
+    turn[1] = -c[1] * s[2];
+    turn[2] = s[1];
+    turn[3] = c[0] * s[2] + s[0] * s[1] * c[2];
+    turn[4] = c[0] * c[2] - s[0] * s[1] * s[2];
+    turn[5] = -s[0] * c[1];
+    turn[6] = s[0] * s[2] - c[0] * s[1] * c[2];
+    turn[7] = s[0] * c[2] + c[0] * s[1] * s[2];
+    turn[8] = c[0] * c[1];
+}
+
+void setLastRow(double *transform)
+{
+    transform[12] = transform[13] = transform[14] = 0.0;
+    transform[15] = 1.0;
 }
 
 /// Divides the whole transform by the length of its first row and returns that length.
-double takeScale(double *T)
+double takeScale(double *transform)
 {
-    const double scale = std::sqrt(squaredLength({T[0], T[1], T[2]}));
+    const double scale = std::sqrt(squaredLength({transform[0], transform[1], transform[2]}));
     for (int i = 0; i < 12; ++i)
-        T[i] /= scale;
+        transform[i] /= scale;
     return scale;
 }
 
 /// Halves the step until the residual falls, or rises by less than 0.001 mm. False after ten trials. A step
 /// with a sine beyond 1 gives a residual that is not a number; no comparison accepts it.
-bool searchAlong(PairRefinement &pairs, double *T_new, double *r_new, const double *T, double r_old,
-                 double *step)
+bool searchAlong(PairRefinement &pairs, double *next, double *nextRms, const double *transform,
+                 double lastRms, double *step)
 {
     for (int trial = 1; trial <= largestTrials; ++trial) {
-        trafo3d_applyparams(T_new, T, step);
-        *r_new = pairs.residual(T_new);
-        if (r_old > *r_new || std::fabs(r_old - *r_new) < settledMm)
+        trafo3d_applyparams(next, transform, step);
+        *nextRms = pairs.residual(next);
+        if (lastRms > *nextRms || std::fabs(lastRms - *nextRms) < settledMm)
             return true;
         for (int i = 0; i < 7; ++i)
             step[i] *= 0.5;
@@ -101,20 +120,21 @@ bool searchAlong(PairRefinement &pairs, double *T_new, double *r_new, const doub
     return false;
 }
 
-/// Linearises and steps until the residual settles. Leaves T and the residual there, or returns the code.
-int refine(PairRefinement &pairs, double *T, double *rms, int rotations, bool scale)
+/// Linearises and steps until the residual settles. Leaves transform and the residual there, or returns the
+/// code.
+int refine(PairRefinement &pairs, double *transform, double *rms, int rotations, bool scale)
 {
-    double T_new[transformSize], step[7];
-    double r_old = pairs.residual(T);
+    double next[transformSize], step[7];
+    double lastRms = pairs.residual(transform);
     for (int iteration = 1; iteration <= largestIterations; ++iteration) {
-        if (!pairs.solveStep(step, T, rotations, scale))
+        if (!pairs.solveStep(step, transform, rotations, scale))
             return -1;
-        if (!searchAlong(pairs, T_new, rms, T, r_old, step))
+        if (!searchAlong(pairs, next, rms, transform, lastRms, step))
             return -2;
-        std::copy_n(T_new, transformSize, T);
-        if (std::fabs(r_old - *rms) < settledMm)
+        std::copy_n(next, transformSize, transform);
+        if (std::fabs(lastRms - *rms) < settledMm)
             return 0;
-        r_old = *rms;
+        lastRms = *rms;
     }
     return -3;
 }
@@ -147,15 +167,15 @@ int trafo3d_opttrafo_n(double *T_inout, int dof, double *scale_out, int with_sca
                        const double *B, int N, double *rms_out)
 {
     PairRefinement pairs(A, B, std::max(N, 0));
-    double T[transformSize];
-    std::copy_n(T_inout, transformSize, T);
+    double transform[transformSize];
+    std::copy_n(T_inout, transformSize, transform);
     double rms = 0.0;
-    const int code = refine(pairs, T, &rms, dof < rigidParameters ? 2 : 3, with_scale != 0);
+    const int code = refine(pairs, transform, &rms, dof < rigidParameters ? 2 : 3, with_scale != 0);
     if (code != 0)
         return code;
     if (with_scale == 1 && scale_out != nullptr)
-        *scale_out = takeScale(T);
-    std::copy_n(T, transformSize, T_inout);
+        *scale_out = takeScale(transform);
+    std::copy_n(transform, transformSize, T_inout);
     *rms_out = rms;
     return 0;
 }
@@ -176,20 +196,8 @@ int trafo3d_lsqsolve(double *x_out, double *b, double *M, int m, int n, double *
 
 int trafo3d_applyparams(double *T_out, const double *T_base, const double *step)
 {
-    double s[3], c[3];
-    for (int i = 0; i < 3; ++i) {
-        s[i] = 0.01 * step[i];
-        c[i] = std::sqrt(1.0 - s[i] * s[i]);
-    }
-    const double turn[9] = {c[1] * c[2],
-                            -c[1] * s[2],
-                            s[1],
-                            c[0] * s[2] + s[0] * s[1] * c[2],
-                            c[0] * c[2] - s[0] * s[1] * s[2],
-                            -s[0] * c[1],
-                            s[0] * s[2] - c[0] * s[1] * c[2],
-                            s[0] * c[2] + c[0] * s[1] * s[2],
-                            c[0] * c[1]};
+    double turn[9];
+    setTurn(turn, step);
     const double scale = step[6] != 0.0 ? 1.0 + 0.001 * step[6] : 1.0;
     for (int row = 0; row < 3; ++row) {
         const double *base = T_base + 4 * row;
