@@ -163,6 +163,10 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>Reading points...</source>
         <translation>Punkte werden gelesen ...</translation>
     </message>
+    <message>
+        <source>Saving points...</source>
+        <translation>Punkte werden gespeichert ...</translation>
+    </message>
 </context>
 <context>
     <name>AbcMatchingDialogClass</name>
@@ -1324,13 +1328,6 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
-    <name>ReadingProgress</name>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-</context>
-<context>
     <name>ReportHandout</name>
     <message>
         <source>Save report</source>
@@ -1487,6 +1484,13 @@ Umschalt + linke Maustaste</translation>
 </context>
 <context>
     <name>SearchProgress</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>WorkProgress</name>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>

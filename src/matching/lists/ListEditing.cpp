@@ -4,6 +4,7 @@
 #include "NumberText.h"
 #include "ObjectWatch.h"
 #include "PointFileReading.h"
+#include "PointFileSaving.h"
 #include "PointItem.h"
 #include "PointLimit.h"
 #include "ReferencePointFile.h"
@@ -180,7 +181,12 @@ void ListEditing::save()
     const QString name = m_questions.fileToSave();
     if (name.isEmpty() || !self)
         return;
-    if (ReferencePointFile::save(name, m_lists.referenceTable().texts()))
+    const PointTable &table = m_lists.referenceTable();
+    PointFileSaving saving(name, static_cast<std::size_t>(table.rowCount()),
+                           [&table](std::size_t row) { return table.texts(static_cast<int>(row)); });
+    if (!m_questions.saveAll(saving))
+        return;
+    if (saving.isSaved())
         tell(nullptr);
     else
         tell([name] { return ListReport::notSaved(ReferencePointFile::savedName(name)); });
@@ -198,10 +204,9 @@ void ListEditing::copyMeasured()
 
 void ListEditing::copy(const PointTable &table)
 {
-    std::vector<PointText::Row> rows = table.texts();
     const int selected = table.selectedRow();
-    if (selected >= 0)
-        rows = {rows[static_cast<std::size_t>(selected)]};
+    const std::vector<PointText::Row> rows =
+        selected >= 0 ? std::vector<PointText::Row>{table.texts(selected)} : table.texts();
     if (!rows.empty())
         QGuiApplication::clipboard()->setText(PointText::write(rows));
 }

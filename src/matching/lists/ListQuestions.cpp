@@ -2,7 +2,7 @@
 
 #include "PointFilePrompt.h"
 #include "Prompt.h"
-#include "ReadingProgress.h"
+#include "WorkProgress.h"
 
 bool ListQuestions::shallRemoveRow(int row) const
 {
@@ -25,9 +25,14 @@ QString ListQuestions::fileToSave() const
     return PointFilePrompt::fileToSave(m_window, tr("Save reference points"), tr("Text file (*.txt)"));
 }
 
-bool ListQuestions::readAll(PiecewiseReading &reading) const
+bool ListQuestions::readAll(PiecewiseWork &reading) const
 {
-    return ReadingProgress::readAll(reading, m_window, tr("Reading points..."));
+    return WorkProgress::doAll(reading, m_window, tr("Reading points..."));
+}
+
+bool ListQuestions::saveAll(PiecewiseWork &saving) const
+{
+    return WorkProgress::doAll(saving, m_window, tr("Saving points..."));
 }
 
 void ListQuestions::tellNothingIsSelected() const

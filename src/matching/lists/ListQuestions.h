@@ -4,7 +4,7 @@
 #include <QMessageBox>
 #include <QString>
 
-class PiecewiseReading;
+class PiecewiseWork;
 class QWidget;
 
 /// What is asked and told in windows of their own while lists of points are edited.
@@ -29,9 +29,10 @@ public:
     [[nodiscard]] QString fileToLoad() const;
     [[nodiscard]] QString fileToSave() const;
 
-    /// Reads everything, with a progress window once that takes long. False when the user cancelled, and when
+    /// Does everything, with a progress window once that takes long. False when the user cancelled, and when
     /// the window in front of which this stands is gone.
-    [[nodiscard]] bool readAll(PiecewiseReading &reading) const;
+    [[nodiscard]] bool readAll(PiecewiseWork &reading) const;
+    [[nodiscard]] bool saveAll(PiecewiseWork &saving) const;
 
     void tellNothingIsSelected() const;
     void tellNothingIsToSave() const;

@@ -14,7 +14,7 @@ namespace PointFilePrompt
 
 /// The name of a file that exists, as ReferencePointFile::load takes it.
 [[nodiscard]] QString fileToLoad(QWidget *parent, const QString &title, const QString &filter);
-/// A name for ReferencePointFile::save; the user agreed if it replaces a file.
+/// A name for PointFileSaving; the user agreed if it replaces a file.
 [[nodiscard]] QString fileToSave(QWidget *parent, const QString &title, const QString &filter);
 
 /// The next dialog begins in the user's home again.

@@ -74,16 +74,22 @@ void PointTable::setText(int row, int column, const QString &text)
         item->setText(text);
 }
 
+ReferencePointFile::Row PointTable::texts(int row) const
+{
+    ReferencePointFile::Row texts;
+    for (int column = 0; column < coordinates; ++column) {
+        if (const QTableWidgetItem *item = m_table->item(row, column))
+            texts[static_cast<std::size_t>(column)] = item->text();
+    }
+    return texts;
+}
+
 std::vector<ReferencePointFile::Row> PointTable::texts() const
 {
-    std::vector<ReferencePointFile::Row> rows(static_cast<std::size_t>(rowCount()));
-    for (int row = 0; row < rowCount(); ++row) {
-        for (int column = 0; column < coordinates; ++column) {
-            const QTableWidgetItem *item = m_table->item(row, column);
-            if (item)
-                rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = item->text();
-        }
-    }
+    std::vector<ReferencePointFile::Row> rows;
+    rows.reserve(static_cast<std::size_t>(rowCount()));
+    for (int row = 0; row < rowCount(); ++row)
+        rows.push_back(texts(row));
     return rows;
 }
 

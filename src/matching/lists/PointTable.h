@@ -32,7 +32,8 @@ public:
 
     void setText(int row, int column, const QString &text);
 
-    /// The texts of the cells, row by row.
+    /// The texts of the cells of one row, and of all, row by row.
+    [[nodiscard]] ReferencePointFile::Row texts(int row) const;
     [[nodiscard]] std::vector<ReferencePointFile::Row> texts() const;
     /// The numbers that the cells show; a cell that shows none counts as 0.
     [[nodiscard]] MatchingPoints points() const;

@@ -13,7 +13,7 @@ PointFileReading::PointFileReading(const QString &fileName)
         m_device.open(m_file.get(), QIODevice::ReadOnly);
 }
 
-bool PointFileReading::readPiece()
+bool PointFileReading::doPiece()
 {
     return m_device.isOpen() && m_reader.readPiece();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PiecewiseReading.h"
+#include "PiecewiseWork.h"
 #include "ReferencePointReader.h"
 
 #include <QFile>
@@ -9,7 +9,7 @@
 #include <memory>
 
 /// Reads the points of a reference point file. For the formats see ReferencePointReader.
-class PointFileReading : public PiecewiseReading
+class PointFileReading : public PiecewiseWork
 {
 public:
     enum class Result {
@@ -19,11 +19,11 @@ public:
         Loaded,
     };
 
-    /// Opens the file. The name reaches the file system as Latin-1, or as ReferencePointFile::save writes it
+    /// Opens the file. The name reaches the file system as Latin-1, or as PointFileSaving writes it
     /// where there is no such file.
     explicit PointFileReading(const QString &fileName);
 
-    [[nodiscard]] bool readPiece() override;
+    [[nodiscard]] bool doPiece() override;
     [[nodiscard]] int percent() const override;
 
     /// Once everything has been read.

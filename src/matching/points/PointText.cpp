@@ -49,7 +49,7 @@ PointText::PointText(const QString &text, std::size_t room)
 {
 }
 
-bool PointText::readPiece()
+bool PointText::doPiece()
 {
     constexpr int linesOfPiece = 500;
     for (int i = 0; i < linesOfPiece; ++i) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PiecewiseReading.h"
+#include "PiecewiseWork.h"
 #include "ReferencePointFile.h"
 
 #include <QString>
@@ -13,7 +13,7 @@
 /// What is read may also have semicolons or blanks between the numbers of a line, and commas as decimal
 /// points. A line is not read when it has not three numbers, or one that NumberText would have to guess: one
 /// with several points or commas. Empty lines do not count.
-class PointText : public PiecewiseReading
+class PointText : public PiecewiseWork
 {
 public:
     using Row = ReferencePointFile::Row;
@@ -23,7 +23,7 @@ public:
     /// Reads no more than `room` rows.
     PointText(const QString &text, std::size_t room);
 
-    [[nodiscard]] bool readPiece() override;
+    [[nodiscard]] bool doPiece() override;
     [[nodiscard]] int percent() const override;
 
     /// Normalised; see NumberText.

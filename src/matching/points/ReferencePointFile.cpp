@@ -26,22 +26,14 @@ QString savedName(const QString &fileName)
     return name.endsWith(ending) ? name : name + ending;
 }
 
-void write(QIODevice &device, const std::vector<Row> &rows)
+void write(QIODevice &device, int number, const Row &row)
 {
-    int number = 0;
-    for (const Row &row : rows) {
-        QByteArray line = QByteArray::number(++number);
-        for (QString text : row) {
-            (void)normalizeNumberText(text);
-            line += ' ' + text.toLatin1();
-        }
-        device.write(line + '\n');
+    QByteArray line = QByteArray::number(number);
+    for (QString text : row) {
+        (void)normalizeNumberText(text);
+        line += ' ' + text.toLatin1();
     }
-}
-
-bool save(const QString &fileName, const std::vector<Row> &rows)
-{
-    return RegularFile::replace(savedName(fileName), [&rows](QIODevice &file) { write(file, rows); });
+    device.write(line + '\n');
 }
 
 } // namespace ReferencePointFile

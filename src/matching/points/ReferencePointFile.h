@@ -3,7 +3,6 @@
 #include <QString>
 
 #include <array>
-#include <vector>
 
 class QIODevice;
 
@@ -23,11 +22,7 @@ using Row = std::array<QString, 3>;
 /// `fileName` without blanks around it and with ".txt" behind it, unless it ends so.
 [[nodiscard]] QString savedName(const QString &fileName);
 
-/// Writes one line "number x y z" per row; the numbers count from 1, each text is normalised.
-void write(QIODevice &device, const std::vector<Row> &rows);
-
-/// Writes the rows to savedName(fileName), which is replaced only when all is written. False when that could
-/// not be done; an older file is then as it was. Regular files only: a pipe may wait for ever.
-[[nodiscard]] bool save(const QString &fileName, const std::vector<Row> &rows);
+/// Writes the line "number x y z" of a row; each text is normalised.
+void write(QIODevice &device, int number, const Row &row);
 
 } // namespace ReferencePointFile

@@ -35,13 +35,21 @@ bool isRegular(const QByteArray &name)
 
 bool replace(const QString &name, const std::function<void(QIODevice &)> &write)
 {
-    const QByteArray encoded = QFile::encodeName(name);
-    if (isThere(encoded) && !isRegular(encoded))
-        return false;
     QSaveFile file(name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (!beginToReplace(file))
         return false;
     write(file);
+    return endToReplace(file);
+}
+
+bool beginToReplace(QSaveFile &file)
+{
+    const QByteArray encoded = QFile::encodeName(file.fileName());
+    return (!isThere(encoded) || isRegular(encoded)) && file.open(QIODevice::WriteOnly | QIODevice::Text);
+}
+
+bool endToReplace(QSaveFile &file)
+{
     return file.flush() && file.commit(); // commit() alone does not see that its last write fails
 }
 

@@ -4,6 +4,7 @@
 
 class QByteArray;
 class QIODevice;
+class QSaveFile;
 class QString;
 
 /// What stands behind a name that is handed to the file system as it is.
@@ -18,5 +19,9 @@ namespace RegularFile
 /// Writes a file, which is replaced only when all is written; the writer need not look for failures. False
 /// when that could not be done; an older file is then as it was.
 [[nodiscard]] bool replace(const QString &name, const std::function<void(QIODevice &)> &write);
+
+/// The two steps of that, for who writes piece by piece.
+[[nodiscard]] bool beginToReplace(QSaveFile &file);
+[[nodiscard]] bool endToReplace(QSaveFile &file);
 
 } // namespace RegularFile

@@ -2,7 +2,7 @@
 
 #include "FileChoice.h"
 #include "ModalAnswer.h"
-#include "PiecewiseReading.h"
+#include "PiecewiseWork.h"
 #include "TestRegistry.h"
 
 #include <QMessageBox>
@@ -14,10 +14,10 @@
 namespace
 {
 
-class TwoPieces : public PiecewiseReading
+class TwoPieces : public PiecewiseWork
 {
 public:
-    [[nodiscard]] bool readPiece() override { return --m_left > 0; }
+    [[nodiscard]] bool doPiece() override { return --m_left > 0; }
     [[nodiscard]] int percent() const override { return 50; }
     [[nodiscard]] int left() const { return m_left; }
 

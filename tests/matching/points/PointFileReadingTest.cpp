@@ -18,7 +18,7 @@ private slots:
         PointFileReading reading(file.fileName());
         // WHEN
         QVector<int> percents;
-        while (reading.readPiece())
+        while (reading.doPiece())
             percents.append(reading.percent());
         // THEN
         QVERIFY(percents.size() > 5);
@@ -34,7 +34,7 @@ private slots:
         QTemporaryFile file;
         writePoints(file, 100001);
         PointFileReading reading(file.fileName());
-        while (reading.readPiece()) {
+        while (reading.doPiece()) {
         }
         QVERIFY(reading.result() == PointFileReading::Result::TooManyPoints);
     }
@@ -48,7 +48,7 @@ private slots:
         QVERIFY(file.resize(qint64(1) << 30));
         file.close();
         PointFileReading reading(file.fileName());
-        while (reading.readPiece()) {
+        while (reading.doPiece()) {
         }
         QVERIFY(reading.percent() < 5);
         QVERIFY(reading.result() == PointFileReading::Result::UnknownFormat);
@@ -57,7 +57,7 @@ private slots:
     void shouldHaveNothingToReadWithoutAFile()
     {
         PointFileReading reading(QStringLiteral("/no/such/file"));
-        QVERIFY(!reading.readPiece());
+        QVERIFY(!reading.doPiece());
         QVERIFY(reading.result() == PointFileReading::Result::NotOpened);
     }
 

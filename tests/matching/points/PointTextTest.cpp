@@ -12,7 +12,7 @@ namespace
 std::unique_ptr<PointText> readAll(const QString &text, std::size_t room = 100)
 {
     auto reading = std::make_unique<PointText>(text, room);
-    while (reading->readPiece()) {
+    while (reading->doPiece()) {
     }
     return reading;
 }
@@ -104,9 +104,9 @@ private slots:
     {
         PointText reading(QString("1 2 3\n").repeated(2000), 2000);
         QCOMPARE(reading.percent(), 0);
-        QVERIFY(reading.readPiece());
+        QVERIFY(reading.doPiece());
         QCOMPARE(reading.percent(), 25);
-        while (reading.readPiece()) {
+        while (reading.doPiece()) {
         }
         QCOMPARE(reading.percent(), 100);
         QCOMPARE(reading.rows().size(), std::size_t{2000});

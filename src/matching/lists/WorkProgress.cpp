@@ -1,8 +1,8 @@
-#include "ReadingProgress.h"
+#include "WorkProgress.h"
 
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
-#include "PiecewiseReading.h"
+#include "PiecewiseWork.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -16,15 +16,15 @@ namespace
 {
 
 constexpr auto delay = 300ms;
-/// How long events wait while something is read.
+/// How long events wait while something is done.
 constexpr auto patience = 20ms;
 
-/// False when there is nothing left to read.
-bool readForAWhile(PiecewiseReading &reading)
+/// False when there is nothing left to do.
+bool workForAWhile(PiecewiseWork &work)
 {
     const QDeadlineTimer deadline(patience);
     do {
-        if (!reading.readPiece())
+        if (!work.doPiece())
             return false;
     } while (!deadline.hasExpired());
     return true;
@@ -32,26 +32,26 @@ bool readForAWhile(PiecewiseReading &reading)
 
 } // namespace
 
-bool ReadingProgress::readAll(PiecewiseReading &reading, QWidget *window, const QString &text)
+bool WorkProgress::doAll(PiecewiseWork &work, QWidget *window, const QString &text)
 {
     const ObjectWatch watch(window);
     const QDeadlineTimer deadline(delay);
     while (!deadline.hasExpired()) {
-        if (!readForAWhile(reading))
+        if (!workForAWhile(work))
             return true;
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         if (!watch)
             return false;
     }
-    return ModalWindow<ReadingProgress>(reading, text, window).exec() == QDialog::Accepted && watch;
+    return ModalWindow<WorkProgress>(work, text, window).exec() == QDialog::Accepted && watch;
 }
 
-ReadingProgress::ReadingProgress(PiecewiseReading &reading, const QString &text, QWidget *window)
+WorkProgress::WorkProgress(PiecewiseWork &work, const QString &text, QWidget *window)
     : QProgressDialog(text, tr("Cancel"), 0, 100, window)
-    , m_reading(reading)
+    , m_work(work)
     , m_bar(new QProgressBar)
 {
-    setObjectName(QStringLiteral("readingProgress"));
+    setObjectName(QStringLiteral("workProgress"));
     setWindowTitle(window->windowTitle());
     setWindowModality(Qt::WindowModal);
     setAutoClose(false);
@@ -61,16 +61,16 @@ ReadingProgress::ReadingProgress(PiecewiseReading &reading, const QString &text,
     m_bar->setTextVisible(false);
     setBar(m_bar);
     m_bar->setAccessibleName(text);
-    m_bar->setValue(m_reading.percent());
-    connect(&m_timer, &QTimer::timeout, this, &ReadingProgress::readOn);
+    m_bar->setValue(m_work.percent());
+    connect(&m_timer, &QTimer::timeout, this, &WorkProgress::goOn);
     m_timer.start(0ms);
 }
 
 /// The bar is told directly: QProgressDialog::setValue() would run the event loop, which may destroy this.
-void ReadingProgress::readOn()
+void WorkProgress::goOn()
 {
-    if (!readForAWhile(m_reading))
+    if (!workForAWhile(m_work))
         accept();
     else
-        m_bar->setValue(m_reading.percent());
+        m_bar->setValue(m_work.percent());
 }

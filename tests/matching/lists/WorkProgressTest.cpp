@@ -1,7 +1,7 @@
-#include "ReadingProgress.h"
+#include "WorkProgress.h"
 
 #include "ModalAnswer.h"
-#include "PiecewiseReading.h"
+#include "PiecewiseWork.h"
 #include "TestRegistry.h"
 
 #include <QProgressBar>
@@ -13,11 +13,11 @@
 namespace
 {
 
-/// Has something to read until it is told otherwise.
-class EndlessReading : public PiecewiseReading
+/// Has something to do until it is told otherwise.
+class EndlessWork : public PiecewiseWork
 {
 public:
-    bool readPiece() override
+    bool doPiece() override
     {
         ++pieces;
         return !ended;
@@ -30,39 +30,39 @@ public:
 
 } // namespace
 
-class ReadingProgressTest : public QObject
+class WorkProgressTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     void init() { m_window = std::make_unique<QWidget>(); }
 
-    void shouldShowNothingWhereReadingIsQuick()
+    void shouldShowNothingWhereWorkIsQuick()
     {
-        EndlessReading reading;
-        reading.ended = true;
+        EndlessWork work;
+        work.ended = true;
         ModalAnswer answer;
-        QVERIFY(ReadingProgress::readAll(reading, m_window.get(), "Reading"));
-        QCOMPARE(reading.pieces, 1);
+        QVERIFY(WorkProgress::doAll(work, m_window.get(), "Reading"));
+        QCOMPARE(work.pieces, 1);
         QCOMPARE(answer.unexpected(), QStringList());
     }
 
-    void shouldReadOnInAWindowOfItsOwn()
+    void shouldGoOnInAWindowOfItsOwn()
     {
         // GIVEN
-        EndlessReading reading;
+        EndlessWork work;
         ModalAnswer answer;
         answer.then([&](QWidget *window) {
             const auto *progress = qobject_cast<QProgressDialog *>(window);
             QVERIFY(progress);
             QCOMPARE(progress->labelText(), QString("Reading"));
             QTRY_COMPARE(progress->findChild<QProgressBar *>()->value(), 42);
-            const int pieces = reading.pieces;
-            QTRY_VERIFY(reading.pieces > pieces);
-            reading.ended = true;
+            const int pieces = work.pieces;
+            QTRY_VERIFY(work.pieces > pieces);
+            work.ended = true;
         });
         // WHEN
-        const bool all = ReadingProgress::readAll(reading, m_window.get(), "Reading");
+        const bool all = WorkProgress::doAll(work, m_window.get(), "Reading");
         // THEN
         QVERIFY(all);
         QVERIFY(answer.isDone());
@@ -79,7 +79,7 @@ private slots:
     void shouldEndByCancel()
     {
         QFETCH(bool, byKey);
-        EndlessReading reading;
+        EndlessWork work;
         ModalAnswer answer;
         answer.then([&](QWidget *window) {
             if (byKey)
@@ -87,7 +87,7 @@ private slots:
             else
                 QTest::mouseClick(window->findChild<QPushButton *>(), Qt::LeftButton);
         });
-        QVERIFY(!ReadingProgress::readAll(reading, m_window.get(), "Reading"));
+        QVERIFY(!WorkProgress::doAll(work, m_window.get(), "Reading"));
         QVERIFY(answer.isDone());
         QVERIFY(m_window->children().isEmpty());
     }
@@ -102,13 +102,13 @@ private slots:
     void shouldSurviveTheEndOfTheWindow()
     {
         QFETCH(int, pieces);
-        EndlessReading reading;
+        EndlessWork work;
         ModalAnswer answer;
         if (pieces > 0)
             QTimer::singleShot(0, [this] { m_window.reset(); });
         else
             answer.then([this](QWidget *) { QTimer::singleShot(0, [this] { m_window.reset(); }); });
-        QVERIFY(!ReadingProgress::readAll(reading, m_window.get(), "Reading"));
+        QVERIFY(!WorkProgress::doAll(work, m_window.get(), "Reading"));
         QVERIFY(!m_window);
         QVERIFY(answer.isDone());
     }
@@ -117,6 +117,6 @@ private:
     std::unique_ptr<QWidget> m_window;
 };
 
-ROOM_TEST_CLASS(ReadingProgressTest)
+ROOM_TEST_CLASS(WorkProgressTest)
 
-#include "ReadingProgressTest.moc"
+#include "WorkProgressTest.moc"
