@@ -34,7 +34,7 @@ double PointItem::shownNumber()
     if (!typed.isNull())
         return typed.toDouble();
     if (!m_isAsShown)
-        m_number = numberText().toDouble();
+        m_number = CoordinateText::shownNumber(m_number);
     m_isAsShown = true;
     return m_number;
 }

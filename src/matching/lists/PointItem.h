@@ -1,5 +1,7 @@
 #pragma once
 
+#include "CoordinateText.h"
+
 #include <QString>
 #include <QTableWidgetItem>
 
@@ -32,7 +34,7 @@ public:
     void setData(int role, const QVariant &value) override;
 
 private:
-    [[nodiscard]] QString numberText() const { return QString::number(m_number, 'f', 2); }
+    [[nodiscard]] QString numberText() const { return CoordinateText::of(m_number); }
 
     double m_number = 0.0;
     bool m_isAsShown = false; ///< the number has no more decimals than its text
