@@ -3,24 +3,19 @@
 #include <algorithm>
 #include <ctime>
 
-namespace
+namespace BenchmarkTimes
 {
 
-std::chrono::nanoseconds usedTime()
+Milliseconds usedTime()
 {
     std::timespec time{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-} // namespace
-
-namespace BenchmarkTimes
-{
-
 Milliseconds timeOf(const std::function<void()> &work)
 {
-    const std::chrono::nanoseconds start = usedTime();
+    const Milliseconds start = usedTime();
     work();
     return usedTime() - start;
 }

@@ -10,6 +10,9 @@ namespace BenchmarkTimes
 
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
+/// Processor time that this thread has taken since it began.
+[[nodiscard]] Milliseconds usedTime();
+
 /// Processor time of this thread, so that the worst of many says nothing of other programs.
 [[nodiscard]] Milliseconds timeOf(const std::function<void()> &work);
 
