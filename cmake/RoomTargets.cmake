@@ -67,13 +67,15 @@ function(room_use_test_headers)
   endforeach()
 endfunction()
 
-# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds] [COMMA class function ...])
+# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds] [COMMA class function ...]
+#           [GERMAN class|class::function ...])
 #
 # One test executable, run twice: in the C locale and in one with a decimal comma. Unless
 # WITHOUT_DISPLAY is given it runs on an X server of its own, so that tests can run side by side. With COMMA the second
-# run is of these functions of one class alone: for the others a locale changes nothing.
+# run is of these functions of one class alone: for the others a locale changes nothing. With GERMAN a third run is of
+# these classes and functions as a German has them before a fine screen: comma, translation and a scale of 2 at once.
 function(room_test name)
-  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS;COMMA" ${ARGN})
+  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS;COMMA;GERMAN" ${ARGN})
   set(target test_${name})
   if(ARG_WITHOUT_DISPLAY)
     set(main testmain_core)
@@ -97,6 +99,14 @@ function(room_test name)
   add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}> ${ARG_COMMA})
   room_test_environment(${name}.comma ${ARG_TIMEOUT}
     LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1 ${class})
+  if(ARG_GERMAN)
+    list(JOIN ARG_GERMAN " " german)
+    add_test(NAME ${name}.german COMMAND ${launcher} $<TARGET_FILE:${target}>)
+    room_test_environment(${name}.german ${ARG_TIMEOUT}
+      LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1
+      ROOM_TEST_LANGUAGE=de QT_SCALE_FACTOR=2 ROOM_SCREEN=3200x2400x24 "ROOM_TEST_CLASS=${german}")
+    add_dependencies(${target} translations bench_translations)
+  endif()
 endfunction()
 
 # room_test_environment(NAME SECONDS VARIABLE=VALUE ...): in what a run takes place, besides these variables.

@@ -1,6 +1,7 @@
 #include "TestRegistry.h"
 
 #include "AssertionCounter.h"
+#include "TestLanguage.h"
 
 #include <QObject>
 #include <QTemporaryFile>
@@ -35,10 +36,24 @@ bool localeIsAsExpected()
     return false;
 }
 
-bool isWanted(const QObject &test)
+/// ROOM_TEST_CLASS holds the classes that are to run, or single functions of them, as "ThisTest
+/// ThatTest::shouldDo". Nothing when the class is not among them; without functions all of it.
+std::optional<QStringList> wantedFunctions(const QObject &test)
 {
-    const char *name = std::getenv("ROOM_TEST_CLASS");
-    return name == nullptr || qstrcmp(name, test.metaObject()->className()) == 0;
+    const QString wanted = qEnvironmentVariable("ROOM_TEST_CLASS");
+    if (wanted.isEmpty())
+        return QStringList();
+    bool isNamed = false;
+    QStringList functions;
+    const QStringList words = wanted.split(QLatin1Char(' '));
+    for (const QString &word : words) {
+        if (word.section("::", 0, 0) != QLatin1String(test.metaObject()->className()))
+            continue;
+        isNamed = true;
+        if (word.contains("::"))
+            functions << word.section("::", 1);
+    }
+    return isNamed ? std::optional<QStringList>(functions) : std::nullopt;
 }
 
 /// Runs one class. Returns the number of functions that failed or that passed without asserting anything.
@@ -76,7 +91,8 @@ bool add(Factory factory)
 
 int runAll(int argc, char **argv)
 {
-    if (!localeIsAsExpected())
+    const TestLanguage language(qEnvironmentVariable("ROOM_TEST_LANGUAGE"));
+    if (!localeIsAsExpected() || !language.isSpoken())
         return notRunnable;
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
@@ -85,10 +101,11 @@ int runAll(int argc, char **argv)
     int runs = 0;
     for (const Factory factory : factories()) {
         const std::unique_ptr<QObject> test = factory();
-        if (!isWanted(*test))
+        const std::optional<QStringList> functions = wantedFunctions(*test);
+        if (!functions)
             continue;
         ++runs;
-        failures += run(*test, arguments);
+        failures += run(*test, arguments + *functions);
     }
     if (runs == 0)
         return notRunnable;

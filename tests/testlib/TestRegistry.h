@@ -16,9 +16,9 @@ bool add(Factory factory);
 /// Runs every registered class with the program's arguments.
 ///
 /// In the run with the decimal comma (environment variable ROOM_EXPECT_DECIMAL_COMMA) it first makes sure
-/// that the C library really prints a comma. The environment variable ROOM_TEST_CLASS leaves only the class
-/// of that name. A function that passes without having asserted anything has failed. Returns the number of
-/// failed functions, at most 100, or 101 when the locale is wrong or there was nothing to run.
+/// that the C library really prints a comma; ROOM_TEST_LANGUAGE names its language. ROOM_TEST_CLASS leaves
+/// the classes and functions that it names, as "A B::shouldDo". A function that passes without having asserted
+/// anything has failed. Returns the failed functions, at most 100; 101 without locale, language or test.
 int runAll(int argc, char **argv);
 
 } // namespace TestRegistry
