@@ -377,6 +377,38 @@ private slots:
         QVERIFY(dialog.findChild<QWidget *>(QStringLiteral("pb_cancel"))->y() > 0);
     }
 
+    void shouldMoveNoBarWhenTheFramesOfCamerasGetThicker()
+    {
+        // GIVEN: the window of a calibration that runs
+        CalibrationBench bench;
+        endAfter(&bench, 60, "none");
+        QuickProgress dialog(&bench);
+        const auto places = [&dialog] {
+            QCoreApplication::sendPostedEvents();
+            QList<QRect> list;
+            for (const QProgressBar *bar : dialog.findChildren<QProgressBar *>())
+                list.append({bar->mapTo(&dialog, QPoint(0, 0)), bar->size()});
+            return list;
+        };
+        QList<QRect> before;
+        QList<QRect> marked;
+        QList<QRect> unmarked;
+        QTimer::singleShot(5, &dialog, [&] {
+            before = places();
+            // WHEN
+            dialog.onReceiveMostActiveChanges(QStringLiteral("0,2"));
+            marked = places();
+            dialog.onReceiveMostActiveChanges(QString());
+            unmarked = places();
+        });
+        QCOMPARE(dialog.start(room), 1);
+        // THEN
+        QVERIFY(before.size() > 2);
+        QVERIFY(before.first().width() > 0);
+        QCOMPARE(marked, before);
+        QCOMPARE(unmarked, before);
+    }
+
     void shouldCountDownOverTheWindowThatIsSeen()
     {
         // GIVEN: the progress window is shown only after this pause
