@@ -3,6 +3,7 @@
 #include "FakeController.h"
 #include "PickByKeys.h"
 #include "RoomControls.h"
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 
 #include <QAbstractButton>
@@ -33,6 +34,11 @@ QString text(const RoomPanel &panel, const char *name)
 void click(const RoomPanel &panel, const char *name)
 {
     QTest::mouseClick(child<QAbstractButton>(panel, name), Qt::LeftButton);
+}
+
+QString inSight(const QString &x, const QString &y, const QString &z)
+{
+    return spoken("RoomPanel", "x %1, y %2, z %3 mm, %4").arg(x, y, z, spoken("RoomPanel", "in sight"));
 }
 
 } // namespace
@@ -84,12 +90,12 @@ private slots:
         fake.room().tools.at(2).tracked = false;
         RoomControls controls(fake.channel);
         RoomPanel panel(controls);
-        QCOMPARE(text(panel, "toolLabel2"), QStringLiteral("x 1.50, y -2.00, z 3.25 mm, in sight"));
-        QCOMPARE(text(panel, "toolLabel3"), QStringLiteral("out of sight"));
+        QCOMPARE(text(panel, "toolLabel2"), inSight("1.50", "-2.00", "3.25"));
+        QCOMPARE(text(panel, "toolLabel3"), spoken("RoomPanel", "out of sight"));
         fake.room().tools.pop_back();
         panel.showState();
         QVERIFY(panel.findChild<QLabel *>(QStringLiteral("toolLabel3")) == nullptr);
-        QCOMPARE(text(panel, "toolLabel2"), QStringLiteral("x 1.50, y -2.00, z 3.25 mm, in sight"));
+        QCOMPARE(text(panel, "toolLabel2"), inSight("1.50", "-2.00", "3.25"));
     }
 
     void shouldSetTheCoordinateType()

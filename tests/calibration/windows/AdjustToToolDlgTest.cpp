@@ -3,6 +3,7 @@
 #include "CalibrationProgressDlg.h"
 #include "ModalAnswer.h"
 
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 #include "WheelTurn.h"
 
@@ -17,6 +18,11 @@ namespace
 constexpr std::array<const char *, 4> fieldNames{"doubleSpinBox_a", "doubleSpinBox_b", "doubleSpinBox_c",
                                                  "doubleSpinBox_height"};
 
+QString expert()
+{
+    return spoken("AdjustToToolDlg", "expert");
+}
+
 /// Opens the dialog with fields that can be edited and the focus on a button, and does this inside.
 void openForAnExpert(CalibrationBench *bench, AngleToolFixture *dialog, const std::function<void()> &action)
 {
@@ -24,7 +30,7 @@ void openForAnExpert(CalibrationBench *bench, AngleToolFixture *dialog, const st
     bool isActive = false;
     dialog->openAnd([&] {
         isActive = QTest::qWaitForWindowActive(dialog);
-        dialog->models()->setCurrentText(QStringLiteral("expert"));
+        dialog->models()->setCurrentText(expert());
         dialog->button("pushButton_exit")->setFocus();
         action();
     });
@@ -108,7 +114,7 @@ private slots:
             for (QComboBox *list : {dialog.models(), dialog.types()})
                 turnWheelOver(list, 1);
             QCOMPARE(dialog.values(), (QList<double>{240.0, 90.0, 150.0, 40.0}));
-            QCOMPARE(dialog.models()->currentText(), QStringLiteral("expert"));
+            QCOMPARE(dialog.models()->currentText(), expert());
             QCOMPARE(dialog.types()->currentIndex(), 1);
             turnWheelOver(dialog.types(), -1);
             QCOMPARE(dialog.types()->currentIndex(), 1);

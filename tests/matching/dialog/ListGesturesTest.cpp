@@ -1,5 +1,6 @@
 #include "FileChoice.h"
 #include "OpenedDialog.h"
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 
 #include <QClipboard>
@@ -34,6 +35,25 @@ int selectedRow(const QTableWidget *table)
 {
     const QModelIndexList selected = table->selectionModel()->selectedIndexes();
     return selected.isEmpty() ? -1 : selected.first().row();
+}
+
+constexpr auto product = "AbcMatchingDialog"; // the context of its texts
+
+QString removeRowTwo()
+{
+    return spoken(product, "Warning") + "|" + spoken(product, "Remove row %1?").arg(2);
+}
+
+/// The first line of a report.
+QString reportTitle()
+{
+    return spoken(product, "Transformation evaluation report :\nResidual error : %1").section("\n", 0, 0);
+}
+
+QString leftOut(const QString &lines)
+{
+    return spoken("ListReport", "These lines of the pasted text are not three numbers and were left out: %1.")
+        .arg(lines);
 }
 
 } // namespace
@@ -73,7 +93,7 @@ private slots:
             clickRowNumber(opened.find<QTableWidget>(referenceTable), 1);
             opened.answers().thenPress(QMessageBox::Yes);
             opened.click("pushButton_removeRefPoint");
-            QCOMPARE(opened.answers().boxes(), QStringList{"Warning|Remove row 2?"});
+            QCOMPARE(opened.answers().boxes(), QStringList{removeRowTwo()});
             QCOMPARE(opened.cell(referenceTable, 1, 0), QString("3.00"));
         });
     }
@@ -179,8 +199,7 @@ private slots:
             opened.press(table, Qt::Key_Delete);
             QCOMPARE(table->rowCount(), 2);
             QCOMPARE(opened.cell(tableName.constData(), 1, 0), QString("3.00"));
-            QCOMPARE(opened.answers().boxes(),
-                     (QStringList{"Warning|Remove row 2?", "Warning|Remove row 2?"}));
+            QCOMPARE(opened.answers().boxes(), (QStringList{removeRowTwo(), removeRowTwo()}));
         });
     }
 
@@ -191,7 +210,8 @@ private slots:
             opened.click("pushButton_addRefPoint");
             opened.answers().thenPress(QMessageBox::Ok);
             opened.press(opened.find<QTableWidget>(referenceTable), Qt::Key_Delete);
-            QCOMPARE(opened.answers().boxes(), QStringList{"Remove|Nothing selected."});
+            QCOMPARE(opened.answers().boxes(),
+                     QStringList{spoken(product, "Remove") + "|" + spoken(product, "Nothing selected.")});
         });
     }
 
@@ -222,7 +242,7 @@ private slots:
         OpenedDialog opened;
         opened.run([&] {
             addPoints(opened, 4);
-            QVERIFY(opened.report().startsWith("Transformation evaluation report"));
+            QVERIFY(opened.report().startsWith(reportTitle()));
             QVERIFY(opened.isEnabled("w_applyButton"));
             for (int i = 0; i < 16; ++i)
                 press(opened, Qt::Key_Z, Qt::ControlModifier);
@@ -310,11 +330,10 @@ private slots:
             QCOMPARE(contents(opened, referenceTable),
                      (QStringList{"1.00 1.00 0.00", "1.50 2.00 3.00", "6.00 7.00 8.00"}));
             QCOMPARE(evaluated.count(), 1);
-            QVERIFY(opened.notice().startsWith(
-                "These lines of the pasted text are not three numbers and were left out: 1, 4."));
+            QVERIFY(opened.notice().startsWith(leftOut("1, 4")));
             press(opened, Qt::Key_Z, Qt::ControlModifier);
             QCOMPARE(opened.rows(referenceTable), 1);
-            QVERIFY(!opened.notice().contains("left out"));
+            QVERIFY(!opened.notice().contains(leftOut("1, 4")));
         });
     }
 
@@ -330,7 +349,7 @@ private slots:
             opened.press(table, Qt::Key_V, Qt::ControlModifier);
             QCOMPARE(opened.rows(referenceTable), 1);
             QVERIFY(evaluated.isEmpty());
-            QVERIFY(opened.notice().contains("left out: 1, 2."));
+            QVERIFY(opened.notice().contains(leftOut("1, 2")));
         });
     }
 

@@ -2,6 +2,7 @@
 
 #include "FileChoice.h"
 #include "ModalAnswer.h"
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 
 #include <QAction>
@@ -24,6 +25,8 @@ QString ask(Prompt prompt, QWidget *parent)
 {
     return prompt(parent, "Title", "Text files (*.txt);; All files (*.*)");
 }
+
+constexpr auto product = "PointFilePrompt"; // the context of its texts
 
 } // namespace
 
@@ -71,6 +74,37 @@ private slots:
         QCOMPARE(std::remove(name.constData()), 0); // the temporary folder cannot name it
     }
 
+    /// Qt leaves out names that it cannot decode, so such a file can be typed, but not be picked.
+    void shouldListTheFilesWhoseNamesAreUtf8()
+    {
+        const QString german = QString::fromUtf8("pr\xc3\xbc"
+                                                 "fling.txt");
+        makeFile(german);
+        const QByteArray undecodable = path("alt").toUtf8() + "\xfc.txt";
+        std::FILE *file = std::fopen(undecodable.constData(), "wb");
+        QVERIFY(file != nullptr);
+        std::fclose(file);
+        QStringList listed;
+        ModalAnswer answer;
+        answer.then([this, &listed](QWidget *window) {
+            auto *dialog = qobject_cast<QFileDialog *>(window);
+            dialog->setDirectory(m_folder->path());
+            const auto *view = dialog->findChild<QTreeView *>();
+            const auto names = [view] {
+                QStringList list;
+                for (int row = 0; row < view->model()->rowCount(view->rootIndex()); ++row)
+                    list << view->model()->index(row, 0, view->rootIndex()).data().toString();
+                return list;
+            };
+            QTRY_VERIFY(!names().isEmpty());
+            listed = names();
+            dialog->reject();
+        });
+        QCOMPARE(ask(PointFilePrompt::fileToLoad, m_parent.get()), QString());
+        QCOMPARE(listed, QStringList(german));
+        QCOMPARE(std::remove(undecodable.constData()), 0); // the temporary folder cannot name it
+    }
+
     void shouldTellThatAFileDoesNotExistAndGoOn()
     {
         makeFile("points.txt");
@@ -88,7 +122,8 @@ private slots:
         goOn.start(5);
         QCOMPARE(ask(PointFilePrompt::fileToLoad, m_parent.get()), path("points.txt"));
         QCOMPARE(answer.boxes(),
-                 QStringList{QString("File not found|There is no file \"%1\".").arg(path("pints.txt"))});
+                 QStringList{spoken(product, "File not found") + "|" +
+                             spoken(product, "There is no file \"%1\".").arg(path("pints.txt"))});
         QCOMPARE(answer.unexpected(), QStringList());
     }
 
@@ -113,7 +148,8 @@ private slots:
         QCOMPARE(answer.boxes().size(), 1);
         const QString file = typed.startsWith("o") ? "other.dat.txt" : "ref.txt";
         QCOMPARE(answer.boxes().first(),
-                 QString("Replace file|\"%1\" exists already. Shall it be replaced?").arg(path(file)));
+                 spoken(product, "Replace file") + "|" +
+                     spoken(product, "\"%1\" exists already. Shall it be replaced?").arg(path(file)));
         QCOMPARE(answer.unexpected(), QStringList());
     }
 
