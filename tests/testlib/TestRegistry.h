@@ -16,9 +16,9 @@ bool add(Factory factory);
 /// Runs every registered class with the program's arguments.
 ///
 /// In the run with the decimal comma (environment variable ROOM_EXPECT_DECIMAL_COMMA) it first makes sure
-/// that the C library really prints a comma; ROOM_TEST_LANGUAGE names its language. ROOM_TEST_CLASS leaves
-/// the classes and functions that it names, as "A B::shouldDo". A function that passes without having asserted
-/// anything has failed. Returns the failed functions, at most 100; 101 without locale, language or test.
+/// that the C library really prints a comma. ROOM_TEST_LANGUAGE names its language, ROOM_TEST_CLASS the only
+/// classes and functions to run, as "A B::shouldDo". A function that asserts nothing has failed. Returns the
+/// number of failed functions, at most 100, or 101 without the locale, the language or anything to run.
 int runAll(int argc, char **argv);
 
 } // namespace TestRegistry
