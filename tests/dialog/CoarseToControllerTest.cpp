@@ -68,6 +68,7 @@ private slots:
     void shouldWriteTheRotationOfTheAssignmentAndShowItAgain_data();
     void shouldWriteTheRotationOfTheAssignmentAndShowItAgain();
     void shouldHandItsAnglesToTheFinePanel();
+    void shouldOfferToApplyAResetThatChangesNoAngle();
     void shouldSendAnglesThatItCannotShowToTheFinePanel();
     void shouldShowTheCamerasOfTheDialog();
     void shouldFitTheColumnsToATableThatGrewOrShrankUnseen();
@@ -114,6 +115,21 @@ void CoarseToControllerTest::shouldWriteTheRotationOfTheAssignmentAndShowItAgain
         f.click("btn_cancel");
     });
     QCOMPARE(f.answer.boxes(), QStringList());
+}
+
+void CoarseToControllerTest::shouldOfferToApplyAResetThatChangesNoAngle()
+{
+    // GIVEN
+    DialogFixture f;
+    f.open([&] {
+        QVERIFY(!f.child<QPushButton>("btn_apply")->isEnabled());
+        QSignalSpy rz(f.child<QDoubleSpinBox>("doubleSpinBox_rz"), SIGNAL(valueChanged(double)));
+        // WHEN
+        f.click("pushButton_reset");
+        // THEN
+        QCOMPARE(rz.count(), 0);
+        QVERIFY(f.child<QPushButton>("btn_apply")->isEnabled());
+    });
 }
 
 void CoarseToControllerTest::shouldHandItsAnglesToTheFinePanel()

@@ -13,7 +13,7 @@ def known():
         if line.startswith("## "):
             path = line[3:].strip()
         cells = [cell.strip().replace("\\|", "|").strip("`") for cell in re.split(r"(?<!\\)\|", line)[1:-1]]
-        if len(cells) == 4 and cells[0] not in ("Function", "---"):
+        if len(cells) == 4 and cells[0] not in ("Function", "Widget", "---"):
             rows.add((path, *cells[:3]))
     return rows
 

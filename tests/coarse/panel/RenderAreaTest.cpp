@@ -92,6 +92,16 @@ private slots:
         QCOMPARE(area.coordinateType(), CoordinateType::Unknown);
     }
 
+    void shouldLoadItsPicturesItself()
+    {
+        // GIVEN
+        Q_CLEANUP_RESOURCE(room_adjustment);
+        // WHEN
+        const RenderArea area(side, nullptr, nullptr);
+        // THEN
+        QCOMPARE(area.minimumSize(), QSize(side, side));
+    }
+
     void shouldDrawEachArrowFromTheCentreToItsEdge_data()
     {
         QTest::addColumn<CoordinateType>("type");
