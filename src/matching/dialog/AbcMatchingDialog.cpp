@@ -1,11 +1,8 @@
 #include "AbcMatchingDialog.h"
 
 #include "EvaluationThread.h"
-#include "FitPictureWindow.h"
 #include "FitTrust.h"
 #include "HideWatch.h"
-#include "IOManager.h"
-#include "JobReport.h"
 #include "ListEditing.h"
 #include "ListKeys.h"
 #include "MatchingControls.h"
@@ -14,14 +11,15 @@
 #include "MatchingLists.h"
 #include "MatchingNotices.h"
 #include "MatchingReport.h"
-#include "MeasurementRecords.h"
 #include "MeasuringSigns.h"
 #include "MeasuringView.h"
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "PointFileDrop.h"
+#include "PointMeasuring.h"
 #include "ReportHandout.h"
 #include "Resources.h"
+#include "ResultOffers.h"
 #include "ResultView.h"
 #include "ScreenFit.h"
 #include "SearchProgress.h"
@@ -31,9 +29,7 @@
 #include <QKeyEvent>
 #include <QTableWidget>
 
-#include <algorithm>
 #include <chrono>
-#include <cstring>
 
 using namespace std::chrono_literals;
 
@@ -42,14 +38,13 @@ namespace
 
 constexpr auto trackingStatusInterval = 200ms;
 constexpr int noResult = 0;
-constexpr int undecodable = -2;
 
 } // namespace
 
 AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions *versions, QWidget *parent)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::AbcMatchingDialogClass>())
-    , m_controller(commands, versions)
+    , m_points(new PointMeasuring(commands, versions, m_state, this))
     , m_evaluation(new EvaluationThread(this))
     , m_progress(new SearchProgress(this))
 {
@@ -66,7 +61,7 @@ AbcMatchingDialog::AbcMatchingDialog(IOManager *commands, const BackendVersions 
     m_result = std::make_unique<ResultView>(*m_ui, m_lists->referenceTable(), m_lists->measuredTable());
     m_signs =
         new MeasuringSigns(m_ui->checkBox_sounds, m_ui->checkBox_largeDisplay, m_ui->w_largeDisplay, this);
-    m_handout = new ReportHandout([this] { return reportText(); }, this);
+    m_offers = new ResultOffers(*m_lists, *m_result, *m_notices, this);
     m_timer.setInterval(trackingStatusInterval);
     showSurveyTexts();
     connectOwnSignals();
@@ -82,15 +77,33 @@ void AbcMatchingDialog::connectOwnSignals()
     connect(this, &AbcMatchingDialog::do_updateProgressbar, this, &AbcMatchingDialog::updateProgressbar);
     connect(this, &AbcMatchingDialog::do_addMeasuredPoint, this, &AbcMatchingDialog::addMeasuredPoint);
     connect(this, &AbcMatchingDialog::do_setTrafoText, this, &AbcMatchingDialog::setTrafoText);
-    connect(m_ui->pushButton_picture, &QPushButton::clicked, this, &AbcMatchingDialog::showPicture);
-    connect(m_ui->pushButton_saveReport, &QPushButton::clicked, m_handout, &ReportHandout::save);
-    connect(m_ui->pushButton_copyReport, &QPushButton::clicked, m_handout, &ReportHandout::copy);
-    connect(m_handout, &ReportHandout::noticeChanged, this, [this] { m_notices->tellHandout(*m_handout); });
     connect(&m_timer, &QTimer::timeout, this, &AbcMatchingDialog::showTrackingStatus);
     connect(m_editing, &ListEditing::changed, this, &AbcMatchingDialog::evaluate);
     connect(m_editing, &ListEditing::noticeChanged, this, [this] { m_notices->tellEditing(*m_editing); });
     connect(m_evaluation, &EvaluationThread::finished, this, &AbcMatchingDialog::showEvaluation);
     connect(m_progress, &SearchProgress::cancelled, this, &AbcMatchingDialog::cancelSearch);
+    connectMeasuring();
+    connectOffers();
+}
+
+void AbcMatchingDialog::connectMeasuring()
+{
+    connect(m_points, &PointMeasuring::startRequested, this, &AbcMatchingDialog::startTipMea);
+    connect(m_points, &PointMeasuring::starting, this, &AbcMatchingDialog::showState);
+    connect(m_points, &PointMeasuring::durationKnown, this,
+            [this](double seconds) { m_measuring->showStart(seconds); });
+    connect(m_points, &PointMeasuring::sampled, this, &AbcMatchingDialog::showSample);
+    connect(m_points, &PointMeasuring::ended, this, &AbcMatchingDialog::endMeasurement);
+}
+
+void AbcMatchingDialog::connectOffers()
+{
+    ReportHandout *handout = &m_offers->handout();
+    connect(m_ui->pushButton_picture, &QPushButton::clicked, m_offers, &ResultOffers::showPicture);
+    connect(m_ui->pushButton_saveReport, &QPushButton::clicked, handout, &ReportHandout::save);
+    connect(m_ui->pushButton_copyReport, &QPushButton::clicked, handout, &ReportHandout::copy);
+    connect(handout, &ReportHandout::noticeChanged, this,
+            [this, handout] { m_notices->tellHandout(*handout); });
 }
 
 // --- Opening and closing
@@ -98,14 +111,18 @@ void AbcMatchingDialog::connectOwnSignals()
 int AbcMatchingDialog::update_and_exec()
 {
     const ObjectWatch self(this, m_running);
-    if (!self) {
-        raise();
-        activateWindow();
-        return noResult;
-    }
+    if (self)
+        return askAndExec();
+    raise();
+    activateWindow();
+    return noResult;
+}
+
+int AbcMatchingDialog::askAndExec()
+{
+    const ObjectWatch self(this);
     m_state.beginOpening();
-    m_sampler.restart();
-    const ToolSurvey survey = surveyTools(m_controller, [&self] { return bool(self); });
+    const ToolSurvey survey = m_points->open();
     if (!self)
         return noResult;
     showSurvey(survey);
@@ -134,12 +151,12 @@ void AbcMatchingDialog::showSurvey(const ToolSurvey &survey)
     m_state.opened(survey);
     m_signs->refresh();
     m_measuring->fill(survey.calibrated);
-    m_sampler.selectTool(m_measuring->selectedTool());
+    m_points->selectTool(m_measuring->selectedTool());
     showState();
     showSurveyTexts();
     m_ui->progressBar->setValue(0);
-    m_measuring->showTracking(m_sampler.isTracked());
-    m_records.seen(RecordWatch::Clock::now());
+    m_measuring->showTracking(m_points->isTracked());
+    m_points->awaitRecords();
     showWhetherRecordsArrive();
     if (m_state.isToolReady())
         m_timer.start();
@@ -163,16 +180,20 @@ int AbcMatchingDialog::referenceCount() const
     return m_lists->referenceTable().rowCount();
 }
 
+void AbcMatchingDialog::tellModuleVersion(const QString &version)
+{
+    m_offers->setModuleVersion(version);
+}
+
 void AbcMatchingDialog::tellRoom(const RoomTrafoData &held, double scaling)
 {
-    m_job.before = held;
-    m_job.scaling = scaling;
+    m_offers->setRoom(held, scaling);
     m_notices->setScaling(scaling);
 }
 
 void AbcMatchingDialog::showWhetherRecordsArrive()
 {
-    m_notices->tellData(!m_state.isOpen() || !m_records.isSilent(RecordWatch::Clock::now()));
+    m_notices->tellData(!m_state.isOpen() || m_points->recordsArrive());
 }
 
 void AbcMatchingDialog::showState()
@@ -235,63 +256,11 @@ void AbcMatchingDialog::on_pushButton_help_clicked()
     ModalWindow<MatchingHelp>(this).exec();
 }
 
-void AbcMatchingDialog::showPicture()
-{
-    if (m_result->evaluation())
-        ModalWindow<FitPictureWindow>(m_lists->references(), *m_result->evaluation(), this).exec();
-}
-
-QString AbcMatchingDialog::reportText() const
-{
-    const std::optional<MatchingEvaluation> &evaluation = m_result->evaluation();
-    if (!evaluation || evaluation->outcome != MatchingEvaluation::Outcome::Matched)
-        return {};
-    JobRecord record = m_job;
-    record.time = QDateTime::currentDateTime();
-    record.references = m_lists->references();
-    record.measured = m_lists->measured();
-    record.order = chosenOrder();
-    record.evaluation = *evaluation;
-    record.notices = m_notices->ofTheResult();
-    return JobReport::of(record);
-}
-
 // --- Measuring
 
 int AbcMatchingDialog::dataReceived(const char *kind, const char *text)
 {
-    m_records.seen(RecordWatch::Clock::now());
-    if (!m_sampler.decode(text))
-        return undecodable;
-    const bool ends = kind && std::strncmp(kind, toolLineBeginning, sizeof toolLineBeginning - 1) == 0;
-    if (ends || !m_state.isOpen())
-        return noResult;
-    m_sampler.watchButtons();
-    if (!m_state.takesRecords())
-        return noResult;
-    const ObjectWatch self(this);
-    const int count = std::min(m_state.toolCount(), m_sampler.toolCount());
-    for (int index = 0; index < count && self; ++index)
-        takeStep(m_sampler.sample(index));
-    return noResult;
-}
-
-void AbcMatchingDialog::takeStep(const ToolSampler::Step &step)
-{
-    switch (step.event) {
-    case ToolSampler::Event::StartRequested:
-        emit startTipMea();
-        break;
-    case ToolSampler::Event::Sampled:
-        showSample(step.elapsed);
-        break;
-    case ToolSampler::Event::Ended:
-        endMeasurement(step.judgement);
-        break;
-    case ToolSampler::Event::FirstSample:
-    case ToolSampler::Event::Ignored:
-        break;
-    }
+    return m_points->dataReceived(kind, text);
 }
 
 void AbcMatchingDialog::showSample(double elapsed)
@@ -320,7 +289,7 @@ void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
     const ObjectWatch self(this);
     if (judgement.outcome == Outcome::Point) {
         m_taken = judgement;
-        m_job.conditions = m_sampler.conditions();
+        m_offers->setConditions(m_points->conditions());
         emit do_setTrafoText(QString());
         if (self)
             emit do_addMeasuredPoint();
@@ -339,27 +308,7 @@ void AbcMatchingDialog::endMeasurement(const TipCollector::Judgement &judgement)
 
 void AbcMatchingDialog::on_w_measureButton_clicked()
 {
-    const int tool = m_sampler.selectedTool();
-    if (tool != ToolSampler::noTool && m_state.canStart())
-        startMeasurement(tool);
-}
-
-void AbcMatchingDialog::startMeasurement(int tool)
-{
-    const ObjectWatch self(this);
-    m_state.beginStart();
-    showState();
-    const double duration = m_controller.duration(tool);
-    if (!self)
-        return;
-    m_measuring->showStart(duration);
-    const double tolerance = m_controller.tipTolerance(tool);
-    if (!self)
-        return;
-    m_sampler.setLimits(duration, tolerance);
-    m_controller.startMeasurement(tool);
-    if (self)
-        m_state.started();
+    m_points->start();
 }
 
 void AbcMatchingDialog::updateProgressbar(const double &elapsed)
@@ -370,7 +319,7 @@ void AbcMatchingDialog::updateProgressbar(const double &elapsed)
 
 void AbcMatchingDialog::showTrackingStatus()
 {
-    const bool tracked = m_sampler.selectedTool() != ToolSampler::noTool && m_sampler.isTracked();
+    const bool tracked = m_points->isTracked();
     m_state.looked(tracked);
     showState();
     m_measuring->showTracking(tracked);
@@ -380,7 +329,7 @@ void AbcMatchingDialog::showTrackingStatus()
 void AbcMatchingDialog::on_comboBox_meatool_currentIndexChanged(int index)
 {
     Q_UNUSED(index)
-    m_sampler.selectTool(m_measuring->selectedTool());
+    m_points->selectTool(m_measuring->selectedTool());
 }
 
 void AbcMatchingDialog::addMeasuredPoint()
@@ -483,7 +432,8 @@ void AbcMatchingDialog::evaluate()
     m_notices->forgetResult();
     showPoints();
     m_signs->showCount(m_lists->measuredTable().rowCount(), referenceCount());
-    m_handout->forget();
+    m_offers->handout().forget();
+    m_offers->setOrder(chosenOrder());
     const std::optional<MatchingEvaluation> evaluation =
         m_evaluation->start(m_lists->references(), m_lists->measured(), chosenOrder());
     if (evaluation) {
@@ -491,7 +441,7 @@ void AbcMatchingDialog::evaluate()
         return;
     }
     m_state.searchGoesOn();
-    m_sampler.drop();
+    m_points->drop();
     updateProgressbar(0.0);
     m_progress->start();
     m_result->showSearching();
@@ -515,7 +465,7 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
     showState();
     const FitTrust trust = FitTrust::of(m_lists->references(), evaluation);
     m_result->show(evaluation, trust);
-    m_notices->tellResult(evaluation, trust, m_sampler.toleranceMm());
+    m_notices->tellResult(evaluation, trust, m_points->conditions().toleranceMm);
     emit updateRequest();
 }
 

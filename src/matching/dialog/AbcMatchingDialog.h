@@ -1,12 +1,8 @@
 #pragma once
 
-#include "JobRecord.h"
 #include "MatchingEvaluation.h"
-#include "MatchingPoint.h"
 #include "MatchingState.h"
-#include "MeasurementAccess.h"
-#include "RecordWatch.h"
-#include "ToolSampler.h"
+#include "TipCollector.h"
 #include "bsMatrix.h"
 
 #include <QDialog>
@@ -15,20 +11,23 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 class EvaluationThread;
+class IOManager;
 class ListEditing;
 class MatchingControls;
 class MatchingLists;
 class MatchingNotices;
 class MeasuringSigns;
 class MeasuringView;
+class PointMeasuring;
 class QTableWidgetItem;
-class ReportHandout;
+class ResultOffers;
 class ResultView;
 class SearchProgress;
 struct BackendVersions;
+struct RoomTrafoData;
+struct ToolSurvey;
 
 namespace Ui
 {
@@ -50,7 +49,7 @@ public:
     ~AbcMatchingDialog() override;
 
     /// For the report that is handed out.
-    void tellModuleVersion(const QString &version) { m_job.moduleVersion = version; }
+    void tellModuleVersion(const QString &version);
     /// What the controller held before it was made neutral for the measurements, and the scaling that a
     /// matching leaves in force; one other than 1 is told before "Apply".
     void tellRoom(const RoomTrafoData &held, double scaling);
@@ -106,7 +105,10 @@ protected:
 
 private:
     void connectOwnSignals();
+    void connectMeasuring();
+    void connectOffers();
 
+    int askAndExec();
     int execInFrontOfAWindow();
     void endOpening();
     void showSurvey(const ToolSurvey &survey);
@@ -116,15 +118,11 @@ private:
     void showWhetherRecordsArrive();
     void report(const std::function<QString()> &text);
 
-    void startMeasurement(int tool);
-    void takeStep(const ToolSampler::Step &step);
     void endMeasurement(const TipCollector::Judgement &judgement);
 
     void evaluate();
     void cancelSearch();
     void showEvaluation(const MatchingEvaluation &evaluation);
-    void showPicture();
-    [[nodiscard]] QString reportText() const;
     [[nodiscard]] MatchingEvaluation::Order chosenOrder() const;
     [[nodiscard]] bool replaces() const;
     [[nodiscard]] int nextPoint() const;
@@ -132,25 +130,22 @@ private:
     [[nodiscard]] int referenceCount() const;
 
     std::unique_ptr<Ui::AbcMatchingDialogClass> m_ui;
-    MeasurementAccess m_controller;
     QTimer m_timer{this};
-    ToolSampler m_sampler;
     std::unique_ptr<MatchingLists> m_lists;
     ListEditing *m_editing;
     std::unique_ptr<MatchingControls> m_controls;
     std::unique_ptr<MeasuringView> m_measuring;
     std::unique_ptr<MatchingNotices> m_notices;
     std::unique_ptr<ResultView> m_result;
+    PointMeasuring *m_points;
     EvaluationThread *m_evaluation;
     SearchProgress *m_progress;
     MeasuringSigns *m_signs;
-    ReportHandout *m_handout;
+    ResultOffers *m_offers;
 
     MatchingState m_state;
-    RecordWatch m_records;
     bool m_running = false;
     TipCollector::Judgement m_taken; ///< of the last point
-    JobRecord m_job;                 ///< what is known of it before it is reported
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;
 };

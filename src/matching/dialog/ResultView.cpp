@@ -29,6 +29,11 @@ void ResultView::show(const MatchingEvaluation &evaluation, const FitTrust &trus
     m_report = [evaluation] { return MatchingReport::report(evaluation); };
 }
 
+bool ResultView::isMatched() const
+{
+    return m_evaluation && m_evaluation->outcome == MatchingEvaluation::Outcome::Matched;
+}
+
 void ResultView::showSearching()
 {
     clear();

@@ -29,6 +29,8 @@ public:
     /// What is shown, if it is the result of an evaluation.
     [[nodiscard]] const std::optional<MatchingEvaluation> &evaluation() const { return m_evaluation; }
 
+    [[nodiscard]] bool isMatched() const;
+
     void showReport(const QString &text);
     /// The text that is shown as report can be told anew in another language.
     void setReportSource(std::function<QString()> text) { m_report = std::move(text); }
