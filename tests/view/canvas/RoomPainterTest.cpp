@@ -127,7 +127,7 @@ RoomTrafoData translated(double x, double y, double z)
 
 } // namespace
 
-class CanvasPictureTest : public QObject
+class RoomPainterTest : public QObject
 {
     Q_OBJECT
 private slots:
@@ -346,5 +346,5 @@ private slots:
     }
 };
 
-ROOM_TEST_CLASS(CanvasPictureTest)
-#include "CanvasPictureTest.moc"
+ROOM_TEST_CLASS(RoomPainterTest)
+#include "RoomPainterTest.moc"

@@ -37,7 +37,7 @@ public:
 
 } // namespace
 
-class MatchingFormTest : public QObject
+class AbcMatchingDialogTest : public QObject
 {
     Q_OBJECT
 
@@ -54,7 +54,7 @@ private slots:
     void shouldFollowTheLanguage();
 };
 
-void MatchingFormTest::shouldDeclareItsSignalsInOrder()
+void AbcMatchingDialogTest::shouldDeclareItsSignalsInOrder()
 {
     const QStringList expected{
         QStringLiteral("startTipMea()"),
@@ -67,7 +67,7 @@ void MatchingFormTest::shouldDeclareItsSignalsInOrder()
     QCOMPARE(ownMethods(QMetaMethod::Signal), expected);
 }
 
-void MatchingFormTest::shouldDeclareItsSlotsInOrder()
+void AbcMatchingDialogTest::shouldDeclareItsSlotsInOrder()
 {
     const QStringList expected{
         QStringLiteral("update_and_exec()"),
@@ -99,7 +99,7 @@ void MatchingFormTest::shouldDeclareItsSlotsInOrder()
     QCOMPARE(ownMethods(QMetaMethod::Slot), expected);
 }
 
-void MatchingFormTest::shouldBuildTheForm()
+void AbcMatchingDialogTest::shouldBuildTheForm()
 {
     OpenedDialog opened;
     QCOMPARE(opened.dialog().objectName(), QStringLiteral("AbcMatchingDialogClass"));
@@ -133,21 +133,21 @@ void MatchingFormTest::shouldBuildTheForm()
     QVERIFY(!opened.isEnabled("w_applyButton"));
 }
 
-void MatchingFormTest::shouldNotCallTheControllerWhenBuilt()
+void AbcMatchingDialogTest::shouldNotCallTheControllerWhenBuilt()
 {
     OpenedDialog opened;
     opened.destroy();
     QVERIFY(opened.host().calls().isEmpty());
 }
 
-void MatchingFormTest::shouldNotLetEnterPressAButton()
+void AbcMatchingDialogTest::shouldNotLetEnterPressAButton()
 {
     OpenedDialog opened;
     for (const QPushButton *button : opened.dialog().findChildren<QPushButton *>())
         QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
 }
 
-void MatchingFormTest::shouldGiveEveryControlATip()
+void AbcMatchingDialogTest::shouldGiveEveryControlATip()
 {
     OpenedDialog opened;
     for (const char *name : matchingControls) {
@@ -158,7 +158,7 @@ void MatchingFormTest::shouldGiveEveryControlATip()
     }
 }
 
-void MatchingFormTest::shouldLetTabLeaveTheTables()
+void AbcMatchingDialogTest::shouldLetTabLeaveTheTables()
 {
     OpenedDialog opened;
     QVERIFY(!opened.find<QTableWidget>("tableWidget_referencePoints")->tabKeyNavigation());
@@ -166,7 +166,7 @@ void MatchingFormTest::shouldLetTabLeaveTheTables()
     QVERIFY(opened.find<QTextEdit>("w_trafoText")->tabChangesFocus());
 }
 
-void MatchingFormTest::shouldFitASmallScreen()
+void AbcMatchingDialogTest::shouldFitASmallScreen()
 {
     OpenedDialog opened;
     opened.run([&] {
@@ -186,7 +186,7 @@ void MatchingFormTest::shouldFitASmallScreen()
     });
 }
 
-void MatchingFormTest::shouldNotGreyItsNotices()
+void AbcMatchingDialogTest::shouldNotGreyItsNotices()
 {
     OpenedDialog opened;
     opened.versions() = interfaceVersion(1, 2);
@@ -197,7 +197,7 @@ void MatchingFormTest::shouldNotGreyItsNotices()
     });
 }
 
-void MatchingFormTest::shouldFollowTheLanguage()
+void AbcMatchingDialogTest::shouldFollowTheLanguage()
 {
     OpenedDialog opened;
     opened.host().setAnswer(QStringLiteral("measurementtool tip_calibrated b01"), "no");
@@ -216,6 +216,6 @@ void MatchingFormTest::shouldFollowTheLanguage()
     });
 }
 
-ROOM_TEST_CLASS(MatchingFormTest)
+ROOM_TEST_CLASS(AbcMatchingDialogTest)
 
-#include "MatchingFormTest.moc"
+#include "AbcMatchingDialogTest.moc"

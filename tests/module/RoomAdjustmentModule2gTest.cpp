@@ -24,7 +24,7 @@ QList<QDialog *> dialogs()
 
 } // namespace
 
-class ModuleActionsTest : public QObject
+class RoomAdjustmentModule2gTest : public QObject
 {
     Q_OBJECT
 
@@ -208,6 +208,6 @@ private slots:
     }
 };
 
-ROOM_TEST_CLASS(ModuleActionsTest)
+ROOM_TEST_CLASS(RoomAdjustmentModule2gTest)
 
-#include "ModuleActionsTest.moc"
+#include "RoomAdjustmentModule2gTest.moc"
