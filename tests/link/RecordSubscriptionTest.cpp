@@ -128,6 +128,40 @@ private slots:
         QVERIFY(s.host.subscriptions().isEmpty());
     }
 
+    void shouldHaveEveryKindOnceWhenItIsEndedAndBegunAgainWhileItBegins_data()
+    {
+        QTest::addColumn<int>("call");
+        QTest::addColumn<bool>("byTheHost");
+        for (int call = 1; call <= begun.size(); ++call) {
+            QTest::addRow("ended in call %d", call) << call << false;
+            QTest::addRow("released in call %d", call) << call << true;
+        }
+    }
+
+    /// A host that notes a kind when its call returns would hold it twice, and the second for ever.
+    void shouldHaveEveryKindOnceWhenItIsEndedAndBegunAgainWhileItBegins()
+    {
+        // GIVEN
+        QFETCH(int, call);
+        QFETCH(bool, byTheHost);
+        Subscribed s;
+        s.inCall(call, [&] {
+            if (byTheHost) {
+                s.host.releaseRequester(&s.requester);
+                s.subscription->forget();
+            } else {
+                s.subscription->end();
+            }
+            s.subscription->begin();
+        });
+        // WHEN
+        s.subscription->begin();
+        // THEN
+        QCOMPARE(s.host.subscriptions().size(), begun.size());
+        s.subscription.reset();
+        QVERIFY(s.host.subscriptions().isEmpty());
+    }
+
     void shouldHaveEveryKindOnceWhenItIsBegunAgainWhileItBegins()
     {
         // GIVEN
