@@ -8,22 +8,38 @@
 #include "ui_CooTrans.h"
 
 #include <QMenu>
+#include <QVBoxLayout>
 
 namespace
 {
 
 constexpr double viewUnits = 300.0;
 
+/// Where the view stands. It is a window of the window system and would make windows of all widgets around
+/// it, were it not kept apart. Some forty windows that go with the dialog at once are more than the X library
+/// can take: what it is told of their end may cost the host its connection.
+QWidget *placeApart(const Ui::CooTransClass &ui)
+{
+    auto *place = new QWidget(ui.viewStack);
+    for (QWidget *page : {place, static_cast<QWidget *>(ui.label_noView)})
+        page->setAttribute(Qt::WA_DontCreateNativeAncestors);
+    auto *layout = new QVBoxLayout(place);
+    layout->setContentsMargins({});
+    return place;
+}
+
 } // namespace
 
 RoomScene::RoomScene(Ui::CooTransClass &ui, QWidget *page)
     : m_ui(ui)
-    , m_view(new AbcGLCanvas(page, nullptr))
+    , m_view(new AbcGLCanvas(placeApart(ui), nullptr))
     , m_menu(new QMenu(page))
 {
     m_view->setObjectName(QStringLiteral("w_view"));
-    m_ui.viewStack->addWidget(m_view);
-    m_ui.viewStack->setCurrentWidget(m_view);
+    QWidget *place = m_view->parentWidget();
+    place->layout()->addWidget(m_view);
+    m_ui.viewStack->addWidget(place);
+    m_ui.viewStack->setCurrentWidget(place);
     m_controls = std::make_unique<ViewControls>(m_ui, m_view);
     m_view->setContextMenu(m_menu);
     colorPlanes();

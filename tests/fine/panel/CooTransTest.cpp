@@ -40,6 +40,7 @@ private slots:
     void shouldSetAnglesLikeAUser();
     void shouldSetStepsAndDistanceByTheViewDistance();
     void shouldConnectTheViewEditors();
+    void shouldMakeNoWindowOfWhatStandsAroundTheView();
 };
 
 void CooTransTest::shouldOfferItsSignalsAndSlotsByName()
@@ -325,6 +326,25 @@ void CooTransTest::shouldConnectTheViewEditors()
     p.click("w_resetViewButton");
     QCOMPARE(p.view()->viewPose().orientation().y, 0.0);
     QCOMPARE(p.view()->viewPose().position().x, 0.0);
+}
+
+/// Each window of the window system tells of its end by a dozen messages. Those of some forty in one go
+/// exceed what the X library bears while it waits for a descriptor; it then gives up the host's connection.
+void CooTransTest::shouldMakeNoWindowOfWhatStandsAroundTheView()
+{
+    // GIVEN
+    FinePanel p;
+    // WHEN
+    p.widget.show();
+    // THEN
+    QVERIFY(p.view()->internalWinId() != 0);
+    QStringList windows;
+    for (const QWidget *widget : p.widget.findChildren<QWidget *>()) {
+        if (widget->internalWinId() != 0 && !widget->isWindow())
+            windows.append(widget->objectName());
+    }
+    windows.sort();
+    QCOMPARE(windows.join(QLatin1Char(' ')), QString(" label_noView w_view"));
 }
 
 ROOM_TEST_CLASS(CooTransTest)
