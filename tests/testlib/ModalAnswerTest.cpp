@@ -1,5 +1,6 @@
 #include "ModalAnswer.h"
 
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QDialog>
@@ -8,6 +9,8 @@
 #include <QtTest>
 
 #include <functional>
+
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -190,6 +193,36 @@ private slots:
         QCOMPARE(loud, int(QDialog::Accepted));
         QVERIFY(answer.isDone());
         QCOMPARE(answer.unexpected(), QStringList());
+    }
+
+    void shouldCloseWhatStaysOpenTooLong_data()
+    {
+        QTest::addColumn<bool>("leftAlone");
+        QTest::newRow("after its step") << false;
+        QTest::newRow("left alone") << true;
+    }
+    void shouldCloseWhatStaysOpenTooLong()
+    {
+        // GIVEN
+        QFETCH(bool, leftAlone);
+        ModalAnswer answer;
+        if (leftAlone)
+            answer.leaveAlone("stuck");
+        else
+            answer.then([](QWidget *) {});
+        Titled stuck("stuck");
+        bool wasOpen = false;
+        QTimer::singleShot(0, &stuck.dialog, [&] {
+            TestClock::advance(100s); // a look in 10 ms at most
+            wasOpen = stuck.dialog.isVisible();
+            TestClock::advance(100s);
+        });
+        // WHEN
+        const int result = stuck.dialog.exec();
+        // THEN
+        QVERIFY(wasOpen);
+        QCOMPARE(result, int(QDialog::Rejected));
+        QCOMPARE(answer.unexpected(), QStringList{"stuck|"});
     }
 
     void shouldNotTouchAWindowThatIsNotModal()
