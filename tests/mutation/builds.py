@@ -13,6 +13,9 @@ import sources
 
 WORK = sources.ROOT / "build" / "mutants"
 
+QUICK_LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else []
+MODULE = "module/libroomadjustment2g.so"
+
 Object = collections.namedtuple("Object", "path source command")
 
 
@@ -147,7 +150,7 @@ class Workshop:
             result.append(mine.pop(word, word))
         # In front of the libraries: what stands there is not looked for in them.
         behind = result.index("-o") + 2
-        self.run(result[:behind] + list(mine.values()) + result[behind:], self.build.folder)
+        self.run([*result[:behind], *mine.values(), *result[behind:], *QUICK_LINKER], self.build.folder)
 
     def compile(self, name):
         if name not in self.compiled:
@@ -173,6 +176,3 @@ class Workshop:
         result = subprocess.run([*map(str, command)], cwd=folder, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
         if result.returncode:
             raise BuildError(result.stderr.decode(errors="replace"))
-
-
-MODULE = "module/libroomadjustment2g.so"
