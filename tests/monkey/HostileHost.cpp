@@ -212,15 +212,10 @@ void HostileHost::deliver()
     }
 }
 
-/// What is on the screen stays within what an X server of software bears; the largest size is for the main
-/// dialog while it is hidden.
 void HostileHost::resizeSomething(QWidget *window)
 {
-    constexpr int sizes[] = {0, 1, 500, 1600, 4096};
-    window->resize(sizes[m_chance.upTo(5)], sizes[m_chance.upTo(3)]);
-    QWidget *dialog = mainDialog();
-    if (dialog != nullptr && !dialog->isVisible())
-        dialog->resize(largestSize, largestSize);
+    constexpr int sizes[] = {0, 1, 500, 1600, 4096, largestSize};
+    window->resize(sizes[m_chance.upTo(6)], sizes[m_chance.upTo(6)]);
 }
 
 /// The pointer is gone before the window is: its end leads to further calls.
