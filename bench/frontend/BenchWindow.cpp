@@ -76,7 +76,8 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
     resize(startSizeOn(available));
     move(available.topLeft() + startPosition);
     m_room->setWindowFlag(Qt::Window);
-    m_room->resize(roomSize.expandedTo(m_room->sizeHint()).boundedTo(roomBelow(available)));
+    m_room->resize(roomSize);
+    fitRoom();
     m_companion = new ModalCompanion(m_room);
     new DialogPlace(this, m_conversation, m_room);
     new CameraNotices(m_channel, this);
@@ -215,14 +216,24 @@ void BenchWindow::changeEvent(QEvent *event)
     if (event->type() != QEvent::LanguageChange)
         return;
     showTexts();
-    // All windows get this event in turn; the module knows its new texts when all have had it.
+    // All windows get this event in turn; module and room know their new texts when all have had it.
     QTimer::singleShot(0, this, &BenchWindow::retitleModule);
+    QTimer::singleShot(0, this, &BenchWindow::fitRoom);
 }
 
 void BenchWindow::setBackendName(const QString &name)
 {
     m_backendName = name;
     readVersion();
+}
+
+/// As large as its texts need it, and inside the screen.
+void BenchWindow::fitRoom()
+{
+    const QRect available = screen()->availableGeometry();
+    m_room->resize(m_room->size().expandedTo(m_room->sizeHint()).boundedTo(roomBelow(available)));
+    if (m_room->isVisible() && m_room->frameGeometry().right() > available.right())
+        m_room->move(available.right() - m_room->frameGeometry().width(), m_room->y());
 }
 
 void BenchWindow::readVersion()

@@ -66,6 +66,7 @@ private:
     void showModuleState();
     void retitleModule();
     void showRoom();
+    void fitRoom();
     void showHelp();
 
     BenchIOManager &m_channel;

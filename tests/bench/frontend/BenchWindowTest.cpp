@@ -3,6 +3,7 @@
 #include "FakeController.h"
 #include "GuideWindow.h"
 #include "RoomPanel.h"
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 
 #include <QAction>
@@ -237,6 +238,22 @@ private slots:
             QVERIFY(screen.contains(window.findChild<GuideWindow *>()->frameGeometry()));
         }
         QApplication::setFont(before);
+    }
+
+    void shouldWidenTheSimulatedRoomForLongerTexts()
+    {
+        FakeController fake;
+        BenchWindow window(fake.channel, fakeModule, false);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QWidget *room = window.roomPanel();
+        room->resize(room->minimumSizeHint());
+        room->move(window.screen()->availableGeometry().right() - room->width(), 0);
+        const int before = room->width();
+        const TestLanguage german("de");
+        QTRY_VERIFY(room->width() >= room->sizeHint().width());
+        QVERIFY(room->width() > before);
+        QVERIFY(window.screen()->availableGeometry().contains(room->frameGeometry()));
     }
 
     void shouldOpenTheSimulatedRoomBesideItself()
