@@ -167,6 +167,10 @@ Die Spitze wurde während der Messung zu stark bewegt:
         <source>Saving points...</source>
         <translation>Punkte werden gespeichert ...</translation>
     </message>
+    <message>
+        <source>The order of more than %1 points is not searched. Measure in the order of the table and check &quot;preserve order of points&quot;.</source>
+        <translation>Für mehr als %1 Punkte wird keine Reihenfolge gesucht. Messen Sie in der Reihenfolge der Tabelle und wählen Sie „Reihenfolge der Punkte beibehalten“.</translation>
+    </message>
 </context>
 <context>
     <name>AbcMatchingDialogClass</name>

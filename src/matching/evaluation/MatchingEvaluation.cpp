@@ -25,14 +25,27 @@ PointOrder tableOrder(std::size_t count)
     return order;
 }
 
+Outcome outcomeWithoutOrder(AssignmentSearch::Outcome outcome)
+{
+    switch (outcome) {
+    case AssignmentSearch::Outcome::TooManyPoints:
+        return Outcome::TooManyPoints;
+    case AssignmentSearch::Outcome::Cancelled:
+        return Outcome::Cancelled;
+    case AssignmentSearch::Outcome::NoValidOrder:
+    case AssignmentSearch::Outcome::Found:
+        break;
+    }
+    return Outcome::NoValidOrder;
+}
+
 /// Finds the order and whether it is the only good one. Sets the outcome when there is none.
 bool searchOrder(MatchingEvaluation &evaluation, const MatchingPoints &references,
                  const MatchingPoints &measured, const MatchingEvaluation::GoOn &goOn)
 {
     AssignmentSearch search(references, measured);
     const AssignmentSearch::Result result = search.run(goOn);
-    evaluation.outcome =
-        result.outcome == AssignmentSearch::Outcome::Cancelled ? Outcome::Cancelled : Outcome::NoValidOrder;
+    evaluation.outcome = outcomeWithoutOrder(result.outcome);
     if (result.outcome != AssignmentSearch::Outcome::Found)
         return false;
     const AssignmentSearch::Rival rival = search.findRival(result, goOn);

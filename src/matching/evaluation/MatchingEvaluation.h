@@ -19,6 +19,7 @@ struct MatchingEvaluation {
         NoValidOrder,     ///< no order of the measured points can be fitted
         StartFailed,      ///< see `code`, of trafo3d_3trafo
         RefinementFailed, ///< see `code`, of trafo3d_opttrafo
+        TooManyPoints,    ///< more than AssignmentSearch::mostPoints, of which no order is searched
         Cancelled,        ///< the search was ended before its order was sure
         Matched,
     };

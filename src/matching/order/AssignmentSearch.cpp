@@ -24,6 +24,9 @@ constexpr std::size_t largestTreeCount = 8;
 constexpr std::size_t treeQuestions = 5;
 constexpr std::size_t pointsPerTreeQuestion = 8;
 
+/// Up to here, the tree and the rotations fit into the memory at the same time.
+constexpr std::size_t mostPointsOfBoth = 500;
+
 /// Beyond these, the squares of what a unit turn does to measured points overflow, or those of the distances
 /// that are left of any measured points below that.
 constexpr double largestMeasuredSideMm = 4e156;
@@ -129,7 +132,7 @@ std::optional<AssignmentSearch::Result> AssignmentSearch::answerAtOnce(const GoO
         longestSide(references) > largestReferenceSideMm)
         return Result();
     if (references.size() > mostPoints)
-        return cancelled;
+        return Result{Outcome::TooManyPoints, {}, -1.0F};
     switch (m_fit.anyStart(goOn)) {
     case OrderFit::Start::Possible:
         return std::nullopt;
@@ -240,24 +243,39 @@ AssignmentSearch::Rival AssignmentSearch::findRival(const Result &found, const G
     if (m_referenceTwins.any() || m_measuredTwins.any())
         return Rival::Exists;
     const auto best = static_cast<double>(found.bestMm);
-    AssignmentTree tree(m_fit, m_referenceTwins, m_measuredTwins);
     RivalOrder rival(m_fit, found.order, std::max(rivalFactor * best, best + rivalMm));
-    TreeSteps steps(goOn, m_fit.references().size());
-    bool complete = tree.walk(rival, steps.goOn());
-    if (!complete && !rival.exists() && (steps.areUsedUp() || tree.isFull()))
-        complete = swapPairs(rival, found.order) && rotations().walk(rival, goOn);
+    bool gaveUp = false;
+    bool complete = walkTree(rival, gaveUp, goOn);
+    if (gaveUp && !rival.exists())
+        complete = swapPairs(rival, found.order, goOn) && rotations().walk(rival, goOn);
     if (complete)
         return Rival::None;
     return rival.exists() ? Rival::Exists : Rival::Cancelled;
 }
 
-/// Where many orders fit, one that exchanges two partners mostly does. False when that is so.
-bool AssignmentSearch::swapPairs(RivalOrder &rival, const PointOrder &found) const
+/// Where there are many points, the memory is the tree's first and then that of the rotations.
+bool AssignmentSearch::walkTree(RivalOrder &rival, bool &gaveUp, const GoOn &goOn)
+{
+    const std::size_t count = m_fit.references().size();
+    if (count > mostPointsOfBoth)
+        m_rotations.reset();
+    AssignmentTree tree(m_fit, m_referenceTwins, m_measuredTwins);
+    TreeSteps steps(goOn, count);
+    const bool complete = tree.walk(rival, steps.goOn());
+    gaveUp = !complete && (steps.areUsedUp() || tree.isFull());
+    return complete;
+}
+
+/// Where many orders fit, one that exchanges two partners mostly does. False when that is so, and when it was
+/// ended.
+bool AssignmentSearch::swapPairs(RivalOrder &rival, const PointOrder &found, const GoOn &goOn) const
 {
     const RotationBound bound(m_fit.references(), m_fit.measured());
     const double limit = bound.sumWithin(rival.limitMm());
     PointOrder order = found;
     for (std::size_t i = 0; i < order.size(); ++i) {
+        if (goOn && !goOn())
+            return false;
         for (std::size_t j = i + 1; j < order.size(); ++j) {
             std::swap(order[i], order[j]);
             if (!bound.exceeds(bound.momentsOf(order), limit) && !rival.visit(order))

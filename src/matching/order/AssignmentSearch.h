@@ -22,7 +22,7 @@ class AssignmentSearch
 public:
     using GoOn = OrderVisitor::GoOn;
 
-    enum class Outcome { Found, NoValidOrder, Cancelled };
+    enum class Outcome { Found, NoValidOrder, TooManyPoints, Cancelled };
 
     struct Result {
         Outcome outcome = Outcome::NoValidOrder;
@@ -42,7 +42,7 @@ public:
     /// The loop for up to six points. For more the tree for a fixed number of steps (without an end for seven
     /// or eight points), and if that does not suffice, the rotations from what it has found. `goOn` is asked
     /// every few steps, less than a few milliseconds apart; false cancels. It may be empty.
-    /// Cancelled at once for more than `mostPoints`.
+    /// TooManyPoints at once for more than `mostPoints`.
     [[nodiscard]] Result run(const GoOn &goOn);
 
     /// All orders, one after the other.
@@ -60,8 +60,9 @@ public:
 private:
     [[nodiscard]] std::optional<Result> answerAtOnce(const GoOn &goOn) const;
     [[nodiscard]] bool walkTree(BestOrder &best, const GoOn &goOn);
+    [[nodiscard]] bool walkTree(RivalOrder &rival, bool &gaveUp, const GoOn &goOn);
     [[nodiscard]] bool walkRotations(BestOrder &best, const GoOn &goOn);
-    [[nodiscard]] bool swapPairs(RivalOrder &rival, const PointOrder &found) const;
+    [[nodiscard]] bool swapPairs(RivalOrder &rival, const PointOrder &found, const GoOn &goOn) const;
     [[nodiscard]] RotationSearch &rotations();
 
     OrderFit m_fit;

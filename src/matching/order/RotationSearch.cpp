@@ -31,7 +31,7 @@ constexpr double smallShare = 0.8;
 constexpr long stepsGrowth = 16;
 constexpr long mostSteps = 20000;
 
-constexpr unsigned workBetweenQuestions = 20000;
+constexpr std::size_t workBetweenQuestions = 20000;
 
 } // namespace
 
@@ -46,12 +46,15 @@ RotationSearch::RotationSearch(const MatchingPoints &references, const MatchingP
     , m_knownCount(std::min(mostKnown, knownNumbers / references.size()))
     , m_known(m_knownCount * references.size())
 {
+    constexpr std::size_t rowsOfPath = 16;
+    m_assignment.setGoOn([this, work = rowsOfPath * references.size()]() { return mayGoOn(work); });
 }
 
 void RotationSearch::begin(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn)
 {
     m_visitor = &visitor;
     m_goOn = &goOn;
+    m_ended = false;
     std::fill(m_known.begin(), m_known.end(), short(-1));
     m_pairs.allowAll();
     makeStarts();
@@ -62,13 +65,14 @@ double RotationSearch::largestRmsMm() const
     return std::sqrt(m_costsUnder.total() / m_costsUnder.count()) * m_bound.unitMm();
 }
 
-bool RotationSearch::mayGoOn()
+bool RotationSearch::mayGoOn(std::size_t work)
 {
-    m_steps += static_cast<unsigned>(m_pairs.size());
+    m_steps += work;
     if (m_steps < workBetweenQuestions)
-        return true;
+        return !m_ended;
     m_steps = 0;
-    return !*m_goOn || (*m_goOn)();
+    m_ended = m_ended || (*m_goOn && !(*m_goOn)());
+    return !m_ended;
 }
 
 /// Cells of about the same size.
@@ -94,7 +98,7 @@ bool RotationSearch::visitLikely(OrderVisitor &visitor, const OrderVisitor::GoOn
     begin(visitor, goOn);
     m_leastLikelyMm = std::numeric_limits<double>::infinity();
     for (Start &start : m_starts) {
-        if (!mayGoOn())
+        if (!mayGoOn(m_pairs.size()))
             return false;
         weigh(start);
     }
@@ -122,10 +126,11 @@ bool RotationSearch::follow(const Start &start)
     PointOrder order;
     m_assignment.setColumnPrices(start.prices);
     for (int turn = 0; turn < longestFollowing; ++turn) {
-        if (!mayGoOn())
+        if (!mayGoOn(m_pairs.size()))
             return false;
         m_costsUnder.fill(m_costs, RotationCell::matrixOf(rotation), m_pairs);
-        (void)m_assignment.solve(m_pairs, m_costs);
+        if (!m_assignment.solve(m_pairs, m_costs))
+            return false;
         if (m_assignment.columns() == order)
             break;
         order = m_assignment.columns();
@@ -155,7 +160,7 @@ double RotationSearch::allowedCost(double slack) const
 /// Where the cell around this one tells that it will be cut anyway, nothing is assigned.
 bool RotationSearch::explore(const RotationCell &cell, const Hints &hints)
 {
-    if (!mayGoOn())
+    if (!mayGoOn(m_pairs.size()))
         return false;
     const RotationCell::Matrix rotation = RotationCell::matrixOf(cell.centre());
     const RotationCell::Matrix weights = m_costsUnder.turnWeights(rotation);
@@ -165,7 +170,7 @@ bool RotationSearch::explore(const RotationCell &cell, const Hints &hints)
     m_costsUnder.fill(m_costs, rotation, m_pairs);
     m_assignment.setColumnPrices(hints.prices);
     if (!m_assignment.solve(m_pairs, m_costs, allowedCost(slack)))
-        return true;
+        return !m_ended;
     if (!offer(m_assignment.columns()))
         return false;
     const double gap = allowedCost(slack) - m_assignment.bound();

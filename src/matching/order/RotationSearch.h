@@ -27,6 +27,10 @@ public:
     RotationSearch(const MatchingPoints &references, const MatchingPoints &measured,
                    const TwinPoints &referenceTwins, const TwinPoints &measuredTwins);
 
+    ~RotationSearch() = default;
+    RotationSearch(const RotationSearch &) = delete;
+    RotationSearch &operator=(const RotationSearch &) = delete;
+
     /// Visits orders that are probably among the best: those that assignment and rotation in turn lead to,
     /// from rotations all over. The visitor's limit may be infinite. False when it was ended early.
     [[nodiscard]] bool visitLikely(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn);
@@ -71,7 +75,7 @@ private:
     bool offer(const PointOrder &order);
     [[nodiscard]] bool isFew(double gap, long steps, bool ofAnyPairs);
     bool visitAll(double gap);
-    bool mayGoOn();
+    bool mayGoOn(std::size_t work);
 
     RotationBound m_bound;
     RotationCosts m_costsUnder;
@@ -84,6 +88,7 @@ private:
     std::vector<short> m_known; ///< orders that have come, each at a place that its numbers tell
     OrderVisitor *m_visitor = nullptr;
     const OrderVisitor::GoOn *m_goOn = nullptr;
+    bool m_ended = false;
     double m_leastLikelyMm = 0.0;
-    unsigned m_steps = 0;
+    std::size_t m_steps = 0;
 };

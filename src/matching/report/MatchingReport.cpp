@@ -1,5 +1,6 @@
 #include "MatchingReport.h"
 
+#include "AssignmentSearch.h"
 #include "MatchingEvaluation.h"
 
 namespace
@@ -29,6 +30,10 @@ QString MatchingReport::report(const MatchingEvaluation &evaluation)
     case Outcome::RefinementFailed:
         return tr("Error when optimizing matching transformation (trafo3d_opttrafo) : %1")
             .arg(evaluation.code);
+    case Outcome::TooManyPoints:
+        return tr("The order of more than %1 points is not searched. Measure in the order of the table and "
+                  "check \"preserve order of points\".")
+            .arg(AssignmentSearch::mostPoints);
     case Outcome::Cancelled:
         return cancelled();
     case Outcome::Matched:

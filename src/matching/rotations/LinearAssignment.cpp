@@ -9,6 +9,7 @@ namespace
 {
 
 constexpr int nobody = -1;
+constexpr int fewRows = 100;
 constexpr double forbidden = std::numeric_limits<double>::infinity();
 
 double lower(double left, double right)
@@ -49,8 +50,9 @@ bool LinearAssignment::solve(const AllowedPairs &pairs, const std::vector<double
     reduceRows(table);
     double reached = bound();
     bool goesOn = reached <= limit;
+    const bool asks = m_count > fewRows && m_goOn;
     for (std::size_t i = 0; goesOn && i < m_freeRows.size(); ++i)
-        goesOn = augment(table, m_freeRows[i], reached, limit);
+        goesOn = (!asks || m_goOn()) && augment(table, m_freeRows[i], reached, limit);
     if (!goesOn)
         std::fill(m_columnOfRow.begin(), m_columnOfRow.end(), nobody);
     return goesOn;

@@ -2,7 +2,9 @@
 
 #include "AllowedPairs.h"
 
+#include <functional>
 #include <limits>
+#include <utility>
 #include <vector>
 
 /// The cheapest complete assignment of rows to columns, by shortest augmenting paths.
@@ -23,6 +25,10 @@ public:
     /// then have no partners.
     [[nodiscard]] bool solve(const AllowedPairs &pairs, const std::vector<double> &costs,
                              double limit = std::numeric_limits<double>::infinity());
+
+    /// Asked before every path of more than a hundred rows; false ends a solution, as if its limit was too
+    /// low.
+    void setGoOn(std::function<bool()> goOn) { m_goOn = std::move(goOn); }
 
     /// The sum of all prices, after a solution the cost of the assignment but for rounding.
     [[nodiscard]] double bound() const;
@@ -52,6 +58,7 @@ private:
     void flip(int freeRow, int column);
 
     int m_count;
+    std::function<bool()> m_goOn;
     double m_reached = 0.0; ///< the length of the shortest path to the columns seen last
     std::vector<double> m_rowPrices;
     std::vector<double> m_columnPrices;

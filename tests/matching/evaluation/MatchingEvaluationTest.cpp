@@ -43,6 +43,7 @@ private slots:
     void shouldReportACollinearStart();
     void shouldReportARefinementThatFails();
     void shouldReportThatNoOrderIsValid();
+    void shouldSearchNoOrderOfTooManyPoints();
     void shouldReportACancelledSearch();
     void shouldKeepASureOrderWhenTheSearchForAnotherIsCancelled();
     void shouldHandOutTheRoomFromTheReference();
@@ -124,6 +125,18 @@ void MatchingEvaluationTest::shouldReportThatNoOrderIsValid()
     const MatchingPoints line = {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}};
     QVERIFY(evaluated(line, corner).outcome == Outcome::NoValidOrder);
     QVERIFY(evaluated(corner, line).outcome == Outcome::NoValidOrder);
+}
+
+void MatchingEvaluationTest::shouldSearchNoOrderOfTooManyPoints()
+{
+    PointSets sets(87);
+    const std::vector<double> values = sets.box(1001, 1000);
+    const MatchingPoints references = asPoints(values), measured = asPoints(sets.moved(values, 0.3));
+    const auto of = [&](MatchingEvaluation::Order order) {
+        return MatchingEvaluation::of(references, measured, order, {}).outcome;
+    };
+    QVERIFY(of(MatchingEvaluation::Order::Searched) == Outcome::TooManyPoints);
+    QVERIFY(of(MatchingEvaluation::Order::Preserved) == Outcome::Matched);
 }
 
 void MatchingEvaluationTest::shouldReportACancelledSearch()

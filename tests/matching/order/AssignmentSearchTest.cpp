@@ -313,7 +313,7 @@ void AssignmentSearchTest::shouldRefuseMorePointsThanMemoryAllows()
 {
     PointSets sets(82);
     const MatchingPoints list = asPoints(sets.box(static_cast<int>(AssignmentSearch::mostPoints) + 1, 1000));
-    QVERIFY(AssignmentSearch(list, list).run({}).outcome == Outcome::Cancelled);
+    QVERIFY(AssignmentSearch(list, list).run({}).outcome == Outcome::TooManyPoints);
 }
 
 void AssignmentSearchTest::shouldStopWhenToldSo()

@@ -24,6 +24,9 @@ private slots:
                                 << "Cannot evaluate the transformation : number of reference and measured "
                                    "points is different.";
         QTest::newRow("no order") << Outcome::NoValidOrder << "No valid permutation to match transformation.";
+        QTest::newRow("many points") << Outcome::TooManyPoints
+                                     << "The order of more than 1000 points is not searched. Measure in the "
+                                        "order of the table and check \"preserve order of points\".";
         QTest::newRow("no start") << Outcome::StartFailed
                                   << "Error when calculating matching transformation (trafo3d_3trafo) : -3";
         QTest::newRow("no end") << Outcome::RefinementFailed

@@ -122,6 +122,7 @@ private slots:
     void shouldGiveUpAboveTheLimitAndOnlyThere();
     void shouldBeginWithAnyPrices();
     void shouldUseAllowedPairsOnly();
+    void shouldEndWithinALargeSolutionWhenToldSo();
     void shouldAssignASingleRow();
 };
 
@@ -243,6 +244,20 @@ void LinearAssignmentTest::shouldUseAllowedPairsOnly()
         QVERIFY(std::fabs(assignment.bound() - least) < 1e-8);
     }
     QVERIFY(solved > 100);
+}
+
+void LinearAssignmentTest::shouldEndWithinALargeSolutionWhenToldSo()
+{
+    PointSets sets(406);
+    const Costs costs = continuous(sets, 150);
+    LinearAssignment assignment(150);
+    int asked = 0;
+    assignment.setGoOn([&asked]() { return ++asked < 3; });
+    QVERIFY(!assignment.solve(AllowedPairs(150), costs));
+    QCOMPARE(asked, 3);
+    assignment.setGoOn([]() { return true; });
+    QVERIFY(assignment.solve(AllowedPairs(150), costs));
+    QVERIFY(isComplete(assignment.columns()));
 }
 
 void LinearAssignmentTest::shouldAssignASingleRow()
