@@ -32,6 +32,28 @@ private slots:
         const std::size_t after = AllocationCounter::count();
         QCOMPARE(after, before);
     }
+
+    void shouldRememberTheMostBytesThatWereTaken()
+    {
+        // GIVEN
+        AllocationCounter::forgetLargest();
+        const std::size_t before = AllocationCounter::bytes();
+        // WHEN
+        std::size_t most = 0;
+        {
+            const std::vector<char> first(100000, 'a');
+            const std::vector<char> second(50000, first.back());
+            most = AllocationCounter::bytes();
+        }
+        const std::size_t after = AllocationCounter::bytes(), largest = AllocationCounter::largestBytes();
+        AllocationCounter::forgetLargest();
+        const std::size_t forgotten = AllocationCounter::largestBytes();
+        // THEN
+        QVERIFY(most >= before + 150000 && most < before + 160000);
+        QCOMPARE(after, before);
+        QCOMPARE(largest, most);
+        QCOMPARE(forgotten, before);
+    }
 };
 
 ROOM_TEST_CLASS(AllocationCounterTest)
