@@ -73,13 +73,12 @@ std::vector<EventSteps::Step> SceneSteps::stepsOf(const Scene::Line &line) const
         Maker make;
     };
     static const Verb verbs[] = {
-        {"press", 1, &SceneSteps::press},     {"click", 1, &SceneSteps::click},
-        {"hover", 1, &SceneSteps::hover},     {"point", 4, &SceneSteps::point},
-        {"type", 2, &SceneSteps::type},       {"choose", 2, &SceneSteps::choose},
-        {"tab", 1, &SceneSteps::tab},         {"rows", 2, &SceneSteps::rows},
-        {"row", 2, &SceneSteps::row},         {"await", 3, &SceneSteps::await},
-        {"notify", 3, &SceneSteps::notify},   {"pause", 1, &SceneSteps::pause},
-        {"picture", 1, &SceneSteps::picture},
+        {"press", 1, &SceneSteps::press},   {"click", 1, &SceneSteps::click},
+        {"point", 4, &SceneSteps::point},   {"type", 2, &SceneSteps::type},
+        {"choose", 2, &SceneSteps::choose}, {"tab", 1, &SceneSteps::tab},
+        {"rows", 2, &SceneSteps::rows},     {"row", 2, &SceneSteps::row},
+        {"await", 3, &SceneSteps::await},   {"notify", 3, &SceneSteps::notify},
+        {"pause", 1, &SceneSteps::pause},   {"picture", 1, &SceneSteps::picture},
     };
     QStringList words = QProcess::splitCommand(line.text);
     const QString name = words.takeFirst();
@@ -106,15 +105,6 @@ SceneSteps::Steps SceneSteps::press(const QStringList &words) const
 SceneSteps::Steps SceneSteps::click(const QStringList &words) const
 {
     return {withWidget(words[0], [](QWidget &widget) { WidgetEvents::click(&widget); })};
-}
-
-SceneSteps::Steps SceneSteps::hover(const QStringList &words) const
-{
-    return {withWidget(words[0], [](QWidget &widget) {
-        const QPoint middle = widget.mapTo(widget.window(), widget.rect().center());
-        for (const int step : {1, 0}) // a tip wants a pointer that moves
-            QTest::mouseMove(widget.window()->windowHandle(), middle + QPoint(step, 0));
-    })};
 }
 
 SceneSteps::Steps SceneSteps::point(const QStringList &words) const

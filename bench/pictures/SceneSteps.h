@@ -15,7 +15,6 @@ class QWidget;
 ///
 ///     press KEY...               keys such as Shift+F5, one after another
 ///     click NAME                 into the middle of a button
-///     hover NAME                 with the pointer, so that its tip appears
 ///     point NAME X Y BUTTON      left or right, X and Y in hundredths of the widget
 ///     type NAME TEXT             replaces what stands in an editor
 ///     choose NAME INDEX          an entry of a list, from 0
@@ -54,7 +53,6 @@ private:
     EventSteps::Step withWidget(const QString &name, const Deed &deed) const;
     Steps press(const QStringList &words) const;
     Steps click(const QStringList &words) const;
-    Steps hover(const QStringList &words) const;
     Steps point(const QStringList &words) const;
     Steps type(const QStringList &words) const;
     Steps choose(const QStringList &words) const;
