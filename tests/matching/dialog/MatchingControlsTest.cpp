@@ -20,7 +20,8 @@ struct Form {
         QStringList names;
         for (const QWidget *control : std::initializer_list<QWidget *>{
                  ui.w_loadButton, ui.pushButton_save, ui.w_replaceCheckBox, ui.pushButton_clearMeaPoints,
-                 ui.w_measureButton, ui.w_applyButton, ui.pushButton_picture}) {
+                 ui.w_measureButton, ui.w_applyButton, ui.pushButton_picture, ui.pushButton_saveReport,
+                 ui.pushButton_copyReport}) {
             if (control->isEnabled())
                 names << control->objectName();
         }
@@ -50,7 +51,9 @@ private slots:
         QTest::newRow("replace") << replace << QStringList("w_replaceCheckBox");
         QTest::newRow("clear") << clear << QStringList("pushButton_clearMeaPoints");
         QTest::newRow("measure") << measure << QStringList("w_measureButton");
-        QTest::newRow("apply") << apply << QStringList{"w_applyButton", "pushButton_picture"};
+        QTest::newRow("apply") << apply
+                               << QStringList{"w_applyButton", "pushButton_picture", "pushButton_saveReport",
+                                              "pushButton_copyReport"};
     }
     void shouldEnableWhatTheStateAllows()
     {

@@ -1,3 +1,4 @@
+#include "ListEditing.h"
 #include "OpenedDialog.h"
 #include "TestRegistry.h"
 
@@ -6,6 +7,7 @@
 #include <QLabel>
 #include <QProgressDialog>
 #include <QTableWidget>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
@@ -93,6 +95,8 @@ private slots:
     void shouldNoticePointsThatNearlyCoincide();
     void shouldTellHowManyPointsAreMeasured();
     void shouldTellOfALineBeforeAnythingIsMeasured();
+    void shouldTellOfALineAsSoonAsItIsLoaded();
+    void shouldTellOfEqualRowsAsSoonAsTheyAreTyped();
     void shouldTellOfRowsThatAreStillZero();
     void shouldAskForMillimetresAtOnce();
     void shouldTellThatThePointsDoNotFit();
@@ -450,6 +454,33 @@ void MatchingResultTest::shouldTellOfALineBeforeAnythingIsMeasured()
         QVERIFY(opened.notice().contains(QStringLiteral("lie nearly on a line")));
         enter(opened, {{0, 300, 0}});
         QVERIFY(opened.notice().contains(QStringLiteral("the first three reference points lie on a line")));
+    });
+}
+
+void MatchingResultTest::shouldTellOfALineAsSoonAsItIsLoaded()
+{
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("rod.txt")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("1 0 0 0\n2 500 1 0\n3 1000 0 0\n");
+    file.close();
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.dialog().findChild<ListEditing *>()->loadFile(file.fileName());
+        QCOMPARE(opened.rows(referenceTable), 3);
+        QVERIFY(opened.notice().contains(QStringLiteral("Add a point beside the line.")));
+    });
+}
+
+void MatchingResultTest::shouldTellOfEqualRowsAsSoonAsTheyAreTyped()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        enter(opened, {{0, 10, 0}, {500, 0, 0}, {0, 300, 0}});
+        QVERIFY(opened.notice().isEmpty());
+        enter(opened, {{500, 0, 0}});
+        QVERIFY(opened.notice().contains(
+            QStringLiteral("the reference points 2 and 4 nearly coincide. Correct or remove one of them.")));
     });
 }
 
