@@ -142,7 +142,11 @@ std::optional<std::string> FaultPlan::run(const std::string &line, double now)
         disconnect(now, seconds);
         return SimAnswer::controlOk;
     }
-    const std::optional<Fault> fault = parse(line);
+    return take(parse(line));
+}
+
+std::string FaultPlan::take(const std::optional<Fault> &fault)
+{
     if (!fault)
         return SimAnswer::controlError("unknown or incomplete fault");
     if (m_faults.size() >= mostFaults)

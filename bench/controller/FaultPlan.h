@@ -61,6 +61,7 @@ private:
     };
 
     static std::optional<Fault> parse(const std::string &line);
+    std::string take(const std::optional<Fault> &fault);
 
     std::vector<Fault> m_faults;
     std::optional<double> m_disconnectedUntil;

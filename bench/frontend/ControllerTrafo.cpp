@@ -16,8 +16,8 @@ constexpr int rotationDecimals = 8;
 constexpr int translationDecimals = 3;
 constexpr int scalingDecimals = 5;
 
-template <std::size_t Count>
-bool readNumbers(ControllerLink &link, const char *parameter, std::array<double, Count> *values)
+template <std::size_t size>
+bool readNumbers(ControllerLink &link, const char *parameter, std::array<double, size> *values)
 {
     const QString asked = QStringLiteral("velmar2 get tracking ") + QLatin1String(parameter);
     const LinkAnswer answer = link.ask(asked.toStdString());
@@ -25,16 +25,16 @@ bool readNumbers(ControllerLink &link, const char *parameter, std::array<double,
     if (!answer.arrived || !text.startsWith(asked + QLatin1Char(' ')))
         return false;
     const QStringList words = text.mid(asked.size() + 1).split(QLatin1Char(' '));
-    bool areNumbers = words.size() == static_cast<int>(Count);
-    for (std::size_t i = 0; areNumbers && i < Count; ++i)
+    bool areNumbers = words.size() == static_cast<int>(size);
+    for (std::size_t i = 0; areNumbers && i < size; ++i)
         (*values)[i] = words.at(static_cast<int>(i)).toDouble(&areNumbers);
     return areNumbers;
 }
 
-template <std::size_t Count>
-bool areNear(const std::array<double, Count> &a, const std::array<double, Count> &b, double tolerance)
+template <std::size_t size>
+bool areNear(const std::array<double, size> &a, const std::array<double, size> &b, double tolerance)
 {
-    for (std::size_t i = 0; i < Count; ++i) {
+    for (std::size_t i = 0; i < size; ++i) {
         // Not the other way round, because nothing is near a NaN.
         if (!(std::fabs(a[i] - b[i]) < tolerance))
             return false;
@@ -42,8 +42,8 @@ bool areNear(const std::array<double, Count> &a, const std::array<double, Count>
     return true;
 }
 
-template <std::size_t Count>
-QString joined(const std::array<double, Count> &values, std::size_t begin, std::size_t count, int decimals)
+template <std::size_t size>
+QString joined(const std::array<double, size> &values, std::size_t begin, std::size_t count, int decimals)
 {
     QStringList words;
     for (std::size_t i = begin; i < begin + count; ++i)

@@ -11,12 +11,12 @@ namespace
 constexpr std::array<const char *, TrackingAccess::recordKindCount> recordKinds = {"ts", "6dmt2", "6dmt",
                                                                                    "6df2", "6df"};
 
-/// Takes the first `Count` words of a text for numbers; nothing when one does not convert.
-template <std::size_t Count>
-std::optional<std::array<double, Count>> numbers(const QByteArray &text)
+/// Takes the first `count` words of a text for numbers; nothing when one does not convert.
+template <std::size_t count>
+std::optional<std::array<double, count>> numbers(const QByteArray &text)
 {
-    std::array<double, Count> result{};
-    for (std::size_t i = 0; i < Count; ++i) {
+    std::array<double, count> result{};
+    for (std::size_t i = 0; i < count; ++i) {
         bool converted = false;
         result[i] = answerWord(text, int(i)).toDouble(&converted);
         if (!converted)

@@ -63,6 +63,21 @@ std::array<double, 16> quaternionForm(const Matrix &m)
             m[3] - m[1],        m[2] + m[6],        m[5] + m[7],         -m[0] - m[4] + m[8]};
 }
 
+/// sum a b^T
+Matrix momentsOf(const MatchingPoints &references, const MatchingPoints &measured,
+                 const std::vector<int> &order)
+{
+    Matrix moments = {};
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        const MatchingPoint &a = references[i], &b = at(measured, order[i]);
+        for (std::size_t row = 0; row < 3; ++row) {
+            for (std::size_t column = 0; column < 3; ++column)
+                moments[3 * row + column] += a[row] * b[column];
+        }
+    }
+    return moments;
+}
+
 } // namespace
 
 RotationCosts::RotationCosts(const MatchingPoints &references, const MatchingPoints &measured)
@@ -110,14 +125,7 @@ Matrix RotationCosts::turnWeights(const Matrix &rotation) const
 /// largest eigenvalue is also the one of largest magnitude.
 Quaternion RotationCosts::improved(const Quaternion &rotation, const std::vector<int> &order) const
 {
-    Matrix moments = {};
-    for (std::size_t i = 0; i < order.size(); ++i) {
-        const MatchingPoint &a = m_references[i], &b = at(m_measured, order[i]);
-        for (std::size_t row = 0; row < 3; ++row) {
-            for (std::size_t column = 0; column < 3; ++column)
-                moments[3 * row + column] += a[row] * b[column];
-        }
-    }
+    const Matrix moments = momentsOf(m_references, m_measured, order);
     const std::array<double, 16> form = quaternionForm(moments);
     double squares = 0.0;
     for (const double value : moments)
