@@ -33,7 +33,7 @@ struct Bench {
 
 } // namespace
 
-class CalibrationTest : public QObject
+class SimCalibrationTest : public QObject
 {
     Q_OBJECT
 
@@ -56,7 +56,7 @@ private slots:
     void shouldKeepSettingsOverARestart();
 };
 
-void CalibrationTest::shouldGrowLinearlyAndEndAfterTheAfterWork()
+void SimCalibrationTest::shouldGrowLinearlyAndEndAfterTheAfterWork()
 {
     Bench bench;
     bench.prepare();
@@ -77,7 +77,7 @@ void CalibrationTest::shouldGrowLinearlyAndEndAfterTheAfterWork()
     QCOMPARE(bench.value("status err"), QStringLiteral("0 \"\""));
 }
 
-void CalibrationTest::shouldMakeThePausesBetweenTheSteps()
+void SimCalibrationTest::shouldMakeThePausesBetweenTheSteps()
 {
     Bench bench;
     bench.tell({"sim cal room steps 2", "sim cal room pause 1 3 2.5", "sim cal room pause 2 4 1"});
@@ -100,7 +100,7 @@ void CalibrationTest::shouldMakeThePausesBetweenTheSteps()
     QCOMPARE(bench.value("status step_active"), QStringLiteral("none"));
 }
 
-void CalibrationTest::shouldHoldTheProgressInAStall()
+void SimCalibrationTest::shouldHoldTheProgressInAStall()
 {
     Bench bench;
     bench.tell({"sim cal room stall 0.4 6"});
@@ -114,7 +114,7 @@ void CalibrationTest::shouldHoldTheProgressInAStall()
     QCOMPARE(bench.value("status progress"), QStringLiteral("0.500000"));
 }
 
-void CalibrationTest::shouldStallAtOnceWhenTheFractionIsPassed()
+void SimCalibrationTest::shouldStallAtOnceWhenTheFractionIsPassed()
 {
     Bench bench;
     bench.prepare();
@@ -127,7 +127,7 @@ void CalibrationTest::shouldStallAtOnceWhenTheFractionIsPassed()
     QCOMPARE(bench.value("status progress"), QStringLiteral("0.600000"));
 }
 
-void CalibrationTest::shouldFollowACurve()
+void SimCalibrationTest::shouldFollowACurve()
 {
     Bench bench;
     bench.tell({"sim cal room curve 1 0.5 2 0.5 3 1"});
@@ -143,7 +143,7 @@ void CalibrationTest::shouldFollowACurve()
     QCOMPARE(bench.value("status active"), QStringLiteral("none"));
 }
 
-void CalibrationTest::shouldShowTheProgressOfEachCamera()
+void SimCalibrationTest::shouldShowTheProgressOfEachCamera()
 {
     Bench bench;
     bench.tell({"sim cal room camera 2 rate 0.5", "sim cal room camera 3 rate 4"});
@@ -155,7 +155,7 @@ void CalibrationTest::shouldShowTheProgressOfEachCamera()
     QCOMPARE(bench.value("status camera_progress c03"), QStringLiteral("1.000"));
 }
 
-void CalibrationTest::shouldFailAtAFraction()
+void SimCalibrationTest::shouldFailAtAFraction()
 {
     Bench bench;
     bench.tell({"sim cal room error 0.5 \"Too few markers.\""});
@@ -170,7 +170,7 @@ void CalibrationTest::shouldFailAtAFraction()
              QStringLiteral("velmar2 get status err 16 \"Too few markers.\""));
 }
 
-void CalibrationTest::shouldFailAtTheEnd_data()
+void SimCalibrationTest::shouldFailAtTheEnd_data()
 {
     QTest::addColumn<QByteArray>("control");
     QTest::addColumn<QByteArray>("request");
@@ -187,7 +187,7 @@ void CalibrationTest::shouldFailAtTheEnd_data()
         << QByteArray("sim angletool size 278 83.5 163 55") << QByteArray() << QStringLiteral("0 \"\"");
 }
 
-void CalibrationTest::shouldFailAtTheEnd()
+void SimCalibrationTest::shouldFailAtTheEnd()
 {
     QFETCH(QByteArray, control);
     QFETCH(QByteArray, request);
@@ -207,7 +207,7 @@ void CalibrationTest::shouldFailAtTheEnd()
              error.startsWith(QLatin1Char('0')) ? QStringLiteral("none") : QStringLiteral("err"));
 }
 
-void CalibrationTest::shouldClearTheErrorAtTheNextStart()
+void SimCalibrationTest::shouldClearTheErrorAtTheNextStart()
 {
     Bench bench;
     bench.tell({"sim angletool visible no"});
@@ -220,7 +220,7 @@ void CalibrationTest::shouldClearTheErrorAtTheNextStart()
     QCOMPARE(bench.value("status active"), QStringLiteral("mea"));
 }
 
-void CalibrationTest::shouldForgetTheResultWhenStopped()
+void SimCalibrationTest::shouldForgetTheResultWhenStopped()
 {
     Bench bench;
     bench.prepare();
@@ -237,7 +237,7 @@ void CalibrationTest::shouldForgetTheResultWhenStopped()
              QStringLiteral("velmar2 err 22 \"another calibration is running\""));
 }
 
-void CalibrationTest::shouldAcceptOnce()
+void SimCalibrationTest::shouldAcceptOnce()
 {
     Bench bench;
     bench.prepare();
@@ -252,7 +252,7 @@ void CalibrationTest::shouldAcceptOnce()
              QStringLiteral("velmar2 err 31 \"no new calibration\""));
 }
 
-void CalibrationTest::shouldChangeNothingWithoutAcceptance()
+void SimCalibrationTest::shouldChangeNothingWithoutAcceptance()
 {
     Bench bench;
     bench.prepare();
@@ -264,7 +264,7 @@ void CalibrationTest::shouldChangeNothingWithoutAcceptance()
     QVERIFY(bench.value("tracking room c01") != before);
 }
 
-void CalibrationTest::shouldNotOfferAResultOfAReflexScan()
+void SimCalibrationTest::shouldNotOfferAResultOfAReflexScan()
 {
     Bench bench;
     QCOMPARE(bench.ask("velmar2 cal reflex_scan start"), QStringLiteral("velmar2 ok"));
@@ -274,7 +274,7 @@ void CalibrationTest::shouldNotOfferAResultOfAReflexScan()
     QVERIFY(bench.ask("velmar2 roomcal accept_new_calibration").startsWith(QStringLiteral("velmar2 err 31")));
 }
 
-void CalibrationTest::shouldMoveOnWithEveryQuery()
+void SimCalibrationTest::shouldMoveOnWithEveryQuery()
 {
     Bench bench;
     bench.tell({"sim clock query 0.5"});
@@ -289,7 +289,7 @@ void CalibrationTest::shouldMoveOnWithEveryQuery()
     QCOMPARE(polls, 11);
 }
 
-void CalibrationTest::shouldKeepSettingsOverARestart()
+void SimCalibrationTest::shouldKeepSettingsOverARestart()
 {
     Bench bench;
     bench.ask("velmar2 set tracking extra_scaling 1.5");
@@ -302,5 +302,5 @@ void CalibrationTest::shouldKeepSettingsOverARestart()
     QCOMPARE(bench.value("roomcal duration"), QStringLiteral("5.0"));
 }
 
-ROOM_TEST_CLASS(CalibrationTest)
-#include "CalibrationTest.moc"
+ROOM_TEST_CLASS(SimCalibrationTest)
+#include "SimCalibrationTest.moc"

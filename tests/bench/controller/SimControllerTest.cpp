@@ -20,7 +20,7 @@ void tell(SimController &controller, const char *line)
 } // namespace
 
 /// Every text stands here once more, by hand.
-class VocabularyTest : public QObject
+class SimControllerTest : public QObject
 {
     Q_OBJECT
 
@@ -38,7 +38,7 @@ private slots:
     void shouldNeverAnswerMoreThanABufferHolds();
 };
 
-void VocabularyTest::shouldAnswerEveryRequestOfTheDefaultScene_data()
+void SimControllerTest::shouldAnswerEveryRequestOfTheDefaultScene_data()
 {
     QTest::addColumn<QString>("request");
     QTest::addColumn<QString>("answer");
@@ -109,7 +109,7 @@ void VocabularyTest::shouldAnswerEveryRequestOfTheDefaultScene_data()
     value("velmar2 get measurementtool measurement_tip_tolerance b01", "1.5");
 }
 
-void VocabularyTest::shouldAnswerEveryRequestOfTheDefaultScene()
+void SimControllerTest::shouldAnswerEveryRequestOfTheDefaultScene()
 {
     QFETCH(QString, request);
     QFETCH(QString, answer);
@@ -117,7 +117,7 @@ void VocabularyTest::shouldAnswerEveryRequestOfTheDefaultScene()
     QCOMPARE(ask(controller, request), answer);
 }
 
-void VocabularyTest::shouldRefuseWithAReadableError_data()
+void SimControllerTest::shouldRefuseWithAReadableError_data()
 {
     QTest::addColumn<QString>("preparation");
     QTest::addColumn<QString>("request");
@@ -182,7 +182,7 @@ void VocabularyTest::shouldRefuseWithAReadableError_data()
         "velmar2 err 4 \"no such tool\"");
 }
 
-void VocabularyTest::shouldRefuseWithAReadableError()
+void SimControllerTest::shouldRefuseWithAReadableError()
 {
     QFETCH(QString, preparation);
     QFETCH(QString, request);
@@ -195,7 +195,7 @@ void VocabularyTest::shouldRefuseWithAReadableError()
     QCOMPARE(ask(controller, request), answer);
 }
 
-void VocabularyTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote_data()
+void SimControllerTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote_data()
 {
     QTest::addColumn<QString>("setting");
     QTest::addColumn<QString>("note");
@@ -209,7 +209,7 @@ void VocabularyTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote_data()
     row("no reference", "reference none", "tracking reference was set while measuring");
 }
 
-void VocabularyTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote()
+void SimControllerTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote()
 {
     QFETCH(QString, setting);
     QFETCH(QString, note);
@@ -225,7 +225,7 @@ void VocabularyTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote()
     QVERIFY(controller.takeNotes().empty());
 }
 
-void VocabularyTest::shouldRefuseEverySettingWhileLocked_data()
+void SimControllerTest::shouldRefuseEverySettingWhileLocked_data()
 {
     QTest::addColumn<QString>("setting");
     for (const char *setting :
@@ -236,7 +236,7 @@ void VocabularyTest::shouldRefuseEverySettingWhileLocked_data()
         QTest::newRow(setting) << QString::fromLatin1(setting);
 }
 
-void VocabularyTest::shouldRefuseEverySettingWhileLocked()
+void SimControllerTest::shouldRefuseEverySettingWhileLocked()
 {
     QFETCH(QString, setting);
     SimController controller;
@@ -251,7 +251,7 @@ void VocabularyTest::shouldRefuseEverySettingWhileLocked()
     QVERIFY(ask(controller, question) != before);
 }
 
-void VocabularyTest::shouldTellTheNominalPointsOfTheWorkpiece()
+void SimControllerTest::shouldTellTheNominalPointsOfTheWorkpiece()
 {
     SimController controller;
     QStringList points;
@@ -268,7 +268,7 @@ void VocabularyTest::shouldTellTheNominalPointsOfTheWorkpiece()
     QCOMPARE(points, expected);
 }
 
-void VocabularyTest::shouldKeepTheWordsAtTheirPlaces()
+void SimControllerTest::shouldKeepTheWordsAtTheirPlaces()
 {
     SimController controller;
     tell(controller, "sim cal room pause 1 5 4.5");
@@ -282,7 +282,7 @@ void VocabularyTest::shouldKeepTheWordsAtTheirPlaces()
     QCOMPARE(words("velmar2 get status camera_progress c01").value(5), QStringLiteral("0.000"));
 }
 
-void VocabularyTest::shouldNeverAnswerMoreThanABufferHolds()
+void SimControllerTest::shouldNeverAnswerMoreThanABufferHolds()
 {
     SimController controller;
     for (const char *request : {"velmar2 get tracking room c01", "velmar2 get tracking extra_rotation",
@@ -290,5 +290,5 @@ void VocabularyTest::shouldNeverAnswerMoreThanABufferHolds()
         QVERIFY(ask(controller, QString::fromLatin1(request)).size() <= 199);
 }
 
-ROOM_TEST_CLASS(VocabularyTest)
-#include "VocabularyTest.moc"
+ROOM_TEST_CLASS(SimControllerTest)
+#include "SimControllerTest.moc"

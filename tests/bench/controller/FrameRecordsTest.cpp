@@ -63,7 +63,7 @@ const QString zeros =
 
 } // namespace
 
-class FrameTest : public QObject
+class FrameRecordsTest : public QObject
 {
     Q_OBJECT
 
@@ -98,7 +98,7 @@ private slots:
     void shouldStayFarBelowTheLongestRecord();
 };
 
-void FrameTest::shouldSendNothingUnlessMeasuring()
+void FrameRecordsTest::shouldSendNothingUnlessMeasuring()
 {
     Bench bench;
     QVERIFY(!bench.controller.frame().empty());
@@ -106,7 +106,7 @@ void FrameTest::shouldSendNothingUnlessMeasuring()
     QVERIFY(bench.controller.frame().empty());
 }
 
-void FrameTest::shouldKeepTheOrderOfTheKinds()
+void FrameRecordsTest::shouldKeepTheOrderOfTheKinds()
 {
     Bench bench;
     QCOMPARE(kindsOf(bench.controller.frame()).join(QLatin1Char(' ')),
@@ -119,7 +119,7 @@ void FrameTest::shouldKeepTheOrderOfTheKinds()
              QStringLiteral("fr ts 6dcal 6d 6dmt2 6df2"));
 }
 
-void FrameTest::shouldPrintEveryLineToTheCharacter()
+void FrameRecordsTest::shouldPrintEveryLineToTheCharacter()
 {
     Bench bench({"sim tool 1 noise 0"});
     QCOMPARE(bench.line("fr"), QStringLiteral("fr 1"));
@@ -137,7 +137,7 @@ void FrameTest::shouldPrintEveryLineToTheCharacter()
     QVERIFY(bench.line("6dmt2").endsWith(QStringLiteral("[0.0100 0.0000 0.0000 0.0100 0.0000 0.0100]")));
 }
 
-void FrameTest::shouldShowWhatIsLost()
+void FrameRecordsTest::shouldShowWhatIsLost()
 {
     Bench bench({"sim tool 1 tracked no", "sim device 1 tracked no", "sim body 1 tracked no",
                  "sim tool 1 button 1 press", "sim device 1 button 1 press"});
@@ -150,7 +150,7 @@ void FrameTest::shouldShowWhatIsLost()
              QStringLiteral("6df2 1 [0 -1.000 4 2]") + zeros + QStringLiteral("[0 0 0 0 0.00 0.00]"));
 }
 
-void FrameTest::shouldShowButtonsAndJoystick()
+void FrameRecordsTest::shouldShowButtonsAndJoystick()
 {
     Bench bench({"sim device 1 button 2 press", "sim device 1 joystick 2 -1", "sim tool 1 button 3 press"});
     QVERIFY(bench.line("6df2").endsWith(QStringLiteral("[0 1 0 0 0.00 -1.00]")));
@@ -161,20 +161,20 @@ void FrameTest::shouldShowButtonsAndJoystick()
     QVERIFY(bench.line("6df2").endsWith(QStringLiteral("[0 0 0 0 0.00 -1.00]")));
 }
 
-void FrameTest::shouldShowAClickInOneFrame()
+void FrameRecordsTest::shouldShowAClickInOneFrame()
 {
     Bench bench({"sim tool 1 button 1 click"});
     QVERIFY(bench.line("6dmt2").contains(QStringLiteral("[0 1 0 0]")));
     QVERIFY(bench.line("6dmt2").contains(QStringLiteral("[0 0 0 0]")));
 }
 
-void FrameTest::shouldCountBodiesByTheFormatsThatExist()
+void FrameRecordsTest::shouldCountBodiesByTheFormatsThatExist()
 {
     Bench bench({"sim record formats second"});
     QCOMPARE(bench.line("6dcal"), QStringLiteral("6dcal 1"));
 }
 
-void FrameTest::shouldBeReadableByAnIndependentReader()
+void FrameRecordsTest::shouldBeReadableByAnIndependentReader()
 {
     Bench bench(
         {"sim tool 1 tip -1.5 22.25 3", "sim tool 1 button 2 press", "sim body 1 pose 10 20 30 0 0 90"});
@@ -195,7 +195,7 @@ void FrameTest::shouldBeReadableByAnIndependentReader()
         QVERIFY(readFrameLine(bench.line(kind.first), kind.second).isWellFormed);
 }
 
-void FrameTest::shouldCountFramesAndTime()
+void FrameRecordsTest::shouldCountFramesAndTime()
 {
     Bench bench;
     for (int i = 0; i < 600; ++i)
@@ -206,7 +206,7 @@ void FrameTest::shouldCountFramesAndTime()
     QVERIFY(std::fabs(bench.controller.time() - 602.0 / 60.0) < 1e-9);
 }
 
-void FrameTest::shouldRepeatItselfFromASeed()
+void FrameRecordsTest::shouldRepeatItselfFromASeed()
 {
     const auto lines = [](const char *seed) {
         Bench bench({"sim tool 1 noise 0.3", "sim tool 1 tremor 0.2", seed});
@@ -219,7 +219,7 @@ void FrameTest::shouldRepeatItselfFromASeed()
     QVERIFY(lines("sim seed 5") != lines("sim seed 6"));
 }
 
-void FrameTest::shouldScatterAsAsked()
+void FrameRecordsTest::shouldScatterAsAsked()
 {
     constexpr int count = 4000;
     Bench bench({"sim tool 1 noise 0.4", "sim tool 1 tremor 0.3", "sim tool 1 tip 0 0 0"});
@@ -236,7 +236,7 @@ void FrameTest::shouldScatterAsAsked()
     QVERIFY(std::fabs(std::sqrt(squares / n) - 0.5) < 4.0 * 0.5 / std::sqrt(2.0 * n));
 }
 
-void FrameTest::shouldScaleTheNoiseLikeTheRoom_data()
+void FrameRecordsTest::shouldScaleTheNoiseLikeTheRoom_data()
 {
     QTest::addColumn<double>("scaling");
     QTest::newRow("smaller") << 0.5;
@@ -244,7 +244,7 @@ void FrameTest::shouldScaleTheNoiseLikeTheRoom_data()
 }
 
 // The noise is that of the raw coordinates: what scales them scales it.
-void FrameTest::shouldScaleTheNoiseLikeTheRoom()
+void FrameRecordsTest::shouldScaleTheNoiseLikeTheRoom()
 {
     QFETCH(double, scaling);
     const auto tipOf = [](double factor, double *variance) {
@@ -267,7 +267,7 @@ void FrameTest::shouldScaleTheNoiseLikeTheRoom()
     QCOMPARE(scaledVariance, 2500.0 * scaling * scaling);
 }
 
-void FrameTest::shouldMarkAMeasurementForItsDuration_data()
+void FrameRecordsTest::shouldMarkAMeasurementForItsDuration_data()
 {
     QTest::addColumn<QByteArray>("duration");
     QTest::addColumn<int>("frames");
@@ -277,7 +277,7 @@ void FrameTest::shouldMarkAMeasurementForItsDuration_data()
     QTest::newRow("one second") << QByteArray("1") << 62;
 }
 
-void FrameTest::shouldMarkAMeasurementForItsDuration()
+void FrameRecordsTest::shouldMarkAMeasurementForItsDuration()
 {
     QFETCH(QByteArray, duration);
     QFETCH(int, frames);
@@ -288,7 +288,7 @@ void FrameTest::shouldMarkAMeasurementForItsDuration()
     QVERIFY((frames - 1) / 60.0 >= duration.toDouble());
 }
 
-void FrameTest::shouldMeasureTheTipWithinItsScatter()
+void FrameRecordsTest::shouldMeasureTheTipWithinItsScatter()
 {
     constexpr double sigma = 0.2;
     Bench bench;
@@ -312,7 +312,7 @@ void FrameTest::shouldMeasureTheTipWithinItsScatter()
     QVERIFY(std::fabs(std::sqrt(squares / n) - std::sqrt(3.0) * sigma) < 0.2 * sigma);
 }
 
-void FrameTest::shouldIgnoreASecondStart()
+void FrameRecordsTest::shouldIgnoreASecondStart()
 {
     Bench bench;
     bench.ask("velmar2 measurementtool start_measurement b01");
@@ -322,7 +322,7 @@ void FrameTest::shouldIgnoreASecondStart()
     QCOMPARE(bench.markedFrames(), 61);
 }
 
-void FrameTest::shouldRefuseASecondStartWhenStrict()
+void FrameRecordsTest::shouldRefuseASecondStartWhenStrict()
 {
     Bench bench({"sim strict on"});
     bench.ask("velmar2 measurementtool start_measurement b01");
@@ -336,7 +336,7 @@ void FrameTest::shouldRefuseASecondStartWhenStrict()
              std::string("velmar2 err 43 \"tip not calibrated\""));
 }
 
-void FrameTest::shouldEndEarlyWhenTheTipMoves()
+void FrameRecordsTest::shouldEndEarlyWhenTheTipMoves()
 {
     Bench bench({"sim tool 1 tip 0 0 0", "sim tool 1 tolerance 1.5"});
     bench.ask("velmar2 measurementtool start_measurement b01");
@@ -353,14 +353,14 @@ void FrameTest::shouldEndEarlyWhenTheTipMoves()
     QVERIFY(bench.isMarked());
 }
 
-void FrameTest::shouldNotEndEarlyWithoutTheCheck()
+void FrameRecordsTest::shouldNotEndEarlyWithoutTheCheck()
 {
     Bench bench({"sim tool 1 tip 0 0 0", "sim tool 1 check off", "sim tool 1 move 1000 0 0 200"});
     bench.ask("velmar2 measurementtool start_measurement b01");
     QCOMPARE(bench.markedFrames(), 62);
 }
 
-void FrameTest::shouldEndWhenTheToolIsLost()
+void FrameRecordsTest::shouldEndWhenTheToolIsLost()
 {
     Bench bench;
     bench.ask("velmar2 measurementtool start_measurement b01");
@@ -371,7 +371,7 @@ void FrameTest::shouldEndWhenTheToolIsLost()
     QVERIFY(!bench.isMarked());
 }
 
-void FrameTest::shouldDropTheMeasurementWithTheTracking()
+void FrameRecordsTest::shouldDropTheMeasurementWithTheTracking()
 {
     Bench bench;
     bench.ask("velmar2 measurementtool start_measurement b01");
@@ -381,7 +381,7 @@ void FrameTest::shouldDropTheMeasurementWithTheTracking()
     QVERIFY(!bench.isMarked());
 }
 
-void FrameTest::shouldStartFromTheToolItself()
+void FrameRecordsTest::shouldStartFromTheToolItself()
 {
     Bench bench;
     bench.tell({"sim tool 1 measure"});
@@ -390,7 +390,7 @@ void FrameTest::shouldStartFromTheToolItself()
     QCOMPARE(SimScript(bench.controller).run("sim tool 1 measure"), std::string("sim err \"not measuring\""));
 }
 
-void FrameTest::shouldMoveTheTip()
+void FrameRecordsTest::shouldMoveTheTip()
 {
     Bench bench({"sim tool 1 tip 0 0 0", "sim tool 1 move 30 40 0 60"});
     bench.controller.advance(0.5);
@@ -401,7 +401,7 @@ void FrameTest::shouldMoveTheTip()
     QVERIFY(bench.line("6dmt").contains(QStringLiteral("[998.000 1.000 3.000]")));
 }
 
-void FrameTest::shouldDamageRecords_data()
+void FrameRecordsTest::shouldDamageRecords_data()
 {
     QTest::addColumn<QByteArray>("control");
     QTest::addColumn<QString>("damaged");
@@ -416,7 +416,7 @@ void FrameTest::shouldDamageRecords_data()
     row("sim record long 6d 140", ("6d 1 [0 1.000]" + rest).leftJustified(140, 'x').constData());
 }
 
-void FrameTest::shouldDamageRecords()
+void FrameRecordsTest::shouldDamageRecords()
 {
     QFETCH(QByteArray, control);
     QFETCH(QString, damaged);
@@ -426,7 +426,7 @@ void FrameTest::shouldDamageRecords()
     QVERIFY(bench.line("6d").endsWith(identity));
 }
 
-void FrameTest::shouldDropAndRepeatAndSwap()
+void FrameRecordsTest::shouldDropAndRepeatAndSwap()
 {
     Bench bench({"sim record drop ts 1", "sim record repeat 6d 1", "sim record swap 6dmt2 6df 1"});
     QCOMPARE(kindsOf(bench.controller.frame()).join(QLatin1Char(' ')),
@@ -435,7 +435,7 @@ void FrameTest::shouldDropAndRepeatAndSwap()
              QStringLiteral("fr ts 6dcal 6d 6dmt2 6dmt 6df2 6df"));
 }
 
-void FrameTest::shouldStayFarBelowTheLongestRecord()
+void FrameRecordsTest::shouldStayFarBelowTheLongestRecord()
 {
     Bench bench;
     bench.controller.machine().room.bodies.resize(50);
@@ -444,5 +444,5 @@ void FrameTest::shouldStayFarBelowTheLongestRecord()
         QVERIFY(record.line.size() < 10240);
 }
 
-ROOM_TEST_CLASS(FrameTest)
-#include "FrameTest.moc"
+ROOM_TEST_CLASS(FrameRecordsTest)
+#include "FrameRecordsTest.moc"
