@@ -13,6 +13,7 @@ QString twoDecimals(double value)
 
 } // namespace
 
+// NOLINTNEXTLINE(readability-function-size): the table of the outcomes
 QString MatchingReport::report(const MatchingEvaluation &evaluation)
 {
     using Outcome = MatchingEvaluation::Outcome;
