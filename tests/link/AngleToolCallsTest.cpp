@@ -59,6 +59,22 @@ private slots:
         QCOMPARE(line.host.reports(), QStringList("Error: Unable to get coordinate type description"));
     }
 
+    void shouldAskForAThousandTypesAtMost()
+    {
+        // GIVEN
+        Line line;
+        line.host.setAnswer("roomcal number_of_available_coordinate_types", "1003");
+        for (int type = 1; type <= 1003; ++type)
+            line.host.setAnswer(QString::asprintf("roomcal available_coordinate_type t%02d", type),
+                                "mid_camera");
+        // WHEN
+        const auto types = AngleToolCalls::coordinateTypes(line.channel);
+        // THEN
+        QVERIFY(types.empty());
+        QCOMPARE(line.host.calls().size(), 1 + 1000);
+        QCOMPARE(line.host.calls().constLast(), QString("read roomcal available_coordinate_type t1000"));
+    }
+
     void shouldReadWhatTheControllerHolds()
     {
         // GIVEN
