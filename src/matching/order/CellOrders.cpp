@@ -3,6 +3,7 @@
 #include "PointArithmetic.h"
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace
@@ -50,9 +51,15 @@ CellOrders::Outcome CellOrders::forEach(long mostSteps, const Visit &visit)
 
 CellOrders::Outcome CellOrders::forEach(const OrderVisitor::GoOn &goOn, const Visit &visit)
 {
+    return forEach(std::numeric_limits<long>::max(), goOn, visit);
+}
+
+CellOrders::Outcome CellOrders::forEach(long mostSteps, const OrderVisitor::GoOn &goOn, const Visit &visit)
+{
     m_visit = &visit;
     m_goOn = &goOn;
-    m_stepsLeft = stepsBetweenQuestions;
+    m_stepsLeft = std::min(mostSteps, stepsBetweenQuestions);
+    m_questionsLeft = mostSteps / stepsBetweenQuestions;
     return descend(0, m_gap);
 }
 
@@ -61,7 +68,7 @@ bool CellOrders::mayStep()
     if (--m_stepsLeft >= 0)
         return true;
     m_stepsLeft = stepsBetweenQuestions;
-    return m_goOn != nullptr && (!*m_goOn || (*m_goOn)());
+    return m_goOn != nullptr && --m_questionsLeft >= 0 && (!*m_goOn || (*m_goOn)());
 }
 
 bool CellOrders::findOptions(const AllowedPairs &pairs, const std::vector<double> &rests,

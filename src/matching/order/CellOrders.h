@@ -35,6 +35,9 @@ public:
     /// `goOn` is asked every thousand steps; TooMany when it says no.
     [[nodiscard]] Outcome forEach(const OrderVisitor::GoOn &goOn, const Visit &visit);
 
+    /// Both: TooMany after about `mostSteps` steps, too.
+    [[nodiscard]] Outcome forEach(long mostSteps, const OrderVisitor::GoOn &goOn, const Visit &visit);
+
 private:
     struct Option {
         double rest;
@@ -58,6 +61,7 @@ private:
     std::vector<int> m_groups;                  ///< of reference points, for every measured point
     const Visit *m_visit = nullptr;
     const OrderVisitor::GoOn *m_goOn = nullptr;
-    long m_stepsLeft = 0;
+    long m_stepsLeft = 0; ///< until the next question
+    long m_questionsLeft = 0;
     double m_gap = 0.0;
 };

@@ -19,7 +19,7 @@ constexpr double roundingOfTotal = 1e-12;
 constexpr double forbidden = std::numeric_limits<double>::infinity();
 
 /// Nothing is assigned in as many cells within one another.
-constexpr int mostSkipped = 3;
+constexpr int mostSkipped = 2;
 
 /// Above so many pairs or steps a cell is rather cut. Once its size adds little to what may be spent in it,
 /// cutting leaves nearly the same orders, and going through them is worth more with every cut.
@@ -29,7 +29,7 @@ constexpr long fewestSteps = 100;
 constexpr long stepsPerPoint = 12;
 constexpr double smallShare = 0.8;
 constexpr long stepsGrowth = 16;
-constexpr long mostSteps = 20000;
+constexpr long mostSteps = 1L << 40U;
 
 constexpr std::size_t workBetweenQuestions = 20000;
 
@@ -178,10 +178,9 @@ bool RotationSearch::explore(const RotationCell &cell, const Hints &hints)
         return true;
     findRests();
     const bool small = slack < smallShare * gap;
-    const bool tiny = slack < roundingOfTotal * m_costsUnder.total() || hints.steps > mostSteps;
-    if (tiny || isFew(gap, hints.steps, small))
+    if (slack < roundingOfTotal * m_costsUnder.total() || isFew(gap, hints.steps, small))
         return visitAll(gap);
-    return narrow(cell, weights, gap, small ? stepsGrowth * hints.steps : hints.steps);
+    return narrow(cell, weights, gap, small ? std::min(stepsGrowth * hints.steps, mostSteps) : hints.steps);
 }
 
 /// A pair whose rest alone is above the gap belongs to no order of interest in this cell.
@@ -221,7 +220,8 @@ bool RotationSearch::isFew(double gap, long steps, bool ofAnyPairs)
 {
     const std::size_t few = fewestPairs + pairsPerPoint * static_cast<std::size_t>(m_costsUnder.count());
     return m_orders.prepare(m_pairs, m_costs, gap, ofAnyPairs ? m_pairs.size() : few) &&
-           m_orders.forEach(steps, [](const PointOrder &) { return true; }) == CellOrders::Outcome::Complete;
+           m_orders.forEach(steps, *m_goOn, [](const PointOrder &) { return true; }) ==
+               CellOrders::Outcome::Complete;
 }
 
 bool RotationSearch::visitAll(double gap)
