@@ -25,6 +25,7 @@ OUTER_TESTS = {
     "src/editors": ["fine_panel"],
     "src/room": ["fine_panel", "view_canvas"],
     "src/matching/rotations": ["matching_order"],
+    "src/matching/files": ["matching_lists", "matching_dialog"],
     "src/matching/lists": ["matching_dialog"],
     "src/matching/picture": ["matching_dialog"],
     "src/calibration/windows": ["calibration_loop"],
