@@ -224,17 +224,13 @@ void ListEditing::pasteReferences()
         return;
     }
     if (!text.rows().empty())
-        append(text.rows());
+        append(text.takeRows());
     if (self && !text.linesNotRead().empty())
         tell([lines = text.linesNotRead()] { return ListReport::notRead(lines); });
 }
 
-void ListEditing::append(const std::vector<PointText::Row> &texts)
+void ListEditing::append(PointRows rows)
 {
-    PointRows rows;
-    rows.reserve(texts.size());
-    for (const PointText::Row &text : texts)
-        rows.push_back({{}, text});
     change(m_lists.referenceList(), m_lists.referenceTable().rowCount(), 0, std::move(rows),
            ListChange::Points::FromCells);
 }

@@ -68,7 +68,7 @@ private:
     void takeTypedRow(int row, const PointRow &before);
     void refuseNumber(const QString &entered, int row, const PointRow &before);
     void copy(const PointTable &table);
-    void append(const std::vector<PointText::Row> &texts);
+    void append(PointRows rows);
     void takeLoaded(const MatchingPoints &points);
     void end();
     void tell(Notice notice);

@@ -17,6 +17,13 @@ constexpr int rowHeight = 28;
 const QColor markedBackground(255, 232, 140);
 const QColor markedText(30, 30, 30);
 
+double shownNumber(QTableWidgetItem *item)
+{
+    if (PointItem *own = PointItem::from(item))
+        return own->shownNumber();
+    return item ? item->text().toDouble() : 0.0;
+}
+
 } // namespace
 
 PointTable::PointTable(QTableWidget *table, Cells cells)
@@ -96,8 +103,11 @@ std::vector<ReferencePointFile::Row> PointTable::texts() const
 MatchingPoints PointTable::points() const
 {
     MatchingPoints points(static_cast<std::size_t>(rowCount()));
-    for (int i = 0; i < rowCount(); ++i)
-        points[static_cast<std::size_t>(i)] = row(i).point;
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < coordinates; ++column)
+            points[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] =
+                shownNumber(m_table->item(row, column));
+    }
     return points;
 }
 
@@ -107,13 +117,11 @@ PointRow PointTable::row(int row) const
     for (int column = 0; column < coordinates; ++column) {
         const auto axis = static_cast<std::size_t>(column);
         QTableWidgetItem *item = m_table->item(row, column);
-        if (PointItem *own = PointItem::from(item)) {
-            contents.point[axis] = own->shownNumber();
+        contents.point[axis] = shownNumber(item);
+        if (const PointItem *own = PointItem::from(item))
             contents.texts[axis] = own->typedText();
-        } else if (item) {
-            contents.point[axis] = item->text().toDouble();
+        else if (item)
             contents.texts[axis] = item->text();
-        }
     }
     return contents;
 }

@@ -1,5 +1,6 @@
 #include "PointText.h"
 
+#include "CoordinateText.h"
 #include "NumberText.h"
 
 #include <QStringList>
@@ -18,17 +19,20 @@ QStringList fieldsOf(const QString &line)
     return line.simplified().split(QLatin1Char(' '));
 }
 
-std::optional<PointText::Row> rowOf(const QString &line)
+std::optional<PointRow> rowOf(const QString &line)
 {
-    PointText::Row row;
+    PointRow row;
     const QStringList fields = fieldsOf(line);
-    if (fields.size() != static_cast<int>(row.size()))
+    if (fields.size() != static_cast<int>(row.texts.size()))
         return std::nullopt;
-    for (std::size_t i = 0; i < row.size(); ++i) {
-        row[i] = fields[static_cast<int>(i)];
-        const int points = row[i].count(QLatin1Char('.')) + row[i].count(QLatin1Char(','));
-        if (points > 1 || !normalizeNumberText(row[i]))
+    for (std::size_t axis = 0; axis < row.texts.size(); ++axis) {
+        QString text = fields[static_cast<int>(axis)];
+        const int points = text.count(QLatin1Char('.')) + text.count(QLatin1Char(','));
+        if (points > 1 || !normalizeNumberText(text))
             return std::nullopt;
+        row.point[axis] = text.toDouble();
+        if (text != CoordinateText::of(row.point[axis]))
+            row.texts[axis] = text;
     }
     return row;
 }
@@ -75,7 +79,7 @@ void PointText::readLine()
     ++m_line;
     if (line.trimmed().isEmpty())
         return;
-    const std::optional<Row> row = rowOf(line);
+    const std::optional<PointRow> row = rowOf(line);
     if (!row)
         m_linesNotRead.push_back(m_line);
     else if (m_rows.size() < m_room)

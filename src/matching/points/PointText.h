@@ -1,11 +1,13 @@
 #pragma once
 
 #include "PiecewiseWork.h"
+#include "PointRow.h"
 #include "ReferencePointFile.h"
 
 #include <QString>
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 /// Points as a spreadsheet puts them into the clipboard: a line per point, three numbers with tabs between.
@@ -26,8 +28,10 @@ public:
     [[nodiscard]] bool doPiece() override;
     [[nodiscard]] int percent() const override;
 
-    /// Normalised; see NumberText.
-    [[nodiscard]] const std::vector<Row> &rows() const { return m_rows; }
+    /// With normalised texts, see NumberText, where the numbers alone would not show the same.
+    [[nodiscard]] const PointRows &rows() const { return m_rows; }
+    /// The rows, which are gone here afterwards.
+    [[nodiscard]] PointRows takeRows() { return std::exchange(m_rows, {}); }
     /// Counted from 1.
     [[nodiscard]] const std::vector<int> &linesNotRead() const { return m_linesNotRead; }
     /// There was no room for all; the rest was not read.
@@ -40,7 +44,7 @@ private:
     std::size_t m_room;
     int m_position = 0;
     int m_line = 0;
-    std::vector<Row> m_rows;
+    PointRows m_rows;
     std::vector<int> m_linesNotRead;
     bool m_tooLong = false;
 };

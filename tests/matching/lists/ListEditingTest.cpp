@@ -150,6 +150,43 @@ private slots:
         QCOMPARE(one.editing->notice(), QString());
     }
 
+    void shouldPasteInOneStepWhatIsShownAndUndoIt()
+    {
+        // GIVEN
+        TwoLists one;
+        one.refer({7.0});
+        QGuiApplication::clipboard()->setText(QStringLiteral("1,255\t+2\t-007.1\n3 4 5\n"));
+        // WHEN
+        one.editing->pasteReferences();
+        // THEN
+        QCOMPARE(one.references->item(1, 1)->text(), QStringLiteral("+2.00"));
+        QCOMPARE(one.references->item(1, 2)->text(), QStringLiteral("-007.10"));
+        QCOMPARE(one.lists.references(), (MatchingPoints{{7, 0, 0}, {1.25, 2, -7.1}, {3, 4, 5}}));
+        one.editing->undo();
+        QCOMPARE(one.lists.references(), (MatchingPoints{{7, 0, 0}}));
+        one.editing->redo();
+        QCOMPARE(one.lists.references(), (MatchingPoints{{7, 0, 0}, {1.25, 2, -7.1}, {3, 4, 5}}));
+        QCOMPARE(one.references->item(1, 1)->text(), QStringLiteral("+2.00"));
+    }
+
+    void shouldPasteNothingWhenReadingIsCancelled()
+    {
+        // GIVEN
+        TwoLists one;
+        one.refer({7.0});
+        constexpr int moreThanIsReadWithoutAWindow = 3000000;
+        QGuiApplication::clipboard()->setText(
+            QStringLiteral("no number\n").repeated(moreThanIsReadWithoutAWindow));
+        ModalAnswer answer;
+        answer.then([](QWidget *window) { QTest::keyClick(window, Qt::Key_Escape); });
+        // WHEN
+        one.editing->pasteReferences();
+        // THEN
+        QVERIFY(answer.isDone());
+        QCOMPARE(TwoLists::firstCells(one.references), (QStringList{"7.00"}));
+        QCOMPARE(one.editing->notice(), QString());
+    }
+
     void shouldReplaceTheReferencesByThoseOfAFile()
     {
         // GIVEN

@@ -1,5 +1,6 @@
 #include "PointText.h"
 
+#include "CoordinateText.h"
 #include "TestRegistry.h"
 
 #include <QtTest>
@@ -17,11 +18,16 @@ std::unique_ptr<PointText> readAll(const QString &text, std::size_t room = 100)
     return reading;
 }
 
-QString joined(const std::vector<PointText::Row> &rows)
+QString shown(const PointRow &row, std::size_t axis)
+{
+    return row.texts[axis].isNull() ? CoordinateText::of(row.point[axis]) : row.texts[axis];
+}
+
+QString joined(const PointRows &rows)
 {
     QString text;
-    for (const PointText::Row &row : rows)
-        text += row[0] + '|' + row[1] + '|' + row[2] + '/';
+    for (const PointRow &row : rows)
+        text += shown(row, 0) + '|' + shown(row, 1) + '|' + shown(row, 2) + '/';
     return text;
 }
 
@@ -70,6 +76,23 @@ private slots:
         const auto read = readAll(text);
         QCOMPARE(joined(read->rows()), rows);
         QVERIFY(read->linesNotRead().empty());
+    }
+
+    void shouldKeepATextOnlyWhereTheNumberWouldShowAnother()
+    {
+        const auto read = readAll("1,5\t+2\t-007.1");
+        const PointRow &row = read->rows().at(0);
+        QCOMPARE(row.point, (MatchingPoint{1.5, 2.0, -7.1}));
+        QVERIFY(row.texts[0].isNull());
+        QCOMPARE(row.texts[1], QString("+2.00"));
+        QCOMPARE(row.texts[2], QString("-007.10"));
+    }
+
+    void shouldHandItsRowsOver()
+    {
+        const auto read = readAll("1 2 3");
+        QCOMPARE(joined(read->takeRows()), QString("1.00|2.00|3.00/"));
+        QVERIFY(read->rows().empty());
     }
 
     void shouldNameTheLinesThatItCouldNotRead_data()
