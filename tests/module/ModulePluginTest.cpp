@@ -124,6 +124,8 @@ private slots:
         loaded.object = nullptr;
         loaded.module = nullptr;
         dlclose(library);
+        // The next test is to find the library as a new host does.
+        QVERIFY(loaded.loader.unload());
     }
 };
 
