@@ -21,6 +21,7 @@ private slots:
     void shouldTakeOneRoomOfTwoForNone();
     void shouldTakeNoRoomAnswerForNone();
     void shouldShowTheLockAndLetNobodyAdjust();
+    void shouldForgetTheLockUntilItIsReadAgain_data();
     void shouldForgetTheLockUntilItIsReadAgain();
     void shouldShowTheCameras();
     void shouldEnableEverythingAnewAtTheNextOpening();
@@ -159,24 +160,45 @@ void DialogOpeningTest::shouldShowTheLockAndLetNobodyAdjust()
     });
 }
 
+/// Each of these ends the opening before the lock is read.
+void DialogOpeningTest::shouldForgetTheLockUntilItIsReadAgain_data()
+{
+    QTest::addColumn<QString>("parameter");
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("tracking not available") << "tracking available" << QByteArray("no");
+    QTest::newRow("no cameras") << "camera number_of_cameras" << QByteArray("0");
+}
+
 void DialogOpeningTest::shouldForgetTheLockUntilItIsReadAgain()
 {
     // GIVEN
+    QFETCH(QString, parameter);
+    QFETCH(QByteArray, answer);
     DialogFixture f;
     QPixmap green(16, 16);
     green.fill(Qt::green);
     f.window.setWindowIcon(green);
     const auto icon = [&f] { return f.dialog.windowIcon().pixmap(16).toImage(); };
+    const auto notice = [&f] { return f.child<QLabel>("label_notice")->text(); };
     QImage locked;
-    QImage unavailable;
+    QImage withoutLock;
+    QString told;
     f.host.setAnswer("config is_changeable", "no");
     f.open([&] { locked = icon(); });
+    const QString lockNotice = notice();
     // WHEN
-    f.host.setAnswer("tracking available", "no");
-    f.open([&] { unavailable = icon(); });
+    f.host.setAnswer(parameter, answer);
+    f.host.clear();
+    f.open([&] {
+        withoutLock = icon();
+        told = notice();
+    });
     // THEN
+    QVERIFY(!f.host.calls().contains("read config is_changeable"));
     QVERIFY(locked != green.toImage());
-    QCOMPARE(unavailable, f.window.windowIcon().pixmap(16).toImage());
+    QCOMPARE(withoutLock, f.window.windowIcon().pixmap(16).toImage());
+    QVERIFY(lockNotice.contains("locked"));
+    QVERIFY(!told.isEmpty() && told != lockNotice);
 }
 
 void DialogOpeningTest::shouldShowTheCameras()
