@@ -34,7 +34,7 @@ OUTER_TESTS = {
     "src/fine/panel": ["fine_without_opengl", "dialog"],
     "src/dialog": ["journeys"],
     "src/module": ["journeys"],
-    "bench/controller": ["bench_link"],
+    "bench/controller": ["bench_link", "bench_server"],
 }
 # What looks at every window, and so at every form.
 WINDOW_TESTS = ["translations"]
