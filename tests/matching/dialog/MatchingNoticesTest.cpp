@@ -3,7 +3,10 @@
 #include "FitTrust.h"
 #include "MatchingEvaluation.h"
 #include "TestRegistry.h"
+#include "TwoLists.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QScrollArea>
 #include <QtTest>
@@ -55,6 +58,24 @@ private slots:
         shown.notices.tellData(false);
         QVERIFY(shown.label.text().startsWith(QStringLiteral("No measurement data arrives")));
         shown.notices.tellData(true);
+        QCOMPARE(shown.label.text(), QString());
+    }
+
+    void shouldTellWhatBecameOfTheLastEditing()
+    {
+        // GIVEN
+        Shown shown;
+        const TwoLists lists;
+        QGuiApplication::clipboard()->setText(QStringLiteral("1 2 3\nno point\n4 5 6"));
+        // WHEN
+        lists.editing->pasteReferences();
+        shown.notices.tellEditing(*lists.editing);
+        // THEN
+        QCOMPARE(
+            shown.label.text(),
+            QStringLiteral("These lines of the pasted text are not three numbers and were left out: 2."));
+        lists.editing->undo();
+        shown.notices.tellEditing(*lists.editing);
         QCOMPARE(shown.label.text(), QString());
     }
 
