@@ -1355,6 +1355,13 @@ Umschalt + linke Maustaste</translation>
     </message>
 </context>
 <context>
+    <name>ResultOffers</name>
+    <message>
+        <source>Making the report...</source>
+        <translation>Der Bericht wird erstellt ...</translation>
+    </message>
+</context>
+<context>
     <name>RoomAdjustmentDlg2g</name>
     <message>
         <source>Camera</source>

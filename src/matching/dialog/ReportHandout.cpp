@@ -21,10 +21,10 @@ ReportHandout::ReportHandout(Report report, QWidget *window)
 
 void ReportHandout::save()
 {
-    const QByteArray text = m_report().toUtf8();
-    if (text.isEmpty())
-        return;
     const ObjectWatch self(this);
+    const QByteArray text = makeReport().toUtf8();
+    if (text.isEmpty() || !self)
+        return;
     const QString chosen = PointFilePrompt::fileToSave(m_window, tr("Save report"), tr("Text file (*.txt)"));
     if (chosen.isEmpty() || !self)
         return;
@@ -40,11 +40,19 @@ void ReportHandout::save()
 
 void ReportHandout::copy()
 {
-    const QString text = m_report();
-    if (text.isEmpty())
+    const ObjectWatch self(this);
+    const QString text = makeReport();
+    if (text.isEmpty() || !self)
         return;
     QGuiApplication::clipboard()->setText(text);
     tell([] { return tr("The report is copied."); });
+}
+
+/// What makes it is a copy, which outlasts this.
+QString ReportHandout::makeReport() const
+{
+    const Report make = m_report;
+    return make();
 }
 
 void ReportHandout::forget()

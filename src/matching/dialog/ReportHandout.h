@@ -9,14 +9,15 @@ class QWidget;
 
 /// Hands the report of a result out, into a text file or into the clipboard, and tells how that went.
 ///
-/// The host may destroy the window, and this with it, while the user is asked for a file; nothing is touched
-/// then.
+/// The host may destroy the window, and this with it, while the report is made or the user is asked for
+/// a file; nothing is touched then.
 class ReportHandout : public QObject
 {
     Q_OBJECT
 
 public:
-    /// The text as it is at the moment of asking; an empty one is not handed out.
+    /// The text as it is at the moment of asking; an empty one is not handed out. Events may be handled
+    /// meanwhile, and destroy whoever asks.
     using Report = std::function<QString()>;
 
     /// The file dialog stands in front of `window`, which owns this.
@@ -35,6 +36,7 @@ signals:
     void noticeChanged();
 
 private:
+    [[nodiscard]] QString makeReport() const;
     void tell(std::function<QString()> notice);
 
     Report m_report;

@@ -7,6 +7,9 @@
 #include "ModalWindow.h"
 #include "ReportHandout.h"
 #include "ResultView.h"
+#include "WorkProgress.h"
+
+#include <utility>
 
 ResultOffers::ResultOffers(const MatchingLists &lists, const ResultView &result,
                            const MatchingNotices &notices, QWidget *window)
@@ -41,5 +44,6 @@ QString ResultOffers::report() const
     record.measured = m_lists.measured();
     record.evaluation = *m_result.evaluation();
     record.notices = m_notices.ofTheResult();
-    return JobReport::of(record);
+    JobReport report(std::move(record));
+    return WorkProgress::doAll(report, m_window, tr("Making the report...")) ? report.text() : QString();
 }

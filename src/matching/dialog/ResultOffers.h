@@ -34,6 +34,7 @@ public:
     void setOrder(MatchingEvaluation::Order order) { m_job.order = order; }
 
 private:
+    /// Empty without a result, when the user cancels, and when the window is gone meanwhile.
     [[nodiscard]] QString report() const;
 
     const MatchingLists &m_lists;

@@ -1,12 +1,12 @@
 #include "JobReport.h"
 
 #include "AppliedTransformation.h"
-#include "JobRecord.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <string>
+#include <utility>
 
 namespace
 {
@@ -55,32 +55,34 @@ QString told(const Values &values, int decimals)
     return text;
 }
 
-QString numbered(const MatchingPoints &points)
+void appendPoint(std::string &text, const MatchingPoints &points, std::size_t line)
 {
-    std::string text;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        append(text, i + 1);
-        for (const double coordinate : points[i]) {
-            text += ' ';
-            append(text, coordinate);
-        }
-        text += '\n';
+    append(text, line + 1);
+    for (const double coordinate : points[line]) {
+        text += ' ';
+        append(text, coordinate);
     }
-    return QString::fromStdString(text);
+    text += '\n';
 }
 
-QString pairs(const MatchingEvaluation &evaluation)
+void appendReference(std::string &text, const JobRecord &record, std::size_t line)
 {
-    std::string text;
-    for (std::size_t i = 0; i < evaluation.order.size(); ++i) {
-        append(text, i + 1);
-        text += ' ';
-        append(text, static_cast<std::size_t>(evaluation.order[i]) + 1);
-        text += ' ';
-        append(text, evaluation.distancesMm[i]);
-        text += '\n';
-    }
-    return QString::fromStdString(text);
+    appendPoint(text, record.references, line);
+}
+
+void appendMeasured(std::string &text, const JobRecord &record, std::size_t line)
+{
+    appendPoint(text, record.measured, line);
+}
+
+void appendPair(std::string &text, const JobRecord &record, std::size_t line)
+{
+    append(text, line + 1);
+    text += ' ';
+    append(text, static_cast<std::size_t>(record.evaluation.order[line]) + 1);
+    text += ' ';
+    append(text, record.evaluation.distancesMm[line]);
+    text += '\n';
 }
 
 /// With its offset from universal time, so that the moment is known wherever the report is read.
@@ -93,11 +95,51 @@ QString moment(const QDateTime &time)
 
 QString JobReport::of(const JobRecord &record)
 {
-    const RoomTrafoData after = appliedTransformation(record.evaluation.roomFromReference, record.scaling);
-    return head(record) + newLine + lists(record) + newLine + result(record) + newLine +
-           tr("Transformation that the controller gets") + newLine + transformation(after) + newLine +
-           tr("Transformation of the controller before") + newLine + transformation(record.before) + newLine +
-           notices(record);
+    JobReport report(record);
+    while (report.doPiece()) {
+    }
+    return report.text();
+}
+
+JobReport::JobReport(JobRecord record)
+    : m_record(std::move(record))
+{
+    const QString references = tr("Reference points: number, x, y, z in mm") + newLine;
+    const QString measured = tr("Measured points: number, x, y, z in mm") + newLine;
+    const QString pairs = tr("Pairs: reference point, measured point, distance in mm") + newLine;
+    m_parts = {{head(m_record) + newLine + references, m_record.references.size(), &appendReference},
+               {newLine + measured, m_record.measured.size(), &appendMeasured},
+               {newLine + pairs, m_record.evaluation.order.size(), &appendPair},
+               {result(m_record), 0, nullptr}};
+}
+
+bool JobReport::doPiece()
+{
+    constexpr std::size_t linesOfPiece = 500;
+    if (m_part == m_parts.size())
+        return false;
+    const Part &part = m_parts[m_part];
+    if (m_line == 0)
+        m_text += part.head;
+    std::string lines;
+    for (const std::size_t end = std::min(m_line + linesOfPiece, part.lines); m_line < end;
+         ++m_line, ++m_done)
+        part.append(lines, m_record, m_line);
+    m_text += QLatin1String(lines.data(), static_cast<int>(lines.size()));
+    if (m_line == part.lines) {
+        ++m_part;
+        m_line = 0;
+    }
+    return m_part < m_parts.size();
+}
+
+int JobReport::percent() const
+{
+    constexpr std::size_t all = 100;
+    std::size_t lines = 0;
+    for (const Part &part : m_parts)
+        lines += part.lines;
+    return static_cast<int>(lines == 0 ? all : all * m_done / lines);
 }
 
 QString JobReport::head(const JobRecord &record)
@@ -111,18 +153,15 @@ QString JobReport::head(const JobRecord &record)
            tr("Tip tolerance: %1 mm").arg(exact(conditions.toleranceMm)) + newLine;
 }
 
-QString JobReport::lists(const JobRecord &record)
-{
-    return tr("Reference points: number, x, y, z in mm") + newLine + numbered(record.references) + newLine +
-           tr("Measured points: number, x, y, z in mm") + newLine + numbered(record.measured);
-}
-
 QString JobReport::result(const JobRecord &record)
 {
     const bool preserved = record.order == MatchingEvaluation::Order::Preserved;
-    return tr("Pairs: reference point, measured point, distance in mm") + newLine + pairs(record.evaluation) +
-           (preserved ? tr("Order of the points: preserved") : tr("Order of the points: searched")) +
-           newLine + tr("Residual error: %1 mm").arg(exact(record.evaluation.rmsMm)) + newLine;
+    const RoomTrafoData after = appliedTransformation(record.evaluation.roomFromReference, record.scaling);
+    return (preserved ? tr("Order of the points: preserved") : tr("Order of the points: searched")) +
+           newLine + tr("Residual error: %1 mm").arg(exact(record.evaluation.rmsMm)) + newLine + newLine +
+           tr("Transformation that the controller gets") + newLine + transformation(after) + newLine +
+           tr("Transformation of the controller before") + newLine + transformation(record.before) + newLine +
+           notices(record);
 }
 
 QString JobReport::transformation(const RoomTrafoData &data)

@@ -10,7 +10,11 @@
 
 #include <QClipboard>
 #include <QDialog>
+#include <QProgressDialog>
+#include <QTimer>
 #include <QtTest>
+
+#include <memory>
 
 namespace
 {
@@ -34,6 +38,18 @@ struct Form {
         using Order = MatchingEvaluation::Order;
         view->show(MatchingEvaluation::of(lists->references(), lists->measured(), Order::Preserved, {}),
                    FitTrust());
+    }
+
+    /// A result of so many pairs, with so many digits, that its report takes seconds.
+    void matchMany() const
+    {
+        constexpr std::size_t pairs = 2000000;
+        constexpr double manyDigits = 1e200 / 3.0;
+        MatchingEvaluation evaluation;
+        evaluation.outcome = MatchingEvaluation::Outcome::Matched;
+        evaluation.order.assign(pairs, 0);
+        evaluation.distancesMm.assign(pairs, manyDigits);
+        view->show(evaluation, FitTrust());
     }
 
     QDialog dialog;
@@ -85,6 +101,49 @@ private slots:
         form.offers->showPicture();
         // THEN
         QCOMPARE(shown, QStringLiteral("FitPictureWindow"));
+    }
+
+    void shouldHandOutNothingWhenMakingTheReportIsCancelled_data()
+    {
+        QTest::addColumn<bool>("isSaved");
+        QTest::addColumn<bool>("isDestroyed");
+        QTest::newRow("copied") << false << false;
+        QTest::newRow("saved") << true << false;
+        QTest::newRow("copied, the window goes") << false << true;
+        QTest::newRow("saved, the window goes") << true << true;
+    }
+
+    void shouldHandOutNothingWhenMakingTheReportIsCancelled()
+    {
+        // GIVEN
+        QFETCH(bool, isSaved);
+        QFETCH(bool, isDestroyed);
+        auto form = std::make_unique<Form>();
+        form->matchMany();
+        QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+        const QSignalSpy told(&form->offers->handout(), &ReportHandout::noticeChanged);
+        ModalAnswer answer;
+        answer.then([&](QWidget *window) {
+            const auto *progress = qobject_cast<QProgressDialog *>(window);
+            QVERIFY(progress);
+            QCOMPARE(progress->labelText(), QStringLiteral("Making the report..."));
+            if (isDestroyed)
+                QTimer::singleShot(0, window, [&form] { form.reset(); });
+            else
+                QTest::keyClick(window, Qt::Key_Escape);
+        });
+        // WHEN
+        ReportHandout &handout = form->offers->handout();
+        if (isSaved)
+            handout.save(); // would ask for a file
+        else
+            handout.copy();
+        // THEN
+        QVERIFY(answer.isDone());
+        QCOMPARE(answer.unexpected(), QStringList());
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+        QCOMPARE(told.count(), 0);
+        QCOMPARE(form == nullptr, isDestroyed);
     }
 
     void shouldReportTheResultWithWhatItWasToldBesides()

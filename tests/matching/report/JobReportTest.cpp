@@ -96,6 +96,38 @@ private slots:
         QVERIFY(report.endsWith(QStringLiteral("\n\nNotices: none\n")));
     }
 
+    void shouldMakeALongReportInPieces()
+    {
+        // GIVEN
+        constexpr std::size_t points = 2000;
+        JobRecord record = recordOfCorners();
+        record.references.assign(points, {1.5, 2, 3});
+        record.measured.assign(points, {4, 5, 6});
+        record.evaluation.order.assign(points, 7);
+        record.evaluation.distancesMm.assign(points, 0.25);
+        JobReport report(record);
+        QCOMPARE(report.percent(), 0);
+        int written = 0;
+        int pieces = 1;
+        // WHEN
+        for (; report.doPiece(); ++pieces) {
+            const int lines = report.text().count(QLatin1Char('\n'));
+            QVERIFY(lines - written <= 520);
+            written = lines;
+        }
+        // THEN
+        QVERIFY(pieces >= 12);
+        QCOMPARE(report.percent(), 100);
+        QVERIFY(!report.doPiece());
+        const QStringList lines = report.text().split(QLatin1Char('\n'));
+        for (std::size_t number : {std::size_t{1}, std::size_t{500}, std::size_t{501}, points}) {
+            QCOMPARE(lines.count(QStringLiteral("%1 1.5 2 3").arg(number)), 1);
+            QCOMPARE(lines.count(QStringLiteral("%1 4 5 6").arg(number)), 1);
+            QCOMPARE(lines.count(QStringLiteral("%1 8 0.25").arg(number)), 1);
+        }
+        QCOMPARE(JobReport::of(record), report.text());
+    }
+
     void shouldKeepEveryDigit_data()
     {
         QTest::addColumn<double>("coordinate");
