@@ -5,11 +5,19 @@
 #include "PointTable.h"
 #include "ui_AbcMatchingDialog.h"
 
+#include <QTextCursor>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
+
 ResultView::ResultView(Ui::AbcMatchingDialogClass &ui, PointTable &references, PointTable &measured)
     : m_ui(ui)
     , m_references(references)
     , m_measured(measured)
 {
+    m_timer.setInterval(0ms);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { goOnWithReport(); });
 }
 
 void ResultView::clear()
@@ -25,8 +33,10 @@ void ResultView::show(const MatchingEvaluation &evaluation, const FitTrust &trus
     m_evaluation = evaluation;
     m_trust = trust;
     markWorstRows();
-    showReport(MatchingReport::report(evaluation));
-    m_report = [evaluation] { return MatchingReport::report(evaluation); };
+    m_report = [this, reported = std::make_shared<const MatchingEvaluation>(evaluation)] {
+        return beginReport(reported);
+    };
+    m_ui.w_trafoText->setPlainText(m_report());
 }
 
 bool ResultView::isMatched() const
@@ -43,8 +53,31 @@ void ResultView::showSearching()
 
 void ResultView::showReport(const QString &text)
 {
+    m_timer.stop();
     m_report = nullptr;
     m_ui.w_trafoText->setPlainText(text);
+}
+
+QString ResultView::beginReport(const std::shared_ptr<const MatchingEvaluation> &evaluation)
+{
+    m_reported = evaluation;
+    m_nextPiece = 1;
+    if (MatchingReport::pieceCount(*evaluation) > 1)
+        m_timer.start();
+    else
+        m_timer.stop();
+    return MatchingReport::piece(*evaluation, 0);
+}
+
+/// The cursor of the window stays where it is, and so does what is in sight.
+void ResultView::goOnWithReport()
+{
+    QTextCursor end(m_ui.w_trafoText->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(MatchingReport::piece(*m_reported, m_nextPiece));
+    ++m_nextPiece;
+    if (m_nextPiece == MatchingReport::pieceCount(*m_reported))
+        m_timer.stop();
 }
 
 void ResultView::retranslate()

@@ -4,8 +4,10 @@
 #include "MatchingEvaluation.h"
 
 #include <QString>
+#include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class PointTable;
@@ -16,6 +18,9 @@ class AbcMatchingDialogClass;
 }
 
 /// Shows what an evaluation brought: the report, and the rows that are worst.
+///
+/// A report of more than some hundred lines is shown from its beginning; the rest follows while the window
+/// looks after its events.
 class ResultView
 {
 public:
@@ -40,6 +45,8 @@ public:
 
 private:
     void markWorstRows();
+    [[nodiscard]] QString beginReport(const std::shared_ptr<const MatchingEvaluation> &evaluation);
+    void goOnWithReport();
 
     Ui::AbcMatchingDialogClass &m_ui;
     PointTable &m_references;
@@ -47,4 +54,7 @@ private:
     std::optional<MatchingEvaluation> m_evaluation;
     FitTrust m_trust;
     std::function<QString()> m_report;
+    QTimer m_timer; ///< runs while a report is not shown to its end
+    std::shared_ptr<const MatchingEvaluation> m_reported;
+    int m_nextPiece = 0;
 };

@@ -3,8 +3,12 @@
 #include "AssignmentSearch.h"
 #include "MatchingEvaluation.h"
 
+#include <algorithm>
+
 namespace
 {
+
+constexpr std::size_t pointsOfPiece = 500;
 
 QString twoDecimals(double value)
 {
@@ -13,8 +17,36 @@ QString twoDecimals(double value)
 
 } // namespace
 
-// NOLINTNEXTLINE(readability-function-size): the table of the outcomes
 QString MatchingReport::report(const MatchingEvaluation &evaluation)
+{
+    QString text;
+    for (int i = 0; i < pieceCount(evaluation); ++i)
+        text += piece(evaluation, i);
+    return text;
+}
+
+int MatchingReport::pieceCount(const MatchingEvaluation &evaluation)
+{
+    const std::size_t full = (evaluation.mapped.size() + pointsOfPiece - 1) / pointsOfPiece;
+    return static_cast<int>(std::max<std::size_t>(full, 1));
+}
+
+QString MatchingReport::piece(const MatchingEvaluation &evaluation, int index)
+{
+    if (evaluation.outcome != MatchingEvaluation::Outcome::Matched)
+        return failure(evaluation);
+    QString text;
+    if (index == 0)
+        text = tr("Transformation evaluation report :\nResidual error : %1").arg(evaluation.rmsMm);
+    const std::size_t begin = static_cast<std::size_t>(index) * pointsOfPiece;
+    const std::size_t end = std::min(begin + pointsOfPiece, evaluation.mapped.size());
+    for (std::size_t point = begin; point < end; ++point)
+        text += pointLine(evaluation, point);
+    return index + 1 < pieceCount(evaluation) ? text : text + tr("\nAll values are in [mm]");
+}
+
+// NOLINTNEXTLINE(readability-function-size): the table of the outcomes
+QString MatchingReport::failure(const MatchingEvaluation &evaluation)
 {
     using Outcome = MatchingEvaluation::Outcome;
     switch (evaluation.outcome) {
@@ -38,23 +70,19 @@ QString MatchingReport::report(const MatchingEvaluation &evaluation)
     case Outcome::Cancelled:
         return cancelled();
     case Outcome::Matched:
-        return success(evaluation);
+        break;
     }
     return {};
 }
 
-QString MatchingReport::success(const MatchingEvaluation &evaluation)
+QString MatchingReport::pointLine(const MatchingEvaluation &evaluation, std::size_t point)
 {
-    QString text = tr("Transformation evaluation report :\nResidual error : %1").arg(evaluation.rmsMm);
-    for (std::size_t i = 0; i < evaluation.mapped.size(); ++i) {
-        const MatchingPoint &point = evaluation.mapped[i];
-        text += tr("\n Point %1 -> %2 : (%3, %4, %5) ; distance to reference point = %6")
-                    .arg(i + 1)
-                    .arg(evaluation.order[i] + 1)
-                    .arg(twoDecimals(point[0]), twoDecimals(point[1]), twoDecimals(point[2]),
-                         twoDecimals(evaluation.distancesMm[i]));
-    }
-    return text + tr("\nAll values are in [mm]");
+    const MatchingPoint &mapped = evaluation.mapped[point];
+    return tr("\n Point %1 -> %2 : (%3, %4, %5) ; distance to reference point = %6")
+        .arg(point + 1)
+        .arg(evaluation.order[point] + 1)
+        .arg(twoDecimals(mapped[0]), twoDecimals(mapped[1]), twoDecimals(mapped[2]),
+             twoDecimals(evaluation.distancesMm[point]));
 }
 
 QString MatchingReport::noTool(ToolSurvey::Verdict verdict)

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QString>
 
+#include <cstddef>
+
 struct MatchingEvaluation;
 
 /// The sentences in which the matching dialog tells the result of an evaluation.
@@ -14,6 +16,10 @@ class MatchingReport
 
 public:
     [[nodiscard]] static QString report(const MatchingEvaluation &evaluation);
+
+    /// The same in pieces of some hundred lines, one after the other; one at least.
+    [[nodiscard]] static int pieceCount(const MatchingEvaluation &evaluation);
+    [[nodiscard]] static QString piece(const MatchingEvaluation &evaluation, int index);
 
     /// Why nothing can be measured; empty when something can, or when no tip is calibrated, which another
     /// line tells.
@@ -29,5 +35,6 @@ public:
     [[nodiscard]] static QString worstRow(double distance);
 
 private:
-    [[nodiscard]] static QString success(const MatchingEvaluation &evaluation);
+    [[nodiscard]] static QString failure(const MatchingEvaluation &evaluation);
+    [[nodiscard]] static QString pointLine(const MatchingEvaluation &evaluation, std::size_t point);
 };

@@ -1,10 +1,12 @@
 #include "ResultView.h"
 
+#include "MatchingReport.h"
 #include "PointTable.h"
 #include "TestRegistry.h"
 #include "ui_AbcMatchingDialog.h"
 
 #include <QDialog>
+#include <QScrollBar>
 #include <QtTest>
 
 namespace
@@ -53,6 +55,18 @@ MatchingEvaluation worstSecond()
     return evaluation;
 }
 
+/// So many pairs that their report is not shown in one piece.
+MatchingEvaluation manyPairs()
+{
+    constexpr std::size_t pairs = 3000;
+    MatchingEvaluation evaluation;
+    evaluation.outcome = MatchingEvaluation::Outcome::Matched;
+    evaluation.order.assign(pairs, 0);
+    evaluation.mapped = MatchingPoints(pairs);
+    evaluation.distancesMm.assign(pairs, 0.0);
+    return evaluation;
+}
+
 } // namespace
 
 class ResultViewTest : public QObject
@@ -97,6 +111,60 @@ private slots:
         // THEN
         QCOMPARE(form.report(), before);
         QVERIFY(!form.view->evaluation());
+    }
+
+    void shouldShowALongReportFromItsBeginningToItsEnd()
+    {
+        // GIVEN
+        Form form;
+        form.dialog.show();
+        // WHEN
+        form.view->show(manyPairs(), FitTrust());
+        // THEN
+        QVERIFY(form.report().startsWith(QStringLiteral("Transformation evaluation report :\n")));
+        QVERIFY(!form.report().contains(QStringLiteral("\n Point 3000 ")));
+        QTRY_VERIFY(form.report().endsWith(QStringLiteral("\nAll values are in [mm]")));
+        QCOMPARE(form.report(), MatchingReport::report(manyPairs()));
+        QCOMPARE(form.ui.w_trafoText->verticalScrollBar()->value(), 0);
+    }
+
+    void shouldShowNoRestOfAReportBehindAnotherText_data()
+    {
+        QTest::addColumn<bool>("isResult");
+        QTest::newRow("a message") << false;
+        QTest::newRow("a short result") << true;
+    }
+
+    void shouldShowNoRestOfAReportBehindAnotherText()
+    {
+        // GIVEN
+        QFETCH(bool, isResult);
+        const Form form;
+        form.view->show(manyPairs(), FitTrust());
+        // WHEN
+        if (isResult)
+            form.view->show(worstSecond(), FitTrust());
+        else
+            form.view->showReport(QStringLiteral("of a tool"));
+        const QString shown = form.report();
+        for (int turn = 0; turn < 5; ++turn)
+            QCoreApplication::processEvents();
+        // THEN
+        QCOMPARE(form.report(), shown);
+        QCOMPARE(form.report().contains(QStringLiteral("\n Point 3 ")), isResult);
+    }
+
+    void shouldTellALongReportAnewFromItsBeginning()
+    {
+        // GIVEN
+        const Form form;
+        form.view->show(manyPairs(), FitTrust());
+        QCoreApplication::processEvents();
+        // WHEN
+        form.view->retranslate();
+        // THEN
+        QTRY_VERIFY(form.report().endsWith(QStringLiteral("\nAll values are in [mm]")));
+        QCOMPARE(form.report(), MatchingReport::report(manyPairs()));
     }
 
     void shouldTellATextAnewOnlyWhenItsSourceIsKnown()

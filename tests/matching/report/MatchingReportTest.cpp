@@ -44,6 +44,31 @@ private slots:
         QCOMPARE(MatchingReport::report(evaluation), text);
     }
 
+    void shouldTellALongResultInPieces()
+    {
+        // GIVEN
+        constexpr int points = 1201;
+        MatchingEvaluation evaluation;
+        evaluation.outcome = Outcome::Matched;
+        evaluation.order.assign(points, 0);
+        evaluation.mapped.assign(points, {1.0, 2.0, 3.0});
+        evaluation.distancesMm.assign(points, 0.5);
+        // WHEN
+        QStringList pieces;
+        for (int i = 0; i < MatchingReport::pieceCount(evaluation); ++i)
+            pieces << MatchingReport::piece(evaluation, i);
+        // THEN
+        QCOMPARE(pieces.size(), 3);
+        QStringList expected{"Transformation evaluation report :", "Residual error : 0"};
+        for (int i = 1; i <= points; ++i)
+            expected << QStringLiteral(" Point %1 -> 1 : (1.00, 2.00, 3.00) ; distance to reference point = "
+                                       "0.50")
+                            .arg(i);
+        expected << "All values are in [mm]";
+        QCOMPARE(pieces.join(QString()), expected.join(QLatin1Char('\n')));
+        QCOMPARE(MatchingReport::report(evaluation), pieces.join(QString()));
+    }
+
     void shouldTellAResultPointByPoint()
     {
         // GIVEN
