@@ -18,6 +18,13 @@ QString libraryOf(const BenchOptions &options)
                                     : options.plugin;
 }
 
+/// Nothing when only the bench itself is open.
+QWidget *openWindow()
+{
+    QWidget *popup = QApplication::activePopupWidget();
+    return popup != nullptr ? popup : QApplication::activeModalWidget();
+}
+
 } // namespace
 
 ScenePlay::ScenePlay(std::unique_ptr<BenchSession> session, const BenchOptions &options,
@@ -30,9 +37,9 @@ ScenePlay::ScenePlay(std::unique_ptr<BenchSession> session, const BenchOptions &
     , m_directions(m_window, m_session->channel(), m_outcome)
     , m_steps(patience)
 {
-    connect(&m_steps, &EventSteps::finished, this, [this] { emit finished(m_outcome.error); });
+    connect(&m_steps, &EventSteps::finished, this, [this] { end(m_outcome.error); });
     connect(&m_steps, &EventSteps::failed, this, [this](const QString &name) {
-        emit finished(QStringLiteral("this could not be done: %1 %2").arg(name, m_outcome.error));
+        end(QStringLiteral("this could not be done: %1 %2").arg(name, m_outcome.error));
     });
 }
 
@@ -87,4 +94,12 @@ void ScenePlay::start()
 {
     m_window.show();
     m_steps.start();
+}
+
+/// What waits for the end may stand below the loops of windows that the scene has left open.
+void ScenePlay::end(const QString &error)
+{
+    while (QWidget *window = openWindow())
+        window->hide();
+    emit finished(error);
 }

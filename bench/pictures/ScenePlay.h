@@ -26,7 +26,8 @@ public:
     void start();
 
 signals:
-    /// At the end, with a sentence on what failed; empty when every picture was made.
+    /// At the end, with a sentence on what failed; empty when every picture was made. No dialog or menu is
+    /// open any more.
     void finished(const QString &error);
 
 private:
@@ -34,6 +35,7 @@ private:
 
     [[nodiscard]] bool prepareBench(const BenchOptions &options, QString *error);
     [[nodiscard]] bool prepareSteps(const Scene &scene, QString *error);
+    void end(const QString &error);
 
     std::unique_ptr<BenchSession> m_session;
     BenchLanguage m_language;

@@ -1,11 +1,14 @@
 #include "ScenePlay.h"
 #include "DarkPalette.h"
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QApplication>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+using namespace std::chrono_literals;
 
 namespace
 {
@@ -107,6 +110,37 @@ private slots:
         const Played played(begin + "sim tool 99 touch 1\npicture one\n");
         QVERIFY(played.isEnded);
         QVERIFY2(played.error.contains("sim tool 99 touch 1"), qPrintable(played.error));
+    }
+
+    void shouldLeaveNoDialogOpen_data()
+    {
+        QTest::addColumn<QString>("lines");
+        QTest::addColumn<bool>("succeeds");
+        QTest::newRow("at the end") << "picture one" << true;
+        QTest::newRow("after a refusal") << "sim tool 99 touch 1" << false;
+        QTest::newRow("when a step cannot be done") << "click noButton" << false;
+    }
+    void shouldLeaveNoDialogOpen()
+    {
+        // GIVEN
+        QFETCH(QString, lines);
+        QFETCH(bool, succeeds);
+        bool wasOpen = false;
+        QTimer look;
+        connect(&look, &QTimer::timeout, this, [&] {
+            if (QApplication::activeModalWidget() == nullptr)
+                return;
+            wasOpen = true;
+            TestClock::advance(1s); // a step that cannot be done is waited for
+        });
+        look.start(100ms);
+        // WHEN
+        const Played played(begin + "press Shift+F5\n" + lines);
+        // THEN
+        QVERIFY(played.isEnded);
+        QVERIFY(wasOpen);
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QCOMPARE(played.error.isEmpty(), succeeds);
     }
 
     void shouldSayThatTheBenchCannotBeOpened_data()
