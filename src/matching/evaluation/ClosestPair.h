@@ -13,6 +13,6 @@ struct ClosestPair {
     /// The closest two, nothing when all are at least `belowMm` apart. All coordinates finite.
     ///
     /// Cost: sorting, and comparing the points that are less than `belowMm` apart along the longest side of
-    /// the list's box.
+    /// the list's box and less than four times that along the second longest.
     [[nodiscard]] static std::optional<ClosestPair> of(const MatchingPoints &points, double belowMm);
 };

@@ -50,11 +50,29 @@ private slots:
         QVERIFY(found > 100);
     }
 
+    void shouldFindAPairWhereverItLies()
+    {
+        // Far apart along x, so that y divides them.
+        const MatchingPoints others = {{0, 0, 0}, {1000, 90, 0}};
+        for (double y = 10.0; y < 20.0; y += 0.25) {
+            MatchingPoints points = others;
+            points.push_back({500, y, 0});
+            points.push_back({500.25, y - 0.5, 0.25});
+            const std::optional<ClosestPair> pair = ClosestPair::of(points, 1.0);
+            QVERIFY(pair.has_value());
+            QCOMPARE(pair->first, 2);
+            QCOMPARE(pair->second, 3);
+            std::swap(points[2], points[3]);
+            QVERIFY(ClosestPair::of(points, 1.0));
+        }
+    }
+
     void shouldFindEqualPointsAndNothingAtTheLimit()
     {
         const MatchingPoints points = {{1, 2, 3}, {4, 2, 3}, {1, 2, 3}};
         QCOMPARE(ClosestPair::of(points, 1.0)->distanceMm, 0.0);
         QVERIFY(!ClosestPair::of(points, 0.0));
+        QCOMPARE(ClosestPair::of(MatchingPoints(5000), 1.0)->distanceMm, 0.0);
         QVERIFY(!ClosestPair::of({points[0], points[1]}, 3.0));
         QVERIFY(ClosestPair::of({points[0], points[1]}, 3.1));
     }
