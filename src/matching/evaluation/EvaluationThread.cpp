@@ -12,6 +12,8 @@ namespace
 {
 
 constexpr std::chrono::nanoseconds immediateTime = 100ms;
+/// Of points in a known order; longer lists are refused where the order is searched.
+constexpr std::size_t mostImmediatePoints = 10000;
 
 /// Processor time, so that a busy machine does not change what is done at once.
 std::chrono::nanoseconds usedTime()
@@ -19,6 +21,12 @@ std::chrono::nanoseconds usedTime()
     std::timespec time{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+bool isLong(const MatchingPoints &references, const MatchingPoints &measured, MatchingEvaluation::Order order)
+{
+    return order == MatchingEvaluation::Order::Preserved && references.size() == measured.size() &&
+           references.size() > mostImmediatePoints;
 }
 
 } // namespace
@@ -47,11 +55,20 @@ std::optional<MatchingEvaluation> EvaluationThread::start(const MatchingPoints &
                                                           MatchingEvaluation::Order order)
 {
     cancel();
-    const std::chrono::nanoseconds end = usedTime() + immediateTime;
-    const MatchingEvaluation evaluation =
-        MatchingEvaluation::of(references, measured, order, [end] { return usedTime() < end; });
-    if (evaluation.outcome != MatchingEvaluation::Outcome::Cancelled && !evaluation.otherOrdersUnknown)
-        return evaluation;
+    if (!isLong(references, measured, order)) {
+        const std::chrono::nanoseconds end = usedTime() + immediateTime;
+        const MatchingEvaluation evaluation =
+            MatchingEvaluation::of(references, measured, order, [end] { return usedTime() < end; });
+        if (evaluation.outcome != MatchingEvaluation::Outcome::Cancelled && !evaluation.otherOrdersUnknown)
+            return evaluation;
+    }
+    startThread(references, measured, order);
+    return std::nullopt;
+}
+
+void EvaluationThread::startThread(const MatchingPoints &references, const MatchingPoints &measured,
+                                   MatchingEvaluation::Order order)
+{
     const auto job = std::make_shared<Job>();
     job->references = references;
     job->measured = measured;
@@ -64,7 +81,6 @@ std::optional<MatchingEvaluation> EvaluationThread::start(const MatchingPoints &
     m_job = job;
     connect(job->thread.get(), &QThread::finished, this, [this, job] { finish(job); });
     job->thread->start();
-    return std::nullopt;
 }
 
 MatchingEvaluation EvaluationThread::cancel()

@@ -21,8 +21,9 @@ public:
     /// Ends a running evaluation without a result.
     ~EvaluationThread() override;
 
-    /// Returns the evaluation when it takes less than a tenth of a second of processor time. Otherwise it
-    /// goes on and finished() tells the result.
+    /// Returns the evaluation when it takes less than a tenth of a second of processor time. Otherwise, and
+    /// for lists so long that what is told of them takes its time too, it goes on and finished() tells the
+    /// result.
     [[nodiscard]] std::optional<MatchingEvaluation>
     start(const MatchingPoints &references, const MatchingPoints &measured, MatchingEvaluation::Order order);
 
@@ -38,6 +39,8 @@ signals:
 private:
     struct Job;
 
+    void startThread(const MatchingPoints &references, const MatchingPoints &measured,
+                     MatchingEvaluation::Order order);
     void finish(const std::shared_ptr<Job> &job);
 
     std::shared_ptr<Job> m_job;

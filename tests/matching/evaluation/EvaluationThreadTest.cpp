@@ -42,6 +42,7 @@ class EvaluationThreadTest : public QObject
 private slots:
     void shouldAnswerAtOnceWhatIsQuick();
     void shouldGoOnWithWhatTakesLong();
+    void shouldGoOnWithLongListsInTheirOrder();
     void shouldForgetACancelledRun();
     void shouldReplaceARunByTheNext();
     void shouldEndWithItsOwner();
@@ -79,6 +80,24 @@ void EvaluationThreadTest::shouldGoOnWithWhatTakesLong()
         return;
     }
     QFAIL("no search took long");
+}
+
+void EvaluationThreadTest::shouldGoOnWithLongListsInTheirOrder()
+{
+    EvaluationThread run;
+    std::vector<MatchingEvaluation> results;
+    connect(&run, &EvaluationThread::finished, this,
+            [&](const MatchingEvaluation &evaluation) { results.push_back(evaluation); });
+    constexpr std::size_t count = 20000;
+    const MatchingPoints list = points(count, 1);
+    QVERIFY(!run.start(list, list, Order::Preserved));
+    QVERIFY(run.isRunning());
+    QTRY_COMPARE(results.size(), std::size_t{1});
+    QCOMPARE(results.front().outcome, Outcome::Matched);
+    QCOMPARE(results.front().order.size(), count);
+    // What is refused is told at once.
+    QCOMPARE(run.start(list, points(count + 1, 1), Order::Preserved)->outcome, Outcome::CountsDiffer);
+    QCOMPARE(run.start(list, list, Order::Searched)->outcome, Outcome::TooManyPoints);
 }
 
 void EvaluationThreadTest::shouldForgetACancelledRun()
