@@ -14,6 +14,7 @@
 
 #include <QEvent>
 #include <QIcon>
+#include <QPixmap>
 #include <QScreen>
 
 using namespace std::chrono_literals;
@@ -44,7 +45,8 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
 {
     loadResources();
     m_ui->setupUi(this);
-    setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    // Not loaded by the icon itself: the cache of pictures would take it for a new one every time.
+    setWindowIcon(QPixmap(QStringLiteral(":/images/icons/velmar_16x16.png")));
     showPercentBeside(m_ui->progressBar_overall, m_ui->label_percent);
     showRemainingTime();
     m_sentences = std::make_unique<ProgressSentences>(m_ui->label_info, m_ui->label_warning);

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QIcon>
 #include <QLayout>
+#include <QPixmap>
 
 #include <limits>
 
@@ -17,7 +18,8 @@ CountdownDlg::CountdownDlg(QWidget *parent)
 {
     loadResources();
     m_ui->setupUi(this);
-    setWindowIcon(QIcon(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    // Not loaded by the icon itself: the cache of pictures would take it for a new one every time.
+    setWindowIcon(QPixmap(QStringLiteral(":/images/icons/velmar_16x16.png")));
     fitButtons();
     m_timer.setTimerType(Qt::PreciseTimer);
     setTick(1000ms);
