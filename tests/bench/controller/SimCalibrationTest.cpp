@@ -39,6 +39,7 @@ class SimCalibrationTest : public QObject
 
 private slots:
     void shouldGrowLinearlyAndEndAfterTheAfterWork();
+    void shouldTakeAsLongForTheAfterWorkAsItIsTold();
     void shouldMakeThePausesBetweenTheSteps();
     void shouldHoldTheProgressInAStall();
     void shouldStallAtOnceWhenTheFractionIsPassed();
@@ -75,6 +76,19 @@ void SimCalibrationTest::shouldGrowLinearlyAndEndAfterTheAfterWork()
     QCOMPARE(bench.value("status active"), QStringLiteral("none"));
     QCOMPARE(bench.value("status step_active"), QStringLiteral("none"));
     QCOMPARE(bench.value("status err"), QStringLiteral("0 \"\""));
+}
+
+void SimCalibrationTest::shouldTakeAsLongForTheAfterWorkAsItIsTold()
+{
+    Bench bench;
+    bench.tell({"sim cal room afterwork 2.5"});
+    bench.prepare();
+    bench.start();
+    bench.controller.advance(5.01);
+    bench.controller.advance(2.0);
+    QCOMPARE(bench.value("status active"), QStringLiteral("cal"));
+    bench.controller.advance(0.6);
+    QCOMPARE(bench.value("status active"), QStringLiteral("none"));
 }
 
 void SimCalibrationTest::shouldMakeThePausesBetweenTheSteps()

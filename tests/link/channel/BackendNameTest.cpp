@@ -66,6 +66,8 @@ private slots:
         QTest::addColumn<bool>("isIt");
         QTest::newRow("the name") << "OKTAVO3" << true;
         QTest::newRow("other case") << "Oktavo3" << false;
+        QTest::newRow("other at the begin") << "0KTAVO3" << false;
+        QTest::newRow("other at the end") << "OKTAVO2" << false;
         QTest::newRow("longer") << "OKTAVO3 " << false;
         QTest::newRow("shorter") << "OKTAVO" << false;
         QTest::newRow("empty") << QString() << false;
