@@ -34,6 +34,10 @@ constexpr std::size_t residentSlack = 8 * 1024 * 1024;
 // However many turns there are.
 constexpr std::size_t heapSlack = 64 * 1024;
 
+// An unloading leaves up to a kilobyte with toolkit and driver, in bursts. A trace of the heap shows no block
+// that stays behind each time.
+constexpr std::size_t heapBytesPerUnloading = 2048;
+
 // The graphics driver takes and gives back its buffers of half a megabyte when it likes. Blocks of that size
 // are kept out of the heap that is weighed.
 constexpr int largestHeapBlock = 256 * 1024;
@@ -114,13 +118,13 @@ struct Census {
             .arg(files - before.files);
     }
 
-    bool isNear(const Census &before, std::size_t turns) const
+    bool isNear(const Census &before, std::size_t turns, std::size_t slack = heapSlack) const
     {
         const bool counts = widgets == before.widgets && objects == before.objects &&
                             timers <= before.timers + timerSlack && files <= before.files + fileSlack;
         if (TestLoad::isSanitized())
             return counts; // what is freed is held back, and what is not is found anyway
-        return counts && heap < before.heap + heapSlack &&
+        return counts && heap < before.heap + slack &&
                resident < before.resident + turns * residentBytesPerTurn + residentSlack;
     }
 
@@ -244,7 +248,7 @@ private slots:
             loadAndUnload();
         const Census after = Census::take();
         qInfo("%d unloads: %s", turns, qPrintable(after.difference(before)));
-        QVERIFY(after.isNear(before, turns));
+        QVERIFY(after.isNear(before, turns, heapSlack + turns * heapBytesPerUnloading));
     }
 };
 

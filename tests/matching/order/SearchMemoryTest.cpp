@@ -1,6 +1,7 @@
 #include "AllocationCounter.h"
 #include "AssignmentSearch.h"
 #include "PointSets.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 
 #include <QtTest>
@@ -48,7 +49,8 @@ private slots:
         // GIVEN
         QFETCH(double, noiseMm);
         PointSets sets(551);
-        const std::vector<double> values = sets.box(int(AssignmentSearch::mostPoints), 1000);
+        const int count = TestLoad::share(int(AssignmentSearch::mostPoints));
+        const std::vector<double> values = sets.box(count, 1000);
         const MatchingPoints references = asPoints(values),
                              measured = asPoints(sets.shuffled(sets.moved(values, noiseMm)));
         // WHEN
@@ -64,7 +66,7 @@ private slots:
         });
         // THEN
         QVERIFY2(most < mostMegabytes, qPrintable(QString::number(most)));
-        QVERIFY(most > 10.0);
+        QVERIFY(most > 10.0 || !TestLoad::isFull());
     }
 
     /// The rotations alone; what they take grows with the square of the points, but for what they remember.
