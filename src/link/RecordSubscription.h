@@ -11,8 +11,9 @@ class Requester;
 /// The host may do anything in the calls that this makes: ask for the opposite, end all subscriptions by
 /// itself, or destroy the subscription together with its requester. What was asked for last is what comes to
 /// be; each kind is ended exactly when it was begun, and a kind that was ended while it was being begun is
-/// ended once more, since the host may have noted it only afterwards; what was begun again meanwhile is ended
-/// with it, and begun anew.
+/// ended once more, since the host may have noted it only afterwards. What is asked for again in a call of
+/// its own kind is begun after that call. A host that ends a kind in every one of its beginnings has it
+/// ended, until the next begin() or end().
 class RecordSubscription
 {
 public:

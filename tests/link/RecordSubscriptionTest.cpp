@@ -162,6 +162,76 @@ private slots:
         QVERIFY(s.host.subscriptions().isEmpty());
     }
 
+    void shouldComeToAnEndWithAHostThatNeverDoes_data()
+    {
+        QTest::addColumn<bool>("endsInBeginnings");
+        QTest::addColumn<bool>("beginsInBeginnings");
+        QTest::addColumn<bool>("beginsInEndings");
+        QTest::addColumn<bool>("endsInEndings");
+        QTest::addColumn<bool>("hasAll");
+        QTest::newRow("begins in each ending") << false << false << true << false << true;
+        QTest::newRow("begins and ends in each ending") << false << false << true << true << true;
+        QTest::newRow("ends in each beginning") << true << false << false << false << false;
+        QTest::newRow("ends and begins in each beginning") << true << true << false << false << false;
+        QTest::newRow("ends in each beginning and begins in each ending")
+            << true << false << true << false << false;
+        QTest::newRow("ends and begins in each call") << true << true << true << true << false;
+    }
+
+    void shouldComeToAnEndWithAHostThatNeverDoes()
+    {
+        // GIVEN
+        QFETCH(bool, endsInBeginnings);
+        QFETCH(bool, beginsInBeginnings);
+        QFETCH(bool, beginsInEndings);
+        QFETCH(bool, endsInEndings);
+        QFETCH(bool, hasAll);
+        Subscribed s;
+        constexpr int patience = 300;
+        int calls = 0;
+        s.host.onSubscription([&](const QString &line) {
+            const bool isBeginning = line.startsWith(QLatin1String("subscribe"));
+            if (++calls > patience || !s.subscription)
+                return;
+            if (isBeginning && endsInBeginnings)
+                s.subscription->end();
+            if (isBeginning ? beginsInBeginnings : beginsInEndings)
+                s.subscription->begin();
+            if (!isBeginning && endsInEndings)
+                s.subscription->end();
+        });
+        // WHEN
+        s.subscription->begin();
+        // THEN
+        QVERIFY2(calls < patience / 2, QByteArray::number(calls));
+        QCOMPARE(s.host.subscriptions().size(), hasAll ? begun.size() : 0);
+        s.host.onSubscription({});
+        s.subscription->begin();
+        QCOMPARE(s.host.subscriptions().size(), begun.size());
+        s.subscription.reset();
+        QVERIFY(s.host.subscriptions().isEmpty());
+    }
+
+    void shouldBeginAgainWithAHostThatBeginsInEveryEnding()
+    {
+        // GIVEN
+        Subscribed s;
+        s.host.onSubscription([&s, calls = 0](const QString &line) mutable {
+            constexpr int patience = 300;
+            if (++calls == 1)
+                s.subscription->end();
+            else if (s.subscription && calls < patience && line.startsWith(QLatin1String("unsubscribe")))
+                s.subscription->begin();
+        });
+        // WHEN
+        s.subscription->begin();
+        // THEN
+        QCOMPARE(s.host.subscriptions().size(), begun.size());
+        QCOMPARE(s.host.callsOf({"unsubscribe"}).size(), 2);
+        s.subscription.reset();
+        QVERIFY(s.host.subscriptions().isEmpty());
+    }
+
     void shouldHaveEveryKindOnceWhenItIsBegunAgainWhileItBegins()
     {
         // GIVEN
