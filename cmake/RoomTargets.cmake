@@ -67,15 +67,16 @@ function(room_use_test_headers)
   endforeach()
 endfunction()
 
-# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds] [COMMA class function ...]
-#           [GERMAN class|class::function ...])
+# room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds] [SECONDS seconds]
+#           [COMMA class|class::function ...] [GERMAN class|class::function ...])
 #
 # One test executable, run twice: in the C locale and in one with a decimal comma. Unless
 # WITHOUT_DISPLAY is given it runs on an X server of its own, so that tests can run side by side. With COMMA the second
-# run is of these functions of one class alone: for the others a locale changes nothing. With GERMAN a third run is of
+# run is of these classes and functions alone: for the others a locale changes nothing. With GERMAN a third run is of
 # these classes and functions as a German has them before a fine screen: comma, translation and a scale of 2 at once.
+# SECONDS says of a long run how long it is: the longest begin first, so that none of them is left over at the end.
 function(room_test name)
-  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT" "SOURCES;LINKS;COMMA;GERMAN" ${ARGN})
+  cmake_parse_arguments(ARG "WITHOUT_DISPLAY" "TIMEOUT;SECONDS" "SOURCES;LINKS;COMMA;GERMAN" ${ARGN})
   set(target test_${name})
   if(ARG_WITHOUT_DISPLAY)
     set(main testmain_core)
@@ -91,14 +92,13 @@ function(room_test name)
   room_use_test_headers(${target})
   add_test(NAME ${name} COMMAND ${launcher} $<TARGET_FILE:${target}>)
   room_test_environment(${name} ${ARG_TIMEOUT} LC_ALL=C.UTF-8)
-  set(class)
-  if(ARG_COMMA)
-    list(POP_FRONT ARG_COMMA class)
-    set(class ROOM_TEST_CLASS=${class})
-  endif()
-  add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}> ${ARG_COMMA})
+  list(JOIN ARG_COMMA " " comma)
+  add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}>)
   room_test_environment(${name}.comma ${ARG_TIMEOUT}
-    LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1 ${class})
+    LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1 "ROOM_TEST_CLASS=${comma}")
+  if(ARG_SECONDS)
+    set_tests_properties(${name} ${name}.comma PROPERTIES COST ${ARG_SECONDS})
+  endif()
   if(ARG_GERMAN)
     list(JOIN ARG_GERMAN " " german)
     add_test(NAME ${name}.german COMMAND ${launcher} $<TARGET_FILE:${target}>)
