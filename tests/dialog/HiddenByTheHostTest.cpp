@@ -49,8 +49,8 @@ public:
     bool isThrough() const { return m_callsLeft > 0; }
     bool wasSeenAgain() const { return m_wasSeenAgain; }
     bool hasRefusedWithCalls() const { return m_refusedWithCalls; }
-    /// Whether the matching window stood in front of the hidden dialog.
-    bool wasMatchingLeft() const { return m_wasMatchingLeft; }
+    /// Whether one of its windows stood in front of the hidden dialog.
+    bool wasWindowLeft() const { return m_wasWindowLeft; }
     int triggers() const { return m_triggers; }
     DialogFixture &fixture() { return m_f; }
 
@@ -60,6 +60,8 @@ private:
     void lead(QWidget *shown);
     void goThroughTheDialog();
     void goThroughMatching(AbcMatchingDialog *matching);
+    void goThroughAngleTool(AdjustToToolDlg *angleTool);
+    void noteWindowLeft(const QWidget *window);
 
     DialogFixture m_f;
     const char *m_way;
@@ -68,7 +70,7 @@ private:
     bool m_hasGone = false;
     bool m_wasSeenAgain = false;
     bool m_refusedWithCalls = false;
-    bool m_wasMatchingLeft = false;
+    bool m_wasWindowLeft = false;
     int m_triggers = 0;
 };
 
@@ -127,7 +129,7 @@ void Led::lead(QWidget *shown)
     else if (auto *matching = qobject_cast<AbcMatchingDialog *>(shown))
         goThroughMatching(matching);
     else if (auto *angleTool = qobject_cast<AdjustToToolDlg *>(shown))
-        press(angleTool, "pushButton_calibrate");
+        goThroughAngleTool(angleTool);
     else if (qobject_cast<CalibrationProgressDlg *>(shown))
         return; // ends with its calibration
     if (window && window->isVisible())
@@ -157,8 +159,20 @@ void Led::goThroughMatching(AbcMatchingDialog *matching)
         m_f.host.deliver("6dmt2", "6dmt2 1 [0 1.0 4 2.5]" + place + flags + "[0 0 0 0 0 0]");
     }
     press(matching, "pushButton_addRefPoint");
-    m_wasMatchingLeft |= matching->isVisible() && !m_f.dialog.isVisible();
+    noteWindowLeft(matching);
     press(matching, "w_closeButton");
+}
+
+void Led::goThroughAngleTool(AdjustToToolDlg *angleTool)
+{
+    noteWindowLeft(angleTool);
+    press(angleTool, "pushButton_calibrate");
+    noteWindowLeft(angleTool);
+}
+
+void Led::noteWindowLeft(const QWidget *window)
+{
+    m_wasWindowLeft |= window->isVisible() && !m_f.dialog.isVisible();
 }
 
 } // namespace
@@ -200,7 +214,7 @@ private slots:
             QVERIFY2(led.isThrough() == (k > calls), place.constData());
             QVERIFY2(led.triggers() == (k > calls ? 0 : 2), place.constData());
             QVERIFY2(!isAnythingLeft, place.constData());
-            QVERIFY2(!led.wasMatchingLeft(), place.constData());
+            QVERIFY2(!led.wasWindowLeft(), place.constData());
             QVERIFY2(!led.hasRefusedWithCalls(), place.constData());
             QVERIFY2(led.wasSeenAgain(), place.constData());
             QVERIFY2(led.fixture().answer.unexpected().isEmpty(), place.constData());

@@ -3,6 +3,7 @@
 #include "CalibrationKind.h"
 #include "CalibrationProgressDlg.h"
 #include "ControllerName.h"
+#include "HideWatch.h"
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "Prompt.h"
@@ -66,8 +67,9 @@ int AdjustToToolDlg::openAndExec()
     if (isVisible() || m_isCalibrating)
         return Rejected;
     const ObjectWatch self(this);
+    const HideWatch behind(this);
     const AngleToolSettings settings = m_controller.angleToolSettings();
-    if (!self || isVisible())
+    if (!self || isVisible() || behind.isHidden())
         return Rejected;
     showTool(settings);
     showCoordinateTypes(settings);

@@ -30,7 +30,7 @@ public:
     ~AdjustToToolDlg() override;
 
     /// Reads the controller's settings, shows them and runs the dialog modally; returns the dialog's result.
-    /// Returns 0 at once while the dialog is open already.
+    /// Returns 0 at once while the dialog is open already, and when the host hides the window behind it.
     int openAndExec();
 
 public slots:

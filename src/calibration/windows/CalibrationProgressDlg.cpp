@@ -4,6 +4,7 @@
 #include "CalibrationRun.h"
 #include "CameraGrid.h"
 #include "CountdownDlg.h"
+#include "HideWatch.h"
 #include "ModalWindow.h"
 #include "ObjectWatch.h"
 #include "PercentText.h"
@@ -89,26 +90,27 @@ int CalibrationProgressDlg::start(const QString &kind)
 int CalibrationProgressDlg::follow(const QString &kind)
 {
     const ObjectWatch self(this);
+    const HideWatch behind(this);
     const std::shared_ptr<CalibrationRun> run = m_run;
     setWindowFlags(flagsFor(kind));
     run->prepare(kind.toLatin1());
-    if (!self)
+    if (!self || behind.isHidden())
         return Rejected;
     if (run->pauseSeconds() != 0 && !countDown(run->pauseSeconds()))
         return Rejected;
     if (!self)
         return Rejected;
     prepareScreen(kind);
-    if (!self || !run->begin() || !self)
+    if (!self || behind.isHidden() || !run->begin() || !self)
         return Rejected;
-    const int result = exec();
+    const int result = behind.isHidden() ? int(Rejected) : exec();
     if (self)
         leaveUnended();
     return result;
 }
 
-/// The end of the application, or a host that hides the window, ends exec() without asking. A calibration
-/// that nobody follows any more is cancelled.
+/// The end of the application, or a host that hides the window or the one behind it, ends exec() without
+/// asking. A calibration that nobody follows any more is cancelled.
 void CalibrationProgressDlg::leaveUnended()
 {
     const ObjectWatch self(this);

@@ -286,6 +286,73 @@ private slots:
         QVERIFY(!dialog.isVisible());
     }
 
+    void shouldEndWithTheWindowBehindItWhateverStandsInFront_data()
+    {
+        QTest::addColumn<QByteArray>("pause");
+        QTest::addColumn<QByteArray>("refused");
+        QTest::addColumn<int>("windows");
+        QTest::addColumn<int>("stops");
+        QTest::newRow("nothing") << QByteArray("no") << QByteArray() << 1 << 0;
+        QTest::newRow("the progress") << QByteArray("no") << QByteArray() << 2 << 1;
+        QTest::newRow("the countdown") << QByteArray("yes 3000") << QByteArray() << 2 << 0;
+        QTest::newRow("a message") << QByteArray("no") << QByteArray("roomcal type") << 2 << 0;
+    }
+
+    /// A host may hide the window that it shows everything in.
+    void shouldEndWithTheWindowBehindItWhateverStandsInFront()
+    {
+        // GIVEN
+        QFETCH(QByteArray, pause);
+        QFETCH(QByteArray, refused);
+        QFETCH(int, windows);
+        QFETCH(int, stops);
+        m_bench->set("cal step_pause room s01", pause);
+        if (!refused.isEmpty())
+            m_bench->host.failText(QString::fromLatin1(refused));
+        m_bench->host.onCall([this](const QString &line) {
+            if (line == QStringLiteral("command ") + start)
+                m_bench->set("status active", "cal");
+            else if (line == QLatin1String("command velmar2 cal room stop"))
+                m_bench->set("status active", "none");
+        });
+        QWidget window;
+        window.show();
+        AngleToolFixture dialog(m_bench.get(), &window);
+        ModalAnswer answer;
+        for (int i = 1; i < windows; ++i)
+            answer.then([&](QWidget *) { dialog.on_pushButton_calibrate_clicked(); });
+        // WHEN
+        answer.then([&](QWidget *) { window.hide(); });
+        const int result = dialog.openAndExec();
+        // THEN
+        QCOMPARE(result, int(QDialog::Rejected));
+        QVERIFY(answer.isDone());
+        QCOMPARE(answer.unexpected(), QStringList());
+        QVERIFY(!dialog.isVisible());
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        const QStringList calls = m_bench->host.calls();
+        QCOMPARE(calls.count(QStringLiteral("command velmar2 cal room stop")), stops);
+        QCOMPARE(calls.count(QStringLiteral("command ") + start), stops);
+        QCOMPARE(m_bench->host.answer(QStringLiteral("roomcal duration")), QByteArray("12.5"));
+        window.show();
+        QCOMPARE(dialog.openAnd([] {}), int(QDialog::Accepted));
+        QVERIFY(dialog.wasOpenAfterwards());
+    }
+
+    void shouldNotOpenInFrontOfAHiddenWindow()
+    {
+        // GIVEN
+        QWidget window;
+        window.show();
+        AngleToolFixture dialog(m_bench.get(), &window);
+        m_bench->host.onCall([&](const QString &) { window.hide(); });
+        // WHEN
+        const int result = dialog.openAnd([] {});
+        // THEN
+        QCOMPARE(result, int(QDialog::Rejected));
+        QVERIFY(!dialog.wasOpenAfterwards());
+    }
+
     void shouldNotCalibrateTwiceAtATime()
     {
         m_bench->host.setAnswer(start, "no");

@@ -243,6 +243,41 @@ private slots:
         QCOMPARE(bench.host.calls().last(), QStringLiteral("command velmar2 cal room stop"));
     }
 
+    void shouldCancelTheCalibrationWhenTheWindowBehindIsHiddenInACall_data()
+    {
+        QTest::addColumn<QString>("call");
+        QTest::addColumn<bool>("isStarted");
+        QTest::newRow("before a pause") << QStringLiteral("read cal step_pause room s01") << false;
+        QTest::newRow("before the start") << QStringLiteral("read camera number_of_cameras") << false;
+        QTest::newRow("in the start") << QStringLiteral("command velmar2 cal room start") << true;
+        QTest::newRow("in a poll") << QStringLiteral("read status progress") << true;
+    }
+
+    void shouldCancelTheCalibrationWhenTheWindowBehindIsHiddenInACall()
+    {
+        // GIVEN
+        QFETCH(QString, call);
+        QFETCH(bool, isStarted);
+        CalibrationBench bench;
+        QWidget window;
+        window.show();
+        bench.host.onCall([&](const QString &line) {
+            if (line == QLatin1String("command velmar2 cal room start"))
+                bench.set("status active", "cal");
+            if (line == call)
+                window.hide();
+        });
+        QuickProgress dialog(&bench, false, &window);
+        // WHEN
+        const int result = dialog.start(room);
+        // THEN
+        QCOMPARE(result, 0);
+        QVERIFY(!dialog.isVisible());
+        const QStringList calls = bench.host.calls();
+        QCOMPARE(calls.contains(QStringLiteral("command velmar2 cal room start")), isStarted);
+        QCOMPARE(calls.count(QStringLiteral("command velmar2 cal room stop")), isStarted ? 1 : 0);
+    }
+
     void shouldLeaveAReflexScanToItselfWhenTheApplicationEnds()
     {
         // GIVEN
