@@ -69,6 +69,8 @@ BenchWindow::BenchWindow(BenchIOManager &channel, const QString &plugin, bool ob
 {
     setCentralWidget(m_conversation);
     m_droppedLabel->setObjectName(QStringLiteral("droppedLabel"));
+    m_connectionLabel->setTextFormat(Qt::PlainText);
+    m_moduleLabel->setTextFormat(Qt::PlainText); // the library's own words
     statusBar()->addPermanentWidget(m_droppedLabel);
     statusBar()->addPermanentWidget(m_moduleLabel);
     statusBar()->addPermanentWidget(m_connectionLabel);

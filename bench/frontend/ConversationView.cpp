@@ -130,8 +130,12 @@ void ConversationView::on_saveButton_clicked()
 {
     const QString file =
         SaveQuestion::ask(this, tr("Save the conversation"), tr("Text files (*.txt);;All files (*)"));
-    if (!file.isEmpty() && !saveTo(file))
-        QMessageBox::warning(this, tr("Save the conversation"), tr("%1 could not be written.").arg(file));
+    if (file.isEmpty() || saveTo(file))
+        return;
+    QMessageBox box(QMessageBox::Warning, tr("Save the conversation"),
+                    tr("%1 could not be written.").arg(file), QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText); // a file may be named like a tag
+    box.exec();
 }
 
 void ConversationView::on_clearButton_clicked()

@@ -154,6 +154,22 @@ private slots:
         QCOMPARE(label->text(), QStringLiteral("Frames dropped: 17"));
     }
 
+    /// The names of a library and of a controller are not the bench's own.
+    void shouldShowNamesInTheStatusBarAsTheyAre()
+    {
+        FakeController fake;
+        const BenchWindow window(fake.channel, fakeModule, false);
+        const auto labels = window.statusBar()->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly);
+        int names = 0;
+        for (const QLabel *label : labels) {
+            if (label->objectName() == QLatin1String("droppedLabel"))
+                continue;
+            ++names;
+            QCOMPARE(label->textFormat(), Qt::PlainText);
+        }
+        QCOMPARE(names, 2);
+    }
+
     void shouldShowTheGuideWithoutBlockingAnything()
     {
         ActiveBench bench;

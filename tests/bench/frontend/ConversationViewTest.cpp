@@ -1,12 +1,14 @@
 #include "ConversationView.h"
 
 #include "CallLog.h"
+#include "ModalAnswer.h"
 #include "TestRegistry.h"
 
 #include <QAbstractButton>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
@@ -100,6 +102,37 @@ private slots:
         QVERIFY(saved.open(QIODevice::ReadOnly));
         QVERIFY(saved.readAll().endsWith("\tgetParameter\tone\t0\tan answer\n"));
         QVERIFY(!view.saveTo(folder.filePath(QStringLiteral("missing/log.txt"))));
+    }
+
+    /// A name may look like formatted text.
+    void shouldNameTheFileThatCouldNotBeWrittenAsItIs()
+    {
+        // GIVEN
+        CallLog log;
+        const ConversationView view(log);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("<b>missing/log.txt"));
+        QString shown;
+        auto format = Qt::AutoText;
+        ModalAnswer answer;
+        answer
+            .then([&file](QWidget *dialog) {
+                auto *edit = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+                edit->setText(file);
+                QTest::keyClick(edit, Qt::Key_Return);
+            })
+            .then([&](QWidget *box) {
+                const auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_label"));
+                shown = label->text();
+                format = label->textFormat();
+                box->close();
+            });
+        // WHEN
+        click(view, "saveButton");
+        // THEN
+        QVERIFY(answer.isDone());
+        QVERIFY(shown.startsWith(file));
+        QCOMPARE(format, Qt::PlainText);
     }
 
     void shouldFollowTheEndUnlessSomeoneLooksFurtherUp()

@@ -246,6 +246,19 @@ private slots:
         QVERIFY(text(panel, "messageLabel").contains(QStringLiteral("nonsense")));
     }
 
+    /// A line and its answer may look like formatted text.
+    void shouldShowWhatTheControllerSaysAsItIs()
+    {
+        FakeController fake;
+        RoomControls controls(fake.channel);
+        RoomPanel panel(controls);
+        child<QLineEdit>(panel, "lineEdit")->setText(QStringLiteral("<b>nonsense</b>"));
+        click(panel, "sendButton");
+        QVERIFY(text(panel, "messageLabel").contains(QStringLiteral("<b>nonsense</b>")));
+        for (const char *label : {"messageLabel", "answerLabel"})
+            QCOMPARE(child<QLabel>(panel, label)->textFormat(), Qt::PlainText);
+    }
+
     void shouldMakeCallsFail()
     {
         FakeController fake;
