@@ -279,9 +279,9 @@ void CooTrans::matchPoints()
     room->restoreReference();
     if (!self)
         return;
+    // Edits that were applied since the last load: the next begin there.
     if (!m_entry.roomShowsRecord())
-        m_scene->view()->room()->loadRoom(
-            *m_raData); // edits were applied since the last load: the next begin there
+        m_scene->view()->room()->loadRoom(*m_raData);
     m_entry.showRecord();
     room->restoreTransformation();
 }

@@ -12,7 +12,7 @@ namespace
 
 constexpr int usualHeight = 110;
 /// Capitals of about 9 mm on a screen with 96 pixels to the inch, 10 minutes of arc at 3 m: twice what a good
-/// eye needs. Lower, and the window would not fit on 1024 x 600.
+/// eye needs. Higher, and the window would not fit on 960 x 540, a screen of 1920 x 1080 at scale 2.
 constexpr int smallestHeight = 60;
 constexpr int smallestWidth = 300;
 constexpr int margin = 2;
