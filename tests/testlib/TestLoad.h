@@ -8,7 +8,9 @@ extern "C" void __asan_init() __attribute__((weak));
 /// How much of a long repetition a run does.
 ///
 /// The plain run in the C locale does all of it. The run with the decimal comma asks whether anything depends
-/// on the locale, and the sanitizers slow everything down many times; for both a tenth shows as much.
+/// on the locale, and the sanitizers slow everything down many times; for both a tenth shows as much. Of a
+/// sweep, which looks at so many cases that its length is what tells, each of them does a part; all of it is
+/// done with ROOM_WHOLE_SWEEPS in the environment.
 namespace TestLoad
 {
 
@@ -27,6 +29,24 @@ namespace TestLoad
 [[nodiscard]] inline int share(int count)
 {
     return isFull() ? count : (count + 9) / 10;
+}
+
+/// Whether a sweep goes through all that it can.
+[[nodiscard]] inline bool isWholeSweep()
+{
+    return qEnvironmentVariableIsSet("ROOM_WHOLE_SWEEPS");
+}
+
+/// Every how many of the cases of a sweep, of which a part is every `part`th, this run looks at.
+[[nodiscard]] inline int stride(int part)
+{
+    return isWholeSweep() ? 1 : part;
+}
+
+/// The share of `count` cases of a sweep, of which a part is a quarter.
+[[nodiscard]] inline int sweepShare(int count)
+{
+    return share(isWholeSweep() ? count : (count + 3) / 4);
 }
 
 } // namespace TestLoad

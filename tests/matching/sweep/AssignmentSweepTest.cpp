@@ -81,12 +81,12 @@ void AssignmentSweepTest::shouldGiveTheLoopsResult_data()
 {
     QTest::addColumn<int>("points");
     QTest::addColumn<int>("cases");
-    QTest::newRow("3 points") << 3 << TestLoad::share(5000);
-    QTest::newRow("4 points") << 4 << TestLoad::share(7000);
-    QTest::newRow("5 points") << 5 << TestLoad::share(5500);
-    QTest::newRow("6 points") << 6 << TestLoad::share(2000);
-    QTest::newRow("7 points") << 7 << TestLoad::share(400);
-    QTest::newRow("8 points") << 8 << TestLoad::share(100);
+    QTest::newRow("3 points") << 3 << TestLoad::sweepShare(5000);
+    QTest::newRow("4 points") << 4 << TestLoad::sweepShare(7000);
+    QTest::newRow("5 points") << 5 << TestLoad::sweepShare(5500);
+    QTest::newRow("6 points") << 6 << TestLoad::sweepShare(2000);
+    QTest::newRow("7 points") << 7 << TestLoad::sweepShare(400);
+    QTest::newRow("8 points") << 8 << TestLoad::sweepShare(100);
 }
 
 void AssignmentSweepTest::shouldGiveTheLoopsResult()
@@ -115,7 +115,7 @@ void AssignmentSweepTest::shouldGiveTheSameOverRotations()
 {
     PointSets sets(9100);
     int compared = 0;
-    const int cases = TestLoad::share(300);
+    const int cases = TestLoad::sweepShare(300);
     const std::vector<SweepFamilies::Family> &families = SweepFamilies::all();
     for (int i = 0; i < cases; ++i) {
         const SweepFamilies::Family &family = families[static_cast<std::size_t>(i) % families.size()];
@@ -137,12 +137,12 @@ void AssignmentSweepTest::shouldFindPlantedOrders_data()
 {
     QTest::addColumn<int>("points");
     QTest::addColumn<int>("cases");
-    QTest::newRow("9 points") << 9 << TestLoad::share(250);
-    QTest::newRow("12 points") << 12 << TestLoad::share(250);
-    QTest::newRow("20 points") << 20 << TestLoad::share(200);
-    QTest::newRow("50 points") << 50 << TestLoad::share(200);
-    QTest::newRow("100 points") << 100 << TestLoad::share(70);
-    QTest::newRow("200 points") << 200 << TestLoad::share(30);
+    QTest::newRow("9 points") << 9 << TestLoad::sweepShare(250);
+    QTest::newRow("12 points") << 12 << TestLoad::sweepShare(250);
+    QTest::newRow("20 points") << 20 << TestLoad::sweepShare(200);
+    QTest::newRow("50 points") << 50 << TestLoad::sweepShare(200);
+    QTest::newRow("100 points") << 100 << TestLoad::sweepShare(70);
+    QTest::newRow("200 points") << 200 << TestLoad::sweepShare(30);
 }
 
 void AssignmentSweepTest::shouldFindPlantedOrders()
