@@ -32,7 +32,9 @@ std::optional<QString> saveText(const QString &file, const QByteArray &text)
     if (isOther(file))
         return notRegular;
     QSaveFile target(file);
-    if (target.open(QIODevice::WriteOnly) && target.write(text) == text.size() && target.commit())
+    // commit() alone does not see that the write of what was kept back fails.
+    if (target.open(QIODevice::WriteOnly) && target.write(text) == text.size() && target.flush() &&
+        target.commit())
         return std::nullopt;
     return target.errorString();
 }

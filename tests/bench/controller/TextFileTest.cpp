@@ -67,9 +67,17 @@ private slots:
         QCOMPARE(readText(file, 4, nullptr).value(), QByteArray("0123"));
     }
 
+    void shouldLeaveTheOldFileWhenTheDiskIsFull_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::newRow("a text that is kept back to its end") << 100;
+        QTest::newRow("a long text") << 100000;
+    }
+
     void shouldLeaveTheOldFileWhenTheDiskIsFull()
     {
         // GIVEN
+        QFETCH(int, size);
         const QTemporaryDir folder;
         const QString file = folder.filePath(QStringLiteral("text.txt"));
         QVERIFY(!saveText(file, "the old text"));
@@ -77,7 +85,7 @@ private slots:
         std::optional<QString> reason;
         {
             const FullDisk disk;
-            reason = saveText(file, QByteArray(100000, 'x'));
+            reason = saveText(file, QByteArray(size, 'x'));
         }
         // THEN
         QVERIFY(reason.has_value());
