@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <chrono>
@@ -190,6 +191,58 @@ private slots:
         host.module()->releaseRequests();
         host.module()->unload();
         host.link.advance(0.5);
+    }
+
+    void shouldEndInTheQuestionsOfItsFileDialogs_data()
+    {
+        QTest::addColumn<bool>("saves");
+        QTest::addColumn<bool>("isUnloaded");
+        QTest::newRow("file not found, parent deleted") << false << false;
+        QTest::newRow("file not found, unloaded") << false << true;
+        QTest::newRow("already exists, parent deleted") << true << false;
+        QTest::newRow("already exists, unloaded") << true << true;
+    }
+
+    void shouldEndInTheQuestionsOfItsFileDialogs()
+    {
+        // GIVEN
+        QFETCH(bool, saves);
+        QFETCH(bool, isUnloaded);
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("points.txt"));
+        if (saves) {
+            QFile file(name);
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+        ModuleHost host;
+        auto *parent = new QWidget;
+        host.module()->setModuleProperty(QStringLiteral("ModuleParent"), QVariant::fromValue(parent));
+        Traveller traveller(host);
+        traveller.meet("AbcMatchingDialog", [&] {
+            traveller.chooseFile(name);
+            traveller.click("pushButton_addRefPoint");
+            traveller.click(saves ? "pushButton_save" : "w_loadButton");
+        });
+        // WHEN
+        traveller.meet("QMessageBox", [&] {
+            if (isUnloaded)
+                host.module()->unload();
+            else
+                delete parent;
+        });
+        traveller.open([&] {
+            traveller.goToFine();
+            traveller.click("w_bodyMatchingButton");
+        });
+        // THEN
+        QCOMPARE(traveller.guide().boxes().size(), 1);
+        QCOMPARE(traveller.guide().missed(), QStringList());
+        QCOMPARE(traveller.guide().strangers(), QStringList());
+        QCOMPARE(dialogs(), 0);
+        QVERIFY(QApplication::activeModalWidget() == nullptr);
+        QVERIFY(host.unload());
+        if (isUnloaded)
+            delete parent;
     }
 
     void shouldGoOnWithoutDataOnceTheHostReleasesItsRequests()
