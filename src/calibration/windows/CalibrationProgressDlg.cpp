@@ -262,9 +262,7 @@ void CalibrationProgressDlg::reject()
     run->stop();
     if (!self)
         return;
-    if (!m_countdown.isNull())
-        m_countdown->reject();
-    done(Rejected);
+    done(Rejected); // a countdown goes with the window behind it
 }
 
 void CalibrationProgressDlg::show_warning()
