@@ -1,7 +1,9 @@
 #include "DialogFixture.h"
 #include "TestLoad.h"
 #include "TestRegistry.h"
+#include "ThreePoints.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QMessageBox>
@@ -42,6 +44,7 @@ private slots:
     void shouldCarryTheRequiredTexts();
     void shouldKeepSubscriptionsBalanced();
     void shouldHandRecordsToTheFinePanelOnly();
+    void shouldNameTheVersionOfTheModuleInTheReportOfAMatching();
     void shouldGoThroughItsButtonsInTheirOrder();
     void shouldNotBeginASecondSequenceInsideTheFirst_data();
     void shouldNotBeginASecondSequenceInsideTheFirst();
@@ -131,6 +134,27 @@ void RoomAdjustmentDlg2gTest::shouldHandRecordsToTheFinePanelOnly()
     // THEN
     QCOMPARE(onFine, -2);
     QCOMPARE(onCoarse, 0);
+}
+
+void RoomAdjustmentDlg2gTest::shouldNameTheVersionOfTheModuleInTheReportOfAMatching()
+{
+    // GIVEN
+    DialogFixture f;
+    f.open([&] {
+        f.selectTab(1);
+        f.answer.then([&](QWidget *matching) {
+            matchThreePoints(*matching, [&f](const char *kind, const char *record) {
+                static_cast<void>(f.host.deliver(kind, record));
+            });
+            // WHEN
+            QTest::mouseClick(matching->findChild<QPushButton *>("pushButton_copyReport"), Qt::LeftButton);
+            matching->close();
+        });
+        f.click("w_bodyMatchingButton");
+    });
+    // THEN
+    const QStringList lines = QGuiApplication::clipboard()->text().split('\n');
+    QVERIFY(lines.contains("Module version: v2.0.14"));
 }
 
 void RoomAdjustmentDlg2gTest::shouldGoThroughItsButtonsInTheirOrder()

@@ -55,6 +55,7 @@ private slots:
         QCOMPARE(dialog.text("label_name"), QStringLiteral("room calibration"));
         QCOMPARE(dialog.cancel()->text(), QStringLiteral("Cancel"));
         QVERIFY(!dialog.cancel()->autoDefault());
+        QCOMPARE(dialog.findChild<QProgressBar *>(QStringLiteral("progressBar_overall"))->value(), 0);
         QCOMPARE(bench.host.calls(), QStringList());
     }
 

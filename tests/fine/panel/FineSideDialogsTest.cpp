@@ -1,5 +1,6 @@
 #include "FinePanel.h"
 #include "TestRegistry.h"
+#include "ThreePoints.h"
 #include "abcRoom.h"
 
 #include <Eigen/Geometry>
@@ -7,7 +8,6 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QMessageBox>
-#include <QTableWidget>
 #include <QtTest>
 
 #include <cmath>
@@ -26,29 +26,6 @@ bsMatrix rigid(const Eigen::Matrix3d &rotation, const Eigen::Vector3d &translati
         matrix.at(row, 3) = translation(row);
     }
     return matrix;
-}
-
-/// Enters three points and measures them with tool 1, turned by a quarter about z and shifted.
-void matchThreePoints(CooTrans &panel, QWidget &matching)
-{
-    auto *table = matching.findChild<QTableWidget *>("tableWidget_referencePoints");
-    const std::array<std::array<int, 2>, 3> corners{{{0, 0}, {400, 0}, {0, 250}}};
-    double time = 0.0;
-    for (std::size_t row = 0; row < corners.size(); ++row) {
-        matching.findChild<QPushButton *>("pushButton_addRefPoint")->click();
-        for (std::size_t column = 0; column < 2; ++column)
-            table->item(int(row), int(column))->setText(QString::number(corners[row][column]));
-        for (const char *flags : {"1 0 0 0", "1 0 0 0", "0 0 0 0"}) {
-            const QString stamp = QString("ts %1").arg(time += 1.5);
-            const QString tool =
-                QString("6dmt2 1 [0 1.000 4 2.500][%1 %2 0.25][1 0 0 0 1 0 0 0 1][%3][0 0 0 0 0 0]")
-                    .arg(100.125 - corners[row][1])
-                    .arg(200 + corners[row][0])
-                    .arg(flags);
-            panel.dataReceived("ts", qPrintable(stamp));
-            panel.dataReceived("6dmt2", qPrintable(tool));
-        }
-    }
 }
 
 } // namespace
@@ -245,7 +222,8 @@ void FineSideDialogsTest::shouldReportWhatTheControllerHeldAndWillGet()
     p.type("doubleSpinBox_scalingFactor", "1.03"); // typed only, it ends with the matching
     QString notice;
     p.answer.then([&](QWidget *matching) {
-        matchThreePoints(p.widget, *matching);
+        matchThreePoints(*matching,
+                         [&p](const char *kind, const char *record) { p.widget.dataReceived(kind, record); });
         notice = matching->findChild<QLabel *>("label_notice")->text();
         matching->findChild<QPushButton *>("pushButton_copyReport")->click();
         matching->findChild<QPushButton *>("w_applyButton")->click();

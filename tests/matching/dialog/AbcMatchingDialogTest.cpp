@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QMetaMethod>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTextEdit>
@@ -131,6 +132,7 @@ void AbcMatchingDialogTest::shouldBuildTheForm()
         QCOMPARE(table->horizontalHeaderItem(2)->text(), QStringLiteral("z[mm]"));
     }
     QVERIFY(!opened.isEnabled("w_applyButton"));
+    QCOMPARE(opened.find<QProgressBar>("progressBar")->value(), 0);
 }
 
 void AbcMatchingDialogTest::shouldNotCallTheControllerWhenBuilt()
