@@ -5,6 +5,7 @@ import functools
 import json
 import os
 import pathlib
+import re
 import shlex
 import shutil
 import subprocess
@@ -15,6 +16,8 @@ WORK = sources.ROOT / "build" / "mutants"
 
 QUICK_LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else []
 MODULE = "module/libroomadjustment2g.so"
+
+SETS_UP = re.compile(r"\b(?:setupUi|retranslateUi)\(")
 
 Object = collections.namedtuple("Object", "path source command")
 
@@ -78,10 +81,23 @@ class Build:
                 parts.update(path for path in self.objects if path.startswith(inside))
         return parts
 
+    def classes_of(self, test):
+        """The test classes of a program: each has a source with its name."""
+        stems = {self.objects[part].source.stem for part in self.parts_of(self.program_of(test))}
+        return sorted(stem for stem in stems if stem.endswith("Test"))
+
     def compiled_from(self, path):
-        """The objects in which a file's text is; what the generators write only declares."""
-        return {name for name in self.users[str(self.header_of(path))] if name in self.objects
-                and "_autogen/" not in str(self.objects[name].source)}
+        """The objects in which a file's text is. What the generators write only declares, but calls the slots of the
+        folder's own headers. What a form says is in the one that sets it up: the others only know its widgets, or
+        are linked behind it and take over what it says."""
+        users = {name for name in self.users[str(self.header_of(path))] if name in self.objects}
+        generated = {name for name in users if "_autogen/" in str(self.objects[name].source)}
+        own = {name for name in generated if path.endswith(".h") and name.startswith(f"{sources.folder_of(path)}/")}
+        users = users - generated | own
+        if path.endswith(".ui"):
+            users = {name for name in users if not name.startswith("tests/")
+                     and SETS_UP.search(self.objects[name].source.read_text())}
+        return users
 
     def header_of(self, path):
         """The file itself, or the header that is generated from a form."""
@@ -148,9 +164,9 @@ class Workshop:
             if place > 0 and words[place - 1] == "-o":
                 word = str(target)
             result.append(mine.pop(word, word))
-        # In front of the libraries: what stands there is not looked for in them.
-        behind = result.index("-o") + 2
-        self.run([*result[:behind], *mine.values(), *result[behind:], *QUICK_LINKER], self.build.folder)
+        # In front of all others: what stands there is not looked for in the libraries, and wins over the copies of
+        # inline functions.
+        self.run([result[0], *mine.values(), *result[1:], *QUICK_LINKER], self.build.folder)
 
     def compile(self, name):
         if name not in self.compiled:

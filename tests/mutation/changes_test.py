@@ -7,6 +7,7 @@ sys.dont_write_bytecode = True
 
 import changes  # noqa: E402
 import sources  # noqa: E402
+import trials  # noqa: E402
 
 SOURCE = """#include "Panel.h"
 
@@ -102,6 +103,15 @@ class FoldersTest(unittest.TestCase):
 
     def test_should_ask_the_test_of_the_folder_above_where_there_is_none(self):
         self.assertEqual(sources.tests_of("src/link/words/Words.cpp", {"link", "dialog"}), ["link", "dialog"])
+
+    def test_should_ask_the_classes_of_the_file_first_and_the_longest_last(self):
+        self.assertEqual(trials.in_turn(["DestructionTest", "DialogClosingTest", "FirstControlTest"], "FirstControl"),
+                         [["FirstControlTest"], ["DialogClosingTest"], ["DestructionTest"]])
+        self.assertEqual(trials.in_turn(["FirstControlTest"], "CameraRooms"), [["FirstControlTest"]])
+
+    def test_should_know_only_classes_that_there_are(self):
+        for name in sources.LONG_CLASSES | set(sources.TAB_CLASSES):
+            self.assertTrue(list((sources.ROOT / "tests").rglob(f"{name}.cpp")), name)
 
     def test_should_tell_what_computes(self):
         for folder in ("src/math", "src/link/numbers", "src/matching/fit", "bench/controller"):

@@ -36,8 +36,12 @@ OUTER_TESTS = {
     "src/module": ["journeys"],
     "bench/controller": ["bench_link", "bench_server"],
 }
-# What looks at every window, and so at every form.
+# What looks at every window, and so at every form, and which of its classes at the order of the Tab key.
 WINDOW_TESTS = ["translations"]
+TAB_CLASSES = ("TabTourTest",)
+# Go through a whole life once for each of its calls, and are asked last.
+LONG_CLASSES = frozenset({"AngleToolCalibrationTest", "CalibrationLoopTest", "DestructionTest", "EnduranceTest",
+                          "HiddenByTheHostTest", "HostLifeTest", "ModuleLifeTest", "RoomAdjustmentDlg2gTest"})
 
 
 def folder_of(path):

@@ -1,22 +1,26 @@
 """How it is found out whether a test notices."""
 import os
+import pathlib
 import resource
 import signal
 import subprocess
 import threading
 
 import builds
+import sources
 
 LARGEST_MEMORY = 6 << 30
 # Beyond this a program that waits for what never comes is ended.
-LEAST_SECONDS = 20
+LEAST_SECONDS = 10
+# A program that takes longer is not run as a whole at once.
+LONG_SECONDS = 2
 
 
 class TestRun:
     """One way to start a test program, as ctest knows it, but with another program in its place."""
 
     def __init__(self, build, test):
-        entry = build.tests[test]
+        self.name, entry = test, build.tests[test]
         properties = {item["name"]: item["value"] for item in entry.get("properties", [])}
         self.command = entry["command"]
         self.original = str(build.folder / build.program_of(test))
@@ -31,13 +35,16 @@ class TestRun:
             resource.setrlimit(resource.RLIMIT_CPU, (seconds, seconds))
             resource.setrlimit(resource.RLIMIT_AS, (LARGEST_MEMORY, LARGEST_MEMORY))
 
-    def fails(self, program, patience):
-        """Ends with the first failure."""
+    def fails(self, program, patience, classes=()):
+        """Ends with the first failure. With classes, these alone are run."""
         # A handler of crashes may wait for ever for what the crash left locked.
         command = [str(program) if word == self.original else word for word in self.command] + ["-nocrashhandler"]
         wait = None if self.seconds is None else patience * (LEAST_SECONDS + 5 * self.seconds)
-        environment = self.environment if wait is None else {
-            **self.environment, "QTEST_FUNCTION_TIMEOUT": str(int(wait * 1000))}
+        environment = dict(self.environment)
+        if wait is not None:
+            environment["QTEST_FUNCTION_TIMEOUT"] = str(int(wait * 1000))
+        if classes:
+            environment["ROOM_TEST_CLASS"] = " ".join(classes)
         with subprocess.Popen(command, cwd=self.folder, env=environment, preexec_fn=self.limit, start_new_session=True,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT) as process:
             watchdog = threading.Timer(wait, end, [process]) if wait else None
@@ -72,6 +79,10 @@ def end(process):
         pass
 
 
+def is_older(program, costs):
+    return program.exists() and program.stat().st_mtime < costs.stat().st_mtime
+
+
 def seconds_of_passed_tests(build):
     """How long the tests took that passed when ctest ran them last, those whose programs are no newer."""
     costs = build.folder / "Testing" / "Temporary" / "CTestCostData.txt"
@@ -81,25 +92,45 @@ def seconds_of_passed_tests(build):
     rows = (line.split() for line in passed.splitlines())
     return {row[0]: float(row[2]) for row in rows if len(row) == 3 and row[0] not in failed.split()
             and row[1] != "0" and row[0] in build.tests and build.program_of(row[0])
-            and (build.folder / build.program_of(row[0])).stat().st_mtime < costs.stat().st_mtime}
+            and is_older(build.folder / build.program_of(row[0]), costs)}
+
+
+def in_turn(classes, stem):
+    """The classes of a long program as they are asked one after the other: most mutants are noticed by those that bear
+    the name of the file, and what takes longest comes last."""
+    last = [name for name in classes if name in sources.LONG_CLASSES]
+    first = [name for name in classes if name.startswith(stem) and name not in last]
+    return [part for part in (first, [name for name in classes if name not in first + last], last) if part]
+
+
+def stages(shop, mutant, tests, run_of):
+    """(program, how it is run, classes) of what is run one after the other. Without classes all of them are meant."""
+    for test in sources.WINDOW_TESTS:
+        if test in tests and "<tabstop>" in mutant.replacement and (program := shop.program(test, mutant)):
+            yield program, run_of(test), sources.TAB_CLASSES
+    for test in tests:
+        program = shop.program(test, mutant)
+        if program is None:
+            continue
+        run = run_of(test)
+        classes = shop.build.classes_of(test) if run.seconds > LONG_SECONDS else []
+        for part in in_turn(classes, pathlib.PurePath(mutant.path).stem) or [()]:
+            yield program, run, part
 
 
 def judge(shop, mutant, tests, run_of, patience):
-    """"noticed", "survives", or "does not build"."""
+    """"noticed", "survives", or why it cannot be tried; and the test that noticed it."""
     try:
         shop.make(mutant)
         tried = 0
-        for test in tests:
-            program = shop.program(test, mutant)
-            if program is None:
-                continue
+        for program, run, classes in stages(shop, mutant, tests, run_of):
             tried += 1
-            if run_of(test).fails(program, patience):
-                return "noticed"
-        return "survives" if tried else "is in no test"
+            if run.fails(program, patience, classes):
+                return "noticed", run.name
+        return "survives" if tried else "is in no test", None
     except builds.BuildError as error:
         if "ld returned" in str(error) or "multiple definition" in str(error):
-            return "does not link"
-        return "does not build"
+            return "does not link", None
+        return "does not build", None
     finally:
         shop.restore(mutant)
