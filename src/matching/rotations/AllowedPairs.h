@@ -19,6 +19,9 @@ public:
     [[nodiscard]] int count() const { return m_count; }
     [[nodiscard]] std::size_t size() const { return m_columns.size() - m_choices.back().firstColumn; }
 
+    /// Whether every pair is allowed, so that a pair's place in its row is its column.
+    [[nodiscard]] bool areAll() const { return m_choices.size() == 1; }
+
     [[nodiscard]] std::size_t firstOf(int row) const
     {
         return m_firsts[m_choices.back().firstRow + static_cast<std::size_t>(row)];

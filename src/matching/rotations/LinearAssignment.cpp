@@ -1,6 +1,7 @@
 #include "LinearAssignment.h"
 
 #include "PointArithmetic.h"
+#include "RowScan.h"
 
 #include <algorithm>
 #include <numeric>
@@ -12,17 +13,6 @@ constexpr int nobody = -1;
 constexpr int fewRows = 100;
 constexpr double forbidden = std::numeric_limits<double>::infinity();
 
-double lower(double left, double right)
-{
-    return left < right ? left : right;
-}
-
-/// That of a settled path does not count.
-double openLength(double length)
-{
-    return length > -forbidden ? length : forbidden;
-}
-
 } // namespace
 
 LinearAssignment::LinearAssignment(int count)
@@ -31,6 +21,8 @@ LinearAssignment::LinearAssignment(int count)
     , m_columnPrices(static_cast<std::size_t>(count), 0.0)
     , m_columnOfRow(static_cast<std::size_t>(count), nobody)
     , m_rowOfColumn(static_cast<std::size_t>(count), nobody)
+    , m_rests(static_cast<std::size_t>(count), 0.0)
+    , m_openPrices(static_cast<std::size_t>(count), 0.0)
     , m_lengths(static_cast<std::size_t>(count), 0.0)
     , m_rowBefore(static_cast<std::size_t>(count), nobody)
 {
@@ -58,29 +50,26 @@ bool LinearAssignment::solve(const AllowedPairs &pairs, const std::vector<double
     return goesOn;
 }
 
-/// The first column with the least cost, and that cost; nobody when all are forbidden. Four running minima,
-/// so that one does not wait for the other.
-int LinearAssignment::cheapestColumn(const Table &table, int row, double &least) const
+LinearAssignment::Row LinearAssignment::rowOf(const Table &table, int row)
 {
-    const std::size_t begin = table.pairs.firstOf(row), size = table.pairs.firstOf(row + 1) - begin;
-    const AllowedPairs::Column *columns = table.pairs.columns() + begin;
-    const double *costs = table.costs + begin, *prices = m_columnPrices.data();
-    double first = forbidden, second = forbidden, third = forbidden, fourth = forbidden;
-    std::size_t k = 0;
-    for (; k + 4 <= size; k += 4) {
-        first = lower(costs[k] - prices[columns[k]], first);
-        second = lower(costs[k + 1] - prices[columns[k + 1]], second);
-        third = lower(costs[k + 2] - prices[columns[k + 2]], third);
-        fourth = lower(costs[k + 3] - prices[columns[k + 3]], fourth);
+    const std::size_t first = table.pairs.firstOf(row);
+    const bool isWhole = table.pairs.areAll();
+    return {isWhole ? nullptr : table.pairs.columns() + first, table.costs + first,
+            table.pairs.firstOf(row + 1) - first};
+}
+
+/// What the pairs of a row cost beyond the prices of their columns.
+void LinearAssignment::findRests(const Row &row, const std::vector<double> &prices)
+{
+    double *rests = m_rests.data();
+    const double *of = prices.data();
+    if (row.columns == nullptr) {
+        for (std::size_t k = 0; k < row.size; ++k)
+            rests[k] = row.costs[k] - of[k];
+        return;
     }
-    for (; k < size; ++k)
-        first = lower(costs[k] - prices[columns[k]], first);
-    least = lower(lower(first, second), lower(third, fourth));
-    for (k = 0; least < forbidden && k < size; ++k) {
-        if (costs[k] - prices[columns[k]] <= least)
-            return columns[k];
-    }
-    return nobody;
+    for (std::size_t k = 0; k < row.size; ++k)
+        rests[k] = row.costs[k] - of[row.columns[k]];
 }
 
 /// Gives every row its cheapest column, if that is still free.
@@ -88,7 +77,12 @@ void LinearAssignment::reduceRows(const Table &table)
 {
     m_freeRows.clear();
     for (int i = 0; i < m_count; ++i) {
-        const int column = cheapestColumn(table, i, at(m_rowPrices, i));
+        const Row row = rowOf(table, i);
+        findRests(row, m_columnPrices);
+        const double least = RowScan::leastOf(m_rests.data(), row.size);
+        at(m_rowPrices, i) = least;
+        const int column =
+            least < forbidden ? row.column(RowScan::firstUpTo(least, m_rests.data(), row.size)) : nobody;
         if (column == nobody || at(m_rowOfColumn, column) != nobody) {
             m_freeRows.push_back(i);
             continue;
@@ -121,26 +115,27 @@ bool LinearAssignment::augment(const Table &table, int freeRow, double &bound, d
 void LinearAssignment::begin()
 {
     std::fill(m_lengths.begin(), m_lengths.end(), forbidden);
+    m_openPrices = m_columnPrices;
     m_closed.clear();
     m_closedLengths.clear();
     m_reached = 0.0;
 }
 
-/// Goes on from a row with a settled path. Settled columns keep their minus infinity.
+/// Goes on from a row with a settled path. Settled columns have no price that could be paid.
 void LinearAssignment::scanRow(const Table &table, int row)
 {
-    const std::size_t begin = table.pairs.firstOf(row), size = table.pairs.firstOf(row + 1) - begin;
-    const double *costs = table.costs + begin, *prices = m_columnPrices.data();
-    double *lengths = m_lengths.data();
-    int *rowBefore = m_rowBefore.data();
+    const Row pairs = rowOf(table, row);
+    findRests(pairs, m_openPrices);
     const double offset = m_reached - at(m_rowPrices, row);
-    const AllowedPairs::Column *columns = table.pairs.columns() + begin;
-    for (std::size_t k = 0; k < size; ++k) {
-        const std::size_t j = columns[k];
-        const double length = costs[k] - prices[j] + offset;
-        if (length < lengths[j]) {
-            lengths[j] = length;
-            rowBefore[j] = row;
+    if (pairs.columns == nullptr) {
+        RowScan::lower(m_lengths.data(), m_rowBefore.data(), m_rests.data(), pairs.size, offset, row);
+        return;
+    }
+    for (std::size_t k = 0; k < pairs.size; ++k) {
+        const std::size_t j = pairs.columns[k];
+        if (m_rests[k] + offset < m_lengths[j]) {
+            m_lengths[j] = m_rests[k] + offset;
+            m_rowBefore[j] = row;
         }
     }
 }
@@ -148,27 +143,15 @@ void LinearAssignment::scanRow(const Table &table, int row)
 /// Returns the column that the next shortest path leads to.
 int LinearAssignment::settleNearest()
 {
-    const double *lengths = m_lengths.data();
-    const std::size_t size = m_lengths.size();
-    double least[4] = {forbidden, forbidden, forbidden, forbidden};
-    std::size_t j = 0;
-    for (; j + 4 <= size; j += 4) {
-        for (std::size_t lane = 0; lane < 4; ++lane)
-            least[lane] = lower(openLength(lengths[j + lane]), least[lane]);
-    }
-    for (; j < size; ++j)
-        least[0] = lower(openLength(lengths[j]), least[0]);
-    const double shortest = lower(lower(least[0], least[1]), lower(least[2], least[3]));
+    const double shortest = RowScan::leastOf(m_lengths.data(), m_lengths.size());
     if (!(shortest < forbidden))
         return nobody;
-    const int column = static_cast<int>(
-        std::find_if(lengths, lengths + size,
-                     [shortest](double length) { return length <= shortest && length > -forbidden; }) -
-        lengths);
+    const auto column = static_cast<int>(RowScan::firstUpTo(shortest, m_lengths.data(), m_lengths.size()));
     m_reached = std::max(m_reached, shortest);
     m_closed.push_back(column);
     m_closedLengths.push_back(shortest);
-    at(m_lengths, column) = -forbidden;
+    at(m_lengths, column) = forbidden;
+    at(m_openPrices, column) = -forbidden;
     return column;
 }
 
@@ -188,7 +171,7 @@ void LinearAssignment::raisePrices(int freeRow)
 void LinearAssignment::flip(int freeRow, int column)
 {
     for (;;) {
-        const int row = at(m_rowBefore, column);
+        const auto row = static_cast<int>(at(m_rowBefore, column));
         at(m_rowOfColumn, column) = row;
         std::swap(column, at(m_columnOfRow, row));
         if (row == freeRow)

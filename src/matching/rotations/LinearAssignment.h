@@ -2,6 +2,7 @@
 
 #include "AllowedPairs.h"
 
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <utility>
@@ -48,7 +49,20 @@ private:
         const double *costs;
     };
 
-    [[nodiscard]] int cheapestColumn(const Table &table, int row, double &least) const;
+    /// The pairs of a row.
+    struct Row {
+        const AllowedPairs::Column *columns; ///< none when all pairs are allowed
+        const double *costs;
+        std::size_t size;
+
+        [[nodiscard]] int column(std::size_t k) const
+        {
+            return columns == nullptr ? static_cast<int>(k) : columns[k];
+        }
+    };
+
+    [[nodiscard]] static Row rowOf(const Table &table, int row);
+    void findRests(const Row &row, const std::vector<double> &prices);
     void reduceRows(const Table &table);
     [[nodiscard]] bool augment(const Table &table, int freeRow, double &bound, double limit);
     void begin();
@@ -65,8 +79,10 @@ private:
     std::vector<int> m_columnOfRow;
     std::vector<int> m_rowOfColumn;
     std::vector<int> m_freeRows;
-    std::vector<double> m_lengths; ///< of the shortest paths known; minus infinity once settled
-    std::vector<int> m_rowBefore;
-    std::vector<int> m_closed; ///< columns with a settled path
+    std::vector<double> m_rests;           ///< of the row that was looked at last
+    std::vector<double> m_openPrices;      ///< minus infinity once settled
+    std::vector<double> m_lengths;         ///< of the shortest paths known; infinity once settled
+    std::vector<std::int64_t> m_rowBefore; ///< on these paths
+    std::vector<int> m_closed;             ///< columns with a settled path
     std::vector<double> m_closedLengths;
 };

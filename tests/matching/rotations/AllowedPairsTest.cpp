@@ -44,6 +44,16 @@ private slots:
         QVERIFY((listOf(pairs) == std::vector<Pair>{{0, 0}, {0, 1}, {1, 0}, {1, 1}}));
     }
 
+    void shouldTellWhetherAllAreAllowed()
+    {
+        AllowedPairs pairs(2);
+        QVERIFY(pairs.areAll());
+        QVERIFY(pairs.narrow({0, 9, 9, 0}, 1.0));
+        QVERIFY(!pairs.areAll());
+        pairs.widen();
+        QVERIFY(pairs.areAll());
+    }
+
     void shouldLeaveThePairsBelowTheLargestValue()
     {
         AllowedPairs pairs(3);
