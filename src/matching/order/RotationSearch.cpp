@@ -10,8 +10,8 @@ namespace
 constexpr std::size_t startCount = 256;
 constexpr std::size_t followedCount = 12;
 constexpr int longestFollowing = 12;
-constexpr std::size_t knownNumbers = 1U << 20U;
-constexpr std::size_t mostKnown = 1U << 15U;
+constexpr std::size_t knownNumbers = 1U << 17U;
+constexpr std::size_t mostKnown = 1U << 12U;
 
 /// Room for rounding, of all that is added up.
 constexpr double roundingOfTotal = 1e-12;
