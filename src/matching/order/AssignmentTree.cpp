@@ -168,13 +168,14 @@ bool AssignmentTree::fillLevel(int depth)
 {
     Level &level = at(m_levels, depth);
     const double bound = limit();
+    const bool hasTwins = m_referenceTwins.any();
     for (int i = 0; i < m_count; ++i) {
         if (at(m_referenceTaken, i))
             continue;
         std::vector<int> &partners = at(level.partners, i);
         const auto excluded = [&](int j) {
-            return at(m_measuredTaken, j) || !keepsTwinsAscending(i, j) ||
-                   m_bound.exceeds(m_bound.extended(level.moments, i, j), bound);
+            return at(m_measuredTaken, j) || (hasTwins && !keepsTwinsAscending(i, j)) ||
+                   m_bound.exceedsWith(level.moments, i, j, bound);
         };
         partners.erase(std::remove_if(partners.begin(), partners.end(), excluded), partners.end());
         if (partners.empty())

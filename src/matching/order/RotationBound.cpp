@@ -121,6 +121,11 @@ bool RotationBound::exceeds(const Moments &moments, double limit) const
                squareMargin * half * half;
 }
 
+bool RotationBound::exceedsWith(const Moments &moments, int reference, int measured, double limit) const
+{
+    return exceeds(extended(moments, reference, measured), limit);
+}
+
 double RotationBound::estimate(const Moments &moments)
 {
     const Invariants of = invariantsOf(moments.products);

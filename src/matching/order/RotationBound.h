@@ -48,6 +48,9 @@ public:
     /// True when the pairs certainly leave more than `limit`, a sum of squares.
     [[nodiscard]] bool exceeds(const Moments &moments, double limit) const;
 
+    /// The same with one pair more.
+    [[nodiscard]] bool exceedsWith(const Moments &moments, int reference, int measured, double limit) const;
+
     /// About the sum of squares that the best rotation leaves; for putting pairs in order, not for excluding.
     [[nodiscard]] static double estimate(const Moments &moments);
 
