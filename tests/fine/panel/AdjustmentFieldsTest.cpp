@@ -113,7 +113,9 @@ private slots:
         // WHEN
         form.fields.setOffsetStep(12.5);
         // THEN
-        QCOMPARE(form.ui.doubleSpinBox_z->singleStep(), 12.5);
+        for (const QDoubleSpinBox *box :
+             {form.ui.doubleSpinBox_x, form.ui.doubleSpinBox_y, form.ui.doubleSpinBox_z})
+            QCOMPARE(box->singleStep(), 12.5);
         QCOMPARE(form.ui.doubleSpinBox_rx->singleStep(), angleStep);
     }
 

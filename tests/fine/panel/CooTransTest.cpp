@@ -128,11 +128,13 @@ void CooTransTest::shouldLimitItsBoxesAsRequired()
     for (const char *name : {"doubleSpinBox_x", "doubleSpinBox_y", "doubleSpinBox_z"}) {
         QCOMPARE(p.box(name)->minimum(), -999999.99);
         QCOMPARE(p.box(name)->maximum(), 999999.99);
+        QCOMPARE(p.box(name)->singleStep(), 1.0);
         QCOMPARE(p.box(name)->decimals(), 2);
     }
     for (const char *name : {"doubleSpinBox_rx", "doubleSpinBox_ry", "doubleSpinBox_rz"}) {
         QCOMPARE(p.box(name)->minimum(), -180.0);
         QCOMPARE(p.box(name)->maximum(), 180.0);
+        QCOMPARE(p.box(name)->singleStep(), 1.0);
         QCOMPARE(p.box(name)->decimals(), 2);
     }
     const QDoubleSpinBox *scaling = p.box("doubleSpinBox_scalingFactor");

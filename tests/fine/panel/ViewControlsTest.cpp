@@ -2,6 +2,7 @@
 
 #include "AbcGLCanvas.h"
 #include "TestRegistry.h"
+#include "abcRoom.h"
 #include "bsDoubleWidget.h"
 #include "ui_CooTrans.h"
 
@@ -62,17 +63,39 @@ private slots:
         QCOMPARE(box->value(), 0.0);
     }
 
-    void shouldFollowTheViewAndItsHistory()
+    void shouldFollowTheView()
     {
         // GIVEN
         Form form;
         const ViewControls controls(form.ui, &form.view);
         // WHEN
         emit form.view.translateViewRequest(1.0, 2.0, 3.0);
-        emit form.view.canUndo(true);
-        emit form.view.canRedo(false);
+        emit form.view.rotateViewRequest(4.0, 5.0, 6.0);
         // THEN
         QCOMPARE(Form::box(form.ui.w_viewPositionXYZ->yEditor())->value(), 2.0);
+        QCOMPARE(Form::box(form.ui.w_viewOrientationXYZ->yEditor())->value(), 5.0);
+    }
+
+    void shouldGoBackAndForthInTheHistoryOfTheRoom()
+    {
+        // GIVEN
+        Form form;
+        const ViewControls controls(form.ui, &form.view);
+        abcRoom *room = form.view.room();
+        QVERIFY(room->loadRoom(RoomTrafoData()));
+        form.view.translateRoom(10.0, 0.0, 0.0);
+        form.view.saveCurrentRoom();
+        QVERIFY(form.ui.w_bodyUndoButton->isEnabled());
+        QVERIFY(!form.ui.w_bodyRedoButton->isEnabled());
+        // WHEN
+        form.ui.w_bodyUndoButton->click();
+        // THEN
+        QVERIFY(!form.ui.w_bodyUndoButton->isEnabled());
+        QVERIFY(form.ui.w_bodyRedoButton->isEnabled());
+        QVERIFY(room->canRedo());
+        // WHEN
+        form.ui.w_bodyRedoButton->click();
+        // THEN
         QVERIFY(form.ui.w_bodyUndoButton->isEnabled());
         QVERIFY(!form.ui.w_bodyRedoButton->isEnabled());
     }
