@@ -1,6 +1,7 @@
 #include "ViewControls.h"
 
 #include "AbcGLCanvas.h"
+#include "RoomTrafoData.h"
 #include "TestRegistry.h"
 #include "abcRoom.h"
 #include "bsDoubleWidget.h"
