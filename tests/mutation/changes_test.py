@@ -109,9 +109,11 @@ class FoldersTest(unittest.TestCase):
                          [["FirstControlTest"], ["DialogClosingTest"], ["DestructionTest"]])
         self.assertEqual(trials.in_turn(["FirstControlTest"], "CameraRooms"), [["FirstControlTest"]])
 
-    def test_should_know_only_classes_that_there_are(self):
-        for name in sources.LONG_CLASSES | set(sources.TAB_CLASSES):
-            self.assertTrue(list((sources.ROOT / "tests").rglob(f"{name}.cpp")), name)
+    def test_should_know_only_classes_and_functions_that_there_are(self):
+        for name in [*sources.LONG_CLASSES, *sources.TAB_FUNCTIONS]:
+            name, _, function = name.partition("::")
+            found = list((sources.ROOT / "tests").rglob(f"{name}.cpp"))
+            self.assertTrue(found and f"{function}()" in found[0].read_text(), name)
 
     def test_should_tell_what_computes(self):
         for folder in ("src/math", "src/link/numbers", "src/matching/fit", "bench/controller"):

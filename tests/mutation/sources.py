@@ -36,9 +36,9 @@ OUTER_TESTS = {
     "src/module": ["journeys"],
     "bench/controller": ["bench_link", "bench_server"],
 }
-# What looks at every window, and so at every form, and which of its classes at the order of the Tab key.
+# What looks at every window, and so at every form, and which of its functions goes through them by the Tab key.
 WINDOW_TESTS = ["translations"]
-TAB_CLASSES = ("TabTourTest",)
+TAB_FUNCTIONS = ("FocusTest::shouldVisitEveryControlInReadingOrder",)
 # Go through a whole life once for each of its calls, and are asked last.
 LONG_CLASSES = frozenset({"AngleToolCalibrationTest", "CalibrationLoopTest", "DestructionTest", "EnduranceTest",
                           "HiddenByTheHostTest", "HostLifeTest", "ModuleLifeTest", "RoomAdjustmentDlg2gTest"})

@@ -107,7 +107,7 @@ def stages(shop, mutant, tests, run_of):
     """(program, how it is run, classes) of what is run one after the other. Without classes all of them are meant."""
     for test in sources.WINDOW_TESTS:
         if test in tests and "<tabstop>" in mutant.replacement and (program := shop.program(test, mutant)):
-            yield program, run_of(test), sources.TAB_CLASSES
+            yield program, run_of(test), sources.TAB_FUNCTIONS
     for test in tests:
         program = shop.program(test, mutant)
         if program is None:

@@ -53,6 +53,7 @@ private slots:
     void shouldNotCompareTheSizesOfListsOfDifferentLength();
     void shouldRecogniseTheMirrorImage_data();
     void shouldRecogniseTheMirrorImage();
+    void shouldWeighTheMisfitOfAMirrorImageByTheReferences();
     void shouldNotTakeForMirroredWhatFitsBothWays_data();
     void shouldNotTakeForMirroredWhatFitsBothWays();
     void shouldFindAPointThatWasMeasuredTwice();
@@ -144,6 +145,24 @@ void SetHintsTest::shouldRecogniseTheMirrorImage()
     }
     // Four or five points are nearly flat at times.
     QVERIFY2(recognised >= (count < 8 ? 15 : 20), qPrintable(QString::number(recognised)));
+}
+
+void SetHintsTest::shouldWeighTheMisfitOfAMirrorImageByTheReferences()
+{
+    // A list that is larger by a factor misses by that share of its extent less one; a fiftieth of the
+    // references' own extent is allowed.
+    PointSets sets(307);
+    for (int trial = 0; trial < 10; ++trial) {
+        const Values references = sets.box(10, 2000);
+        const auto isMirrored = [&](double factor) {
+            return SetHints::of(asPoints(references), asPoints(scaled(mirrored(references), factor)))
+                .mirrored;
+        };
+        QVERIFY(isMirrored(1.0198));
+        QVERIFY(!isMirrored(1.0202));
+        QVERIFY(isMirrored(0.9802));
+        QVERIFY(!isMirrored(0.9798));
+    }
 }
 
 void SetHintsTest::shouldNotTakeForMirroredWhatFitsBothWays_data()
