@@ -4,6 +4,35 @@
 
 #include <QtTest>
 
+#include <algorithm>
+#include <ctime>
+
+namespace
+{
+
+/// The processor time, in seconds, that taking so many short lines needs which arrived at once: the least of
+/// some runs.
+double secondsToTake(int lines)
+{
+    const QByteArray bytes = QByteArray("x\n").repeated(lines);
+    double least = 1e9;
+    for (int run = 0; run < 5; ++run) {
+        timespec before{};
+        timespec after{};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &before);
+        LineBuffer buffer;
+        buffer.append(bytes);
+        while (buffer.take()) {
+        }
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &after);
+        least = std::min(least, double(after.tv_sec - before.tv_sec) +
+                                    1e-9 * double(after.tv_nsec - before.tv_nsec));
+    }
+    return least;
+}
+
+} // namespace
+
 class LineBufferTest : public QObject
 {
     Q_OBJECT
@@ -58,6 +87,15 @@ private slots:
         while (const auto line = buffer.take())
             together += *line + "\n";
         QCOMPARE(together, bytes);
+    }
+
+    /// Megabytes of short lines that arrive at once must not be shifted for each of them.
+    void shouldNeedNoMoreTimeForALineHoweverManyFollow()
+    {
+        constexpr int few = 5000;
+        constexpr int factor = 20;
+        const double ratio = secondsToTake(factor * few) / secondsToTake(few);
+        QVERIFY2(ratio < 4 * factor, QByteArray::number(ratio));
     }
 };
 
