@@ -100,7 +100,7 @@ void RoomAdjustmentDlg2g::changeEvent(QEvent *event)
 void RoomAdjustmentDlg2g::beginFromKnownState()
 {
     m_locked = false;
-    setWindowIcon(parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon());
+    showLock();
     m_ui->tabWidget->setEnabled(true);
     m_ui->btn_ok->setEnabled(true);
     m_ui->btn_apply->setEnabled(false);
@@ -108,6 +108,12 @@ void RoomAdjustmentDlg2g::beginFromKnownState()
     m_ui->label_error->clear();
     m_fine->showTrackingAvailable(true);
     showNotice(Obstacle::None);
+}
+
+void RoomAdjustmentDlg2g::showLock()
+{
+    const QIcon usual = parentWidget() != nullptr ? parentWidget()->windowIcon() : QIcon();
+    setWindowIcon(m_locked ? m_lockIcon : usual);
 }
 
 void RoomAdjustmentDlg2g::disableAdjusting()
@@ -222,7 +228,7 @@ void RoomAdjustmentDlg2g::readLock()
     if (!self || !locked)
         return;
     m_locked = true;
-    setWindowIcon(m_lockIcon);
+    showLock();
     disableAdjusting();
     showNotice(Obstacle::Locked);
 }

@@ -85,6 +85,7 @@ private:
     void dropApplyShortcut();
     void adjustToAngleTool();
     void beginFromKnownState();
+    void showLock();
     void disableAdjusting();
     void showNotice(Obstacle obstacle);
     bool prepareOpening();
