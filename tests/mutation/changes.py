@@ -30,7 +30,7 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?=(?:\+\+|--|\*)?[A-Za-z_]\w*(?:::\w+|\.\w+|->\w+|\[[^\]\n]*\]|\([^()\n]*\)(?=\.|->))*"
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
-UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z")
+UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z")
 CONNECTION = re.compile(r"\s*(?:QObject::)?connect\(")
 # Behind these a new statement begins.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}]|\)|\belse|:)\s*\Z")

@@ -48,15 +48,16 @@ class TestRun:
         with subprocess.Popen(command, cwd=self.folder, env=environment, preexec_fn=self.limit, start_new_session=True,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT) as process:
             watchdog = threading.Timer(wait, end, [process]) if wait else None
-            if watchdog:
-                watchdog.start()
-            for line in process.stdout:
-                if line.startswith((b"FAIL!", b"XPASS")):
+            try:
+                if watchdog:
+                    watchdog.start()
+                if any(line.startswith((b"FAIL!", b"XPASS")) for line in process.stdout):
                     end(process)
                     return True
-            status = process.wait()
-            if watchdog:
-                watchdog.cancel()
+                status = process.wait()
+            finally:
+                if watchdog:
+                    watchdog.cancel()
         return status != 0
 
     def measure(self):
