@@ -2,6 +2,7 @@
 
 #include "TestRegistry.h"
 
+#include <QElapsedTimer>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -54,6 +55,18 @@ private slots:
         QCOMPARE(searching.display()->labelText(),
                  QStringLiteral("Searching for the best order of the measured points ..."));
         QVERIFY(searching.display()->isModal());
+    }
+
+    void shouldSpareAShortSearchItsDisplay()
+    {
+        // GIVEN
+        QElapsedTimer time;
+        time.start();
+        const Searching searching;
+        // WHEN
+        QTRY_VERIFY(searching.display() != nullptr);
+        // THEN: a fifth of a second, of which a timer may take off a twentieth
+        QVERIFY(time.elapsed() >= 190);
     }
 
     void shouldTellThatTheUserCancels()
