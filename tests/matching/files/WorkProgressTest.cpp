@@ -4,6 +4,7 @@
 #include "PiecewiseWork.h"
 #include "TestRegistry.h"
 
+#include <QElapsedTimer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QtTest>
@@ -51,8 +52,11 @@ private slots:
     {
         // GIVEN
         EndlessWork work;
+        QElapsedTimer time;
+        time.start();
         ModalAnswer answer;
         answer.then([&](QWidget *window) {
+            QVERIFY(time.elapsed() >= 300); // shorter work is spared the window
             const auto *progress = qobject_cast<QProgressDialog *>(window);
             QVERIFY(progress);
             QCOMPARE(progress->labelText(), QString("Reading"));
