@@ -171,11 +171,18 @@ class Workshop:
     def compile(self, name):
         if name not in self.compiled:
             target = str(self.folder / name.replace("/", "_"))
+            source = self.build.objects[name].source
+            if "_autogen/" in str(source):
+                self.bring(source.parent)
             command = [self.adapted(word) for word in self.build.objects[name].command]
             command[command.index("-o") + 1] = target
             self.run([command[0], f"-I{self.forms}", *command[1:], "-w", *self.quickly(name)], self.build.folder)
             self.compiled[name] = target
         return self.compiled[name]
+
+    def bring(self, generated):
+        """What was generated finds the headers by ways relative to its own place."""
+        shutil.copytree(generated, self.folder / generated.relative_to(sources.ROOT), dirs_exist_ok=True)
 
     def quickly(self, name):
         """The tests bring their own level, which their precompiled header has, too."""
@@ -184,6 +191,8 @@ class Workshop:
     def adapted(self, word):
         if word.startswith("-DMODULE_LIBRARY="):
             return f'-DMODULE_LIBRARY="{self.module}"'
+        if "_autogen/" in word and not word.startswith("-I"):
+            return word.replace(f"{sources.ROOT}/", f"{self.folder}/")
         for tree in ("src", "bench"):
             word = word.replace(f"{sources.ROOT}/{tree}/", f"{self.folder}/{tree}/")
         return word
