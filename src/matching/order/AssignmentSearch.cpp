@@ -21,8 +21,8 @@ constexpr std::size_t largestLoopCount = 6;
 constexpr std::size_t largestTreeCount = 8;
 
 /// Of the tree before the rotations take over, in times that it asks whether to go on: some 2 ms.
-constexpr std::size_t treeQuestions = 5;
-constexpr std::size_t pointsPerTreeQuestion = 8;
+constexpr std::size_t treeQuestions = 4;
+constexpr std::size_t pointsPerTreeQuestion = 12;
 
 /// Up to here, the tree and the rotations fit into the memory at the same time.
 constexpr std::size_t mostPointsOfBoth = 500;

@@ -10,6 +10,13 @@ namespace
 
 constexpr int unassigned = -1;
 constexpr std::size_t pairsBetweenQuestions = 20000;
+
+/// What else takes time, in bounded pairs: a branch for every point, the estimate of a partner, and a complete
+/// order for every point.
+constexpr std::size_t workOfBranch = 2;
+constexpr std::size_t workOfEstimate = 4;
+constexpr std::size_t workOfVisit = 12;
+
 constexpr std::size_t mostListed = 8000000;
 
 constexpr double lengthSlack = 2e-12;
@@ -77,7 +84,7 @@ bool AssignmentTree::isFull() const
 
 bool AssignmentTree::mayGoOn()
 {
-    m_work += m_order.size() * m_order.size();
+    m_work += workOfBranch * m_order.size();
     if (isFull())
         return false;
     if (m_work < pairsBetweenQuestions)
@@ -105,6 +112,7 @@ bool AssignmentTree::descend(int depth)
     const int reference = narrowest(level);
     if (reference == unassigned)
         return visitSingle(level);
+    m_work += workOfEstimate * at(level.partners, reference).size();
     for (const Branch &branch : branches(level, reference)) {
         if (!mayGoOn() || !tryPartner(depth, reference, branch.measured))
             return false;
@@ -120,7 +128,10 @@ bool AssignmentTree::visitSingle(const Level &level)
         if (at(order, i) == unassigned)
             at(order, i) = at(level.partners, i).front();
     }
-    return !m_fit.canStart(order) || m_visitor->visit(order);
+    if (!m_fit.canStart(order))
+        return true;
+    m_work += workOfVisit * m_order.size();
+    return m_visitor->visit(order);
 }
 
 /// False when the walk was ended.
@@ -174,8 +185,10 @@ bool AssignmentTree::fillLevel(int depth)
             continue;
         std::vector<int> &partners = at(level.partners, i);
         const auto excluded = [&](int j) {
-            return at(m_measuredTaken, j) || (hasTwins && !keepsTwinsAscending(i, j)) ||
-                   m_bound.exceedsWith(level.moments, i, j, bound);
+            if (at(m_measuredTaken, j) || (hasTwins && !keepsTwinsAscending(i, j)))
+                return true;
+            ++m_work;
+            return m_bound.exceedsWith(level.moments, i, j, bound);
         };
         partners.erase(std::remove_if(partners.begin(), partners.end(), excluded), partners.end());
         if (partners.empty())

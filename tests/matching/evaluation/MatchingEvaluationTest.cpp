@@ -152,9 +152,11 @@ void MatchingEvaluationTest::shouldReportACancelledSearch()
 void MatchingEvaluationTest::shouldKeepASureOrderWhenTheSearchForAnotherIsCancelled()
 {
     PointSets sets(97);
-    const MatchingPoints references = asPoints(sets.box(15, 1000)), measured = asPoints(sets.box(15, 1000));
+    const std::vector<double> values = sets.box(12, 1000);
+    const MatchingPoints references = asPoints(values),
+                         measured = asPoints(sets.shuffled(sets.moved(values, 120)));
     const MatchingEvaluation whole = evaluated(references, measured);
-    QVERIFY(whole.outcome == Outcome::Matched && !whole.otherOrdersUnknown);
+    QVERIFY(whole.outcome == Outcome::Matched && !whole.otherOrdersUnknown && !whole.otherOrderFits);
     int cancelled = 0, unknown = 0;
     MatchingEvaluation cut;
     for (int questions = 0; cut.outcome != Outcome::Matched || cut.otherOrdersUnknown; ++questions) {
@@ -168,7 +170,7 @@ void MatchingEvaluationTest::shouldKeepASureOrderWhenTheSearchForAnotherIsCancel
         QCOMPARE(cut.rmsMm, whole.rmsMm);
     }
     QVERIFY(cancelled > 10);
-    QVERIFY(unknown > 0);
+    QVERIFY(unknown > 10);
     QCOMPARE(cut.otherOrderFits, whole.otherOrderFits);
 }
 

@@ -73,6 +73,8 @@ private slots:
     void shouldGiveTheLoopsResult_data();
     void shouldGiveTheLoopsResult();
     void shouldGiveTheSameOverRotations();
+    void shouldLeaveToTheTreeWhatItEndsSoon_data();
+    void shouldLeaveToTheTreeWhatItEndsSoon();
     void shouldFindPlantedOrders_data();
     void shouldFindPlantedOrders();
 };
@@ -131,6 +133,44 @@ void AssignmentSweepTest::shouldGiveTheSameOverRotations()
         QCOMPARE(tree.bestMm, rotations.bestMm);
     }
     QVERIFY2(compared > cases / 2, qPrintable(QString::number(compared)));
+}
+
+void AssignmentSweepTest::shouldLeaveToTheTreeWhatItEndsSoon_data()
+{
+    QTest::addColumn<int>("points");
+    QTest::addColumn<int>("fewest");
+    QTest::newRow("10 points") << 10 << 88;
+    QTest::newRow("20 points") << 20 << 69;
+    QTest::newRow("30 points") << 30 << 60;
+    QTest::newRow("50 points") << 50 << 49;
+}
+
+/// The rotations come in only after some 2 ms of the tree: until then a search makes the same fits and asks
+/// as often as the tree alone. How many of all sets end by then shows that the tree counts what it does.
+void AssignmentSweepTest::shouldLeaveToTheTreeWhatItEndsSoon()
+{
+    QFETCH(int, points);
+    QFETCH(int, fewest);
+    constexpr int questionsOfTwoMilliseconds = 4;
+    constexpr int setsOfFamily = 4;
+    PointSets sets(static_cast<unsigned>(9300 + points));
+    int ended = 0;
+    for (const SweepFamilies::Family &family : SweepFamilies::all()) {
+        for (int i = 0; i < setsOfFamily; ++i) {
+            const SweepFamilies::Case sample = family.make(sets, points);
+            AssignmentSearch search(sample.references, sample.measured);
+            int ofTree = 0, ofSearch = 0;
+            const AssignmentSearch::Result tree =
+                search.runTree([&ofTree]() { return ++ofTree <= questionsOfTwoMilliseconds; });
+            if (tree.outcome == Outcome::Cancelled)
+                continue;
+            ++ended;
+            const AssignmentSearch::Result result = search.run([&ofSearch]() { return ++ofSearch < 100; });
+            QVERIFY2(ofSearch == ofTree, family.name.c_str());
+            QCOMPARE(result.order, tree.order);
+        }
+    }
+    QVERIFY2(ended >= fewest, qPrintable(QString::number(ended)));
 }
 
 void AssignmentSweepTest::shouldFindPlantedOrders_data()
