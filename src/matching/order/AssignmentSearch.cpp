@@ -21,8 +21,8 @@ constexpr std::size_t largestLoopCount = 6;
 constexpr std::size_t largestTreeCount = 8;
 
 /// Of the tree before the rotations take over, in times that it asks whether to go on: some 2 ms.
-constexpr std::size_t treeQuestions = 4;
-constexpr std::size_t pointsPerTreeQuestion = 12;
+constexpr std::size_t treeQuestions = 3;
+constexpr std::size_t pointsPerTreeQuestion = 6;
 
 /// Up to here, the tree and the rotations fit into the memory at the same time.
 constexpr std::size_t mostPointsOfBoth = 500;
@@ -128,11 +128,12 @@ AssignmentSearch::~AssignmentSearch() = default;
 std::optional<AssignmentSearch::Result> AssignmentSearch::answerAtOnce(const GoOn &goOn) const
 {
     const MatchingPoints &references = m_fit.references(), &measured = m_fit.measured();
-    if (!allFinite(references) || !allFinite(measured) || longestSide(measured) > largestMeasuredSideMm ||
-        longestSide(references) > largestReferenceSideMm)
+    if (!allFinite(references) || !allFinite(measured) || !m_fit.referencesAllowStart())
         return Result();
     if (references.size() > mostPoints)
         return Result{Outcome::TooManyPoints, {}, -1.0F};
+    if (longestSide(measured) > largestMeasuredSideMm || longestSide(references) > largestReferenceSideMm)
+        return Result();
     switch (m_fit.anyStart(goOn)) {
     case OrderFit::Start::Possible:
         return std::nullopt;

@@ -42,7 +42,8 @@ public:
     /// The loop for up to six points. For more the tree for a fixed number of steps (without an end for seven
     /// or eight points), and if that does not suffice, the rotations from what it has found. `goOn` is asked
     /// every few steps, less than a few milliseconds apart; false cancels. It may be empty.
-    /// TooManyPoints at once for more than `mostPoints`.
+    /// At once, TooManyPoints for more than `mostPoints` and NoValidOrder where the references allow no
+    /// start.
     [[nodiscard]] Result run(const GoOn &goOn);
 
     /// All orders, one after the other.

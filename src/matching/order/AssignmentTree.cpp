@@ -11,8 +11,8 @@ namespace
 constexpr int unassigned = -1;
 constexpr std::size_t pairsBetweenQuestions = 20000;
 
-/// What else takes time, in bounded pairs: a branch for every point, the estimate of a partner, and a complete
-/// order for every point.
+/// What else takes time, in bounded pairs: a branch for every point, the estimate of a partner, and a
+/// complete order for every point.
 constexpr std::size_t workOfBranch = 2;
 constexpr std::size_t workOfEstimate = 4;
 constexpr std::size_t workOfVisit = 12;

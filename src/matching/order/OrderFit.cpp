@@ -46,9 +46,14 @@ bool OrderFit::canStart(const PointOrder &order) const
     return triplesAllowStart(m_references.front().data(), triple[0].data());
 }
 
+bool OrderFit::referencesAllowStart() const
+{
+    return triplesAllowStart(m_references.front().data(), m_references.front().data());
+}
+
 OrderFit::Start OrderFit::anyStart(const OrderVisitor::GoOn &goOn) const
 {
-    if (!triplesAllowStart(m_references.front().data(), m_references.front().data()))
+    if (!referencesAllowStart())
         return Start::Impossible;
     const int count = static_cast<int>(m_measured.size());
     int asked = 0;

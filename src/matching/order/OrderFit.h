@@ -27,6 +27,9 @@ public:
     /// True if the first three pairs of `order` allow a start.
     [[nodiscard]] bool canStart(const PointOrder &order) const;
 
+    /// False if the first three reference points allow no start, whatever is measured.
+    [[nodiscard]] bool referencesAllowStart() const;
+
     enum class Start { Possible, Impossible, Cancelled };
 
     /// Whether the reference points and at least one triple of measured points allow a start. `goOn` is asked

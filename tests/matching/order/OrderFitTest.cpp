@@ -74,6 +74,9 @@ private slots:
         const OrderFit withoutTriple(corner, onALine(4));
         const OrderFit withoutReferences(onALine(4), corner);
         // WHEN, THEN
+        QVERIFY(possible.referencesAllowStart());
+        QVERIFY(withoutTriple.referencesAllowStart());
+        QVERIFY(!withoutReferences.referencesAllowStart());
         QVERIFY(possible.anyStart({}) == OrderFit::Start::Possible);
         QVERIFY(withoutTriple.anyStart({}) == OrderFit::Start::Impossible);
         QVERIFY(withoutReferences.anyStart({}) == OrderFit::Start::Impossible);
