@@ -26,6 +26,7 @@ private slots:
     void shouldReadEveryScenarioOfTheBench();
     void shouldKeepTheDefaultSceneForWhatIsMissing();
     void shouldTakeWhatTheFileSays();
+    void shouldTakeEveryThingOfTheRoom();
     void shouldTakeABodyAsTheReference();
     void shouldNameFileKeyAndReason_data();
     void shouldNameFileKeyAndReason();
@@ -88,6 +89,47 @@ void ScenarioTest::shouldTakeWhatTheFileSays()
     QCOMPARE(controller.machine().state.versionMinor, 4);
     QCOMPARE(controller.clock(), SimClock::Stepped);
     QCOMPARE(scenario->faults.size(), std::size_t(1));
+}
+
+void ScenarioTest::shouldTakeEveryThingOfTheRoom()
+{
+    // GIVEN
+    const char *json = R"({"cameras": [{"pose": [1, 2, 3, 0, 0, 90], "rate": 0.5}],
+        "tools": [{"tip": [4, 5, 6], "orientation": [0, 0, 90], "tremor": 0.25, "noise": 0.5, "tracked": false,
+                   "calibrated": false, "duration": 1.5, "tolerance": 2.5, "check": false, "tipRadius": 3.5}],
+        "devices": [{"pose": [7, 8, 9, 0, 0, 90], "tracked": false, "buttons": 3, "joystick": 5}],
+        "bodies": [{"pose": [10, 11, 12, 0, 0, 90], "tracked": false}],
+        "angleTool": {"pose": [13, 14, 15, 0, 0, 90], "height": 16, "visible": false, "distances": [17, 18, 19]},
+        "workpiece": {"pose": [20, 21, 22, 0, 0, 90], "points": [{"name": "edge", "at": [23, 24, 25]}]}})";
+    // WHEN
+    const auto scenario = Scenario::parse(json, "room", nullptr);
+    // THEN
+    QVERIFY(scenario.has_value());
+    const SimRoom &room = scenario->machine.room;
+    const std::pair<SimPose, SimVector> poses[] = {
+        {room.cameras.at(0).pose, {1, 2, 3}},
+        {room.devices.at(0).pose, {7, 8, 9}},
+        {room.bodies.at(0).pose, {10, 11, 12}},
+        {room.angleTool.marker1, {13, 14, 15}},
+        {room.workpiece.pose, {20, 21, 22}},
+        {{room.tools.at(0).tip, room.tools[0].orientation}, {4, 5, 6}}};
+    for (const auto &[pose, position] : poses) {
+        QVERIFY(length(pose.position - position) < 1e-9);
+        QVERIFY(length(pose.rotation.column(0) - SimVector{0, 1, 0}) < 1e-9);
+    }
+    QCOMPARE(room.cameras[0].progressRate, 0.5);
+    const SimTool &tool = room.tools[0];
+    QCOMPARE((QList<double>{tool.tremorMm, tool.noiseMm, tool.durationSeconds, tool.toleranceMm,
+                            tool.tipRadiusMm}),
+             (QList<double>{0.25, 0.5, 1.5, 2.5, 3.5}));
+    QVERIFY(!tool.tracked && !tool.tipCalibrated && !tool.toleranceCheck);
+    QCOMPARE(room.devices[0].buttons.size(), std::size_t(3));
+    QCOMPARE(room.devices[0].joystick.size(), std::size_t(5));
+    QVERIFY(!room.devices[0].tracked && !room.bodies[0].tracked && !room.angleTool.visible);
+    QCOMPARE(room.angleTool.heightMm, 16.0);
+    QVERIFY(room.angleTool.distancesMm == (std::array<double, 3>{17, 18, 19}));
+    QCOMPARE(room.workpiece.points.at(0).name, std::string("edge"));
+    QVERIFY(length(room.workpiece.points[0].nominal - SimVector{23, 24, 25}) < 1e-9);
 }
 
 void ScenarioTest::shouldTakeABodyAsTheReference()

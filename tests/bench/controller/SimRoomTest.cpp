@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <cmath>
+
 class SimRoomTest : public QObject
 {
     Q_OBJECT
@@ -19,8 +21,22 @@ private slots:
         QCOMPARE(int(room.devices.size()), 1);
         QCOMPARE(int(room.bodies.size()), 1);
         QCOMPARE(int(room.workpiece.points.size()), 6);
-        QCOMPARE(room.cameras[0].pose.position.x, 2000.0);
-        QCOMPARE(room.cameras[0].pose.position.z, 2500.0);
+    }
+
+    void shouldHangTheCamerasAroundTheMiddle()
+    {
+        const SimRoom room = SimRoom::standard();
+        const double serials[] = {28, 31, 34, 45};
+        const SimVector places[] = {{2000, 0, 2500}, {0, 2000, 2500}, {-2000, 0, 2500}, {0, -2000, 2500}};
+        for (std::size_t i = 0; i < room.cameras.size(); ++i) {
+            const SimCamera &camera = room.cameras[i];
+            QCOMPARE(QString::fromStdString(camera.serial).toDouble(), serials[i]);
+            QVERIFY(length(camera.pose.position - places[i]) < 1e-9);
+            // Tilted by 120 degrees, the third axis points outwards and down.
+            const double outwards = std::sqrt(0.75) / 2000.0;
+            const SimVector axis{places[i].x * outwards, places[i].y * outwards, -0.5};
+            QVERIFY(length(camera.pose.rotation.column(2) - axis) < 1e-9);
+        }
     }
 
     void shouldMoveATipToItsTargetAndNoFarther()
