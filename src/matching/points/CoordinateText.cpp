@@ -42,7 +42,8 @@ QString CoordinateText::of(double coordinateMm)
     if (!hundredths || !(std::fabs(*hundredths) > 0.0))
         return exactText(coordinateMm);
     std::array<QChar, 16> letters;
-    auto letter = letters.end();
+    QChar *const end = letters.data() + letters.size();
+    QChar *letter = end;
     auto rest = static_cast<qint64>(std::fabs(*hundredths));
     for (int digit = 0; rest > 0 || digit <= decimals; ++digit, rest /= ten) {
         if (digit == decimals)
@@ -51,7 +52,7 @@ QString CoordinateText::of(double coordinateMm)
     }
     if (*hundredths < 0.0)
         *--letter = QLatin1Char('-');
-    return QString(letter, static_cast<int>(letters.end() - letter));
+    return QString(letter, static_cast<int>(end - letter));
 }
 
 double CoordinateText::shownNumber(double coordinateMm)
