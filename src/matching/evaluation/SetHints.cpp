@@ -18,7 +18,7 @@ constexpr std::size_t mostToMirror = 100;
 constexpr double mirrorLimitOfExtent = 0.02;
 
 /// Of the search for a mirror image, in times that the tree asks whether to go on: some 20 ms at most.
-constexpr int mirrorQuestions = 60;
+constexpr int mirrorQuestions = 30;
 
 /// Root mean square of the distances from the centre.
 double extentOf(const MatchingPoints &points)
