@@ -29,6 +29,7 @@
 #include <QKeyEvent>
 #include <QTableWidget>
 
+#include <algorithm>
 #include <chrono>
 
 using namespace std::chrono_literals;
@@ -38,6 +39,7 @@ namespace
 
 constexpr auto trackingStatusInterval = 200ms;
 constexpr int noResult = 0;
+constexpr int mostToldAtOnce = 10000;
 
 } // namespace
 
@@ -169,10 +171,23 @@ void AbcMatchingDialog::showSurveyTexts()
     m_notices->tellTools(verdict);
 }
 
+/// Long lists have a turn of their own: to change them and to look through them takes a tenth of a second.
 void AbcMatchingDialog::showPoints()
 {
-    m_notices->tellPoints(m_lists->references(), m_lists->measured());
-    m_measuring->showCount(m_lists->measuredTable().rowCount(), referenceCount());
+    const int measuredCount = m_lists->measuredTable().rowCount();
+    m_measuring->showCount(measuredCount, referenceCount());
+    m_pointsAreTold = false;
+    if (std::max(measuredCount, referenceCount()) <= mostToldAtOnce)
+        tellPoints();
+    else
+        QTimer::singleShot(0, this, &AbcMatchingDialog::tellPoints);
+}
+
+void AbcMatchingDialog::tellPoints()
+{
+    if (!m_pointsAreTold)
+        m_notices->tellPoints(m_lists->references(), m_lists->measured());
+    m_pointsAreTold = true;
 }
 
 int AbcMatchingDialog::referenceCount() const
@@ -459,6 +474,7 @@ void AbcMatchingDialog::showEvaluation(const MatchingEvaluation &evaluation)
     const bool valid = evaluation.outcome == MatchingEvaluation::Outcome::Matched;
     m_state.evaluated(valid);
     if (valid) {
+        tellPoints(); // what is told of a result depends on it
         m_transformedPoints = evaluation.mapped;
         m_transformation = evaluation.roomFromReference;
     }

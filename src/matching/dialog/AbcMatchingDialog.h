@@ -115,6 +115,7 @@ private:
     void showState();
     void showSurveyTexts();
     void showPoints();
+    void tellPoints();
     void showWhetherRecordsArrive();
     void report(const std::function<QString()> &text);
 
@@ -145,6 +146,7 @@ private:
 
     MatchingState m_state;
     bool m_running = false;
+    bool m_pointsAreTold = false;
     TipCollector::Judgement m_taken; ///< of the last point
     MatchingPoints m_transformedPoints;
     bsMatrix m_transformation;

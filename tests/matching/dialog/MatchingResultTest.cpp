@@ -4,6 +4,8 @@
 
 #include <QAbstractButton>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QProgressDialog>
 #include <QTableWidget>
@@ -98,6 +100,7 @@ private slots:
     void shouldTellOfALineAsSoonAsItIsLoaded();
     void shouldTellOfEqualRowsAsSoonAsTheyAreTyped();
     void shouldTellOfRowsThatAreStillZero();
+    void shouldTellOfLongListsInATurnOfTheirOwn();
     void shouldAskForMillimetresAtOnce();
     void shouldTellThatThePointsDoNotFit();
     void shouldTellTheScalingBeforeItIsApplied();
@@ -494,6 +497,18 @@ void MatchingResultTest::shouldTellOfRowsThatAreStillZero()
         QVERIFY(opened.notice().startsWith(QStringLiteral("2 reference points are still 0 0 0.")));
         opened.find<QTableWidget>(referenceTable)->item(1, 0)->setText(QStringLiteral("400"));
         QVERIFY(opened.notice().isEmpty());
+    });
+}
+
+void MatchingResultTest::shouldTellOfLongListsInATurnOfTheirOwn()
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("0 0 0\n").repeated(10001));
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.dialog().findChild<ListEditing *>()->pasteReferences();
+        QCOMPARE(opened.rows(referenceTable), 10001);
+        QVERIFY(!opened.notice().contains(QStringLiteral("still 0 0 0")));
+        QTRY_VERIFY(opened.notice().startsWith(QStringLiteral("10001 reference points are still 0 0 0.")));
     });
 }
 
