@@ -15,11 +15,22 @@ namespace
 constexpr double megabyte = 1024.0 * 1024.0;
 constexpr double mostMegabytes = 64.0;
 
-/// Lets a search ask so often before it is cancelled.
-AssignmentSearch::GoOn questions(int count)
+/// What a search may ask, and how often it has.
+class Questions
 {
-    return [count]() mutable { return count-- > 0; };
-}
+public:
+    /// False from the twelfth on.
+    [[nodiscard]] AssignmentSearch::GoOn goOn()
+    {
+        return [this]() { return ++m_asked < most; };
+    }
+
+    [[nodiscard]] bool areUsedUp() const { return m_asked == most; }
+
+private:
+    static constexpr int most = 12;
+    int m_asked = 0;
+};
 
 double megabytesOf(const std::function<void()> &work)
 {
@@ -53,20 +64,28 @@ private slots:
         const std::vector<double> values = sets.box(count, 1000);
         const MatchingPoints references = asPoints(values),
                              measured = asPoints(sets.shuffled(sets.moved(values, noiseMm)));
+        Questions ofRun, ofRival;
+        AssignmentSearch::Result result;
+        bool cancelled = false;
+        AssignmentSearch::Rival rival = AssignmentSearch::Rival::None;
         // WHEN
         const double most = megabytesOf([&] {
             AssignmentSearch search(references, measured);
-            AssignmentSearch::Result result = search.run(questions(12));
-            if (result.outcome == AssignmentSearch::Outcome::Cancelled) {
+            result = search.run(ofRun.goOn());
+            cancelled = result.outcome == AssignmentSearch::Outcome::Cancelled;
+            if (cancelled) {
                 result.order.resize(references.size());
                 std::iota(result.order.begin(), result.order.end(), 0);
                 result.bestMm = static_cast<float>(noiseMm);
             }
-            (void)search.findRival(result, questions(12));
+            rival = search.findRival(result, ofRival.goOn());
         });
         // THEN
         QVERIFY2(most < mostMegabytes, qPrintable(QString::number(most)));
         QVERIFY(most > 10.0 || !TestLoad::isFull());
+        // Where the tree takes too much, the rotations go on: only the asker ends a search.
+        QCOMPARE(cancelled, ofRun.areUsedUp());
+        QCOMPARE(rival == AssignmentSearch::Rival::Cancelled, ofRival.areUsedUp());
     }
 
     /// The rotations alone; what they take grows with the square of the points, but for what they remember.
