@@ -29,6 +29,12 @@ function(room_exact_arithmetic)
   set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "-ffp-contract=off;-fno-math-errno;-O3")
 endfunction()
 
+# room_checked_alone(SOURCE ...): the static checks do not read these together with others, which have names of their
+# own for what is known in one source only.
+function(room_checked_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
+
 # What all targets have in common. With ROOM_SANITIZERS, a list of compiler options, the product and the bench are
 # instrumented, with ROOM_COVERAGE the product alone; the tests are linked with what that needs. The tests' own code
 # is not: so its objects are the same in every such build, and a compiler cache makes them only once.
@@ -43,7 +49,8 @@ function(room_common_properties name)
     endif()
   endif()
   set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
-                        VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
+                        VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF
+                        UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
 endfunction()
 
 # room_executable(NAME SOURCES ... LINKS ...)
