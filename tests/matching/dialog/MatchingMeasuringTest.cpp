@@ -73,6 +73,7 @@ private slots:
     void shouldStartAgainByAPressAfterAFailedStart();
     void shouldNotStartByAButtonOfTheLastOpening();
     void shouldShowWhetherTheToolIsTracked();
+    void shouldShowNoOldTrackingAtTheNextOpening();
     void shouldNotEnableTheButtonWhileMeasuring();
     void shouldRecoverAfterAFailedStart();
     void shouldNotStartTwiceInOneCall();
@@ -502,6 +503,22 @@ void MatchingMeasuringTest::shouldShowWhetherTheToolIsTracked()
         opened.host().clear();
         opened.dialog().on_w_measureButton_clicked();
         QVERIFY(opened.host().calls().isEmpty());
+    });
+}
+
+void MatchingMeasuringTest::shouldShowNoOldTrackingAtTheNextOpening()
+{
+    // GIVEN
+    OpenedDialog opened;
+    const auto *icon = opened.find<QLabel>("label_trackedIcon");
+    opened.run([&] {
+        opened.frame(1.0, false, {0, 0, 0});
+        QTRY_VERIFY(sameImage(icon, ":/green.png"));
+    });
+    // WHEN
+    opened.run([&] {
+        // THEN
+        QVERIFY(sameImage(icon, ":/red.png"));
     });
 }
 

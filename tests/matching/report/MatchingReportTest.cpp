@@ -100,6 +100,15 @@ private slots:
         QCOMPARE(MatchingReport::noTool(Verdict::Ready), QString());
     }
 
+    void shouldCountThePointsOnceThereAreSome()
+    {
+        // WHEN, THEN
+        QCOMPARE(MatchingReport::measuredOf(0, 0), QString());
+        QCOMPARE(MatchingReport::measuredOf(0, 6), QStringLiteral("0 of 6 points measured"));
+        QCOMPARE(MatchingReport::measuredOf(2, 0), QStringLiteral("2 of 0 points measured"));
+        QCOMPARE(MatchingReport::measuredOf(2, 6), QStringLiteral("2 of 6 points measured"));
+    }
+
     void shouldTellHowFarTheTipMoved()
     {
         // WHEN, THEN
@@ -108,7 +117,6 @@ private slots:
         QCOMPARE(MatchingReport::tipMoved(4.0, 2.0),
                  QStringLiteral("Measurement failed :\nTip moved too much during measurement:\n\to Variance "
                                 "= 4.00\n\to Standard deviation = 2.00"));
-        QCOMPARE(MatchingReport::measuredOf(2, 6), QStringLiteral("2 of 6 points measured"));
         QVERIFY(MatchingReport::worstRow(7.504).contains(QStringLiteral(", 7.50 mm,")));
     }
 };
