@@ -20,8 +20,10 @@ void leave(DialogFixture &f, int way)
         f.click("btn_cancel");
     else if (way == 1)
         QTest::keyClick(&f.dialog, Qt::Key_Escape);
-    else
-        f.dialog.close();
+    else {
+        const bool isClosed = f.dialog.close();
+        QCOMPARE(isClosed, !f.dialog.isVisible());
+    }
 }
 
 } // namespace

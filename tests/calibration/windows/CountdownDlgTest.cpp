@@ -147,10 +147,17 @@ private slots:
     {
         QFETCH(QByteArray, text);
         CountdownDlg dialog(nullptr);
+        dialog.setTick(1h);
         dialog.setCountdown(QString(), 9);
-        QTimer::singleShot(0, &dialog,
-                           [&] { QTest::mouseClick(button(dialog, text.constData()), Qt::LeftButton); });
+        bool isLeftOpen = true;
+        QTimer::singleShot(0, &dialog, [&] {
+            QTest::mouseClick(button(dialog, text.constData()), Qt::LeftButton);
+            isLeftOpen = dialog.isVisible();
+            if (isLeftOpen)
+                dialog.reject();
+        });
         const int result = dialog.exec();
+        QVERIFY(!isLeftOpen);
         QTEST(result, "result");
     }
 
