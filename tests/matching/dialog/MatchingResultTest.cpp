@@ -641,8 +641,8 @@ void MatchingResultTest::shouldCancelALongSearch()
 
 void MatchingResultTest::shouldFinishALongSearch()
 {
-    const MatchingPoints references = unrelated(60, 5);
-    const MatchingPoints measured = unrelated(60, 6);
+    const MatchingPoints references = unrelated(120, 5);
+    const MatchingPoints measured = unrelated(120, 6);
     OpenedDialog opened;
     const auto isSearching = [&opened] { return opened.report().startsWith(QStringLiteral("Searching")); };
     opened.run([&] {
