@@ -126,7 +126,7 @@ void MatchingMeasuringTest::shouldRangeTheProgressByTheDuration_data()
     QTest::addColumn<QByteArray>("duration");
     QTest::addColumn<int>("maximum");
     QTest::newRow("2.5 s") << QByteArray("2.5") << 250;
-    QTest::newRow("truncated in double precision") << QByteArray("0.29") << 28;
+    QTest::newRow("truncated in double precision") << QByteArray("4.35") << 434;
     QTest::newRow("none") << QByteArray("0") << 0;
     QTest::newRow("negative") << QByteArray("-3") << 0;
     QTest::newRow("endless") << QByteArray("1e300") << 1000000000;
