@@ -1,5 +1,6 @@
 #include "CalibrationProgressDlg.h"
 
+#include "CalibrationIcon.h"
 #include "CalibrationKind.h"
 #include "CalibrationRun.h"
 #include "CameraGrid.h"
@@ -10,11 +11,9 @@
 #include "PercentText.h"
 #include "ProgressSentences.h"
 #include "Prompt.h"
-#include "Resources.h"
 #include "ui_CalibrationProgressDialog.h"
 
 #include <QEvent>
-#include <QIcon>
 #include <QPixmap>
 #include <QScreen>
 
@@ -44,10 +43,8 @@ CalibrationProgressDlg::CalibrationProgressDlg(IOManager *commands, QWidget *par
     , m_showsCameras(m_controller.supports(ControllerFeature::CameraProgress))
     , m_countdownTick(1000ms)
 {
-    loadResources();
     m_ui->setupUi(this);
-    // Not loaded by the icon itself: the cache of pictures would take it for a new one every time.
-    setWindowIcon(QPixmap(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    setWindowIcon(calibrationIcon());
     showPercentBeside(m_ui->progressBar_overall, m_ui->label_percent);
     showRemainingTime();
     m_sentences = std::make_unique<ProgressSentences>(m_ui->label_info, m_ui->label_warning);

@@ -1,10 +1,9 @@
 #include "CountdownDlg.h"
 
-#include "Resources.h"
+#include "CalibrationIcon.h"
 #include "ui_CountdownDialog.h"
 
 #include <QEvent>
-#include <QIcon>
 #include <QLayout>
 #include <QPixmap>
 
@@ -16,10 +15,8 @@ CountdownDlg::CountdownDlg(QWidget *parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowCloseButtonHint)
     , m_ui(std::make_unique<Ui::CountdownDialog>())
 {
-    loadResources();
     m_ui->setupUi(this);
-    // Not loaded by the icon itself: the cache of pictures would take it for a new one every time.
-    setWindowIcon(QPixmap(QStringLiteral(":/images/icons/velmar_16x16.png")));
+    setWindowIcon(calibrationIcon());
     fitButtons();
     m_timer.setTimerType(Qt::PreciseTimer);
     setTick(1000ms);
