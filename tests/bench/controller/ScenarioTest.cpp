@@ -27,6 +27,9 @@ private slots:
     void shouldKeepTheDefaultSceneForWhatIsMissing();
     void shouldTakeWhatTheFileSays();
     void shouldTakeEveryThingOfTheRoom();
+    void shouldTakeTheStateOfTheController();
+    void shouldTakeTheClock();
+    void shouldTakeTheSeedBeforeTheControlLines();
     void shouldTakeABodyAsTheReference();
     void shouldNameFileKeyAndReason_data();
     void shouldNameFileKeyAndReason();
@@ -130,6 +133,45 @@ void ScenarioTest::shouldTakeEveryThingOfTheRoom()
     QVERIFY(room.angleTool.distancesMm == (std::array<double, 3>{17, 18, 19}));
     QCOMPARE(room.workpiece.points.at(0).name, std::string("edge"));
     QVERIFY(length(room.workpiece.points[0].nominal - SimVector{23, 24, 25}) < 1e-9);
+}
+
+void ScenarioTest::shouldTakeTheStateOfTheController()
+{
+    // GIVEN
+    const SimState standard;
+    const char *json = R"({"title": "a room", "description": "of a test",
+        "controller": {"version": [2, 4, 7], "available": false, "strict": true, "angleToolSupported": false}})";
+    // WHEN
+    const auto scenario = Scenario::parse(json, "room", nullptr);
+    // THEN
+    QVERIFY(scenario.has_value());
+    QCOMPARE(scenario->title, std::string("a room"));
+    QCOMPARE(scenario->description, std::string("of a test"));
+    const SimState &state = scenario->machine.state;
+    QVERIFY(standard.available && !standard.strict && standard.angleToolSupported);
+    QVERIFY(!state.available && state.strict && !state.angleToolSupported && state.changeable);
+    QCOMPARE((QList<int>{state.versionMajor, state.versionMinor, state.versionThird}), (QList<int>{2, 4, 7}));
+}
+
+void ScenarioTest::shouldTakeTheClock()
+{
+    const auto clockOf = [](const char *json) {
+        return Scenario::parse(json, "room", nullptr)->machine.state.clock;
+    };
+    QCOMPARE(clockOf("{}"), SimClock::Real);
+    QCOMPARE(clockOf(R"({"clock": "real"})"), SimClock::Real);
+    QCOMPARE(clockOf(R"({"clock": "stepped"})"), SimClock::Stepped);
+    QCOMPARE(clockOf(R"({"clock": "query"})"), SimClock::Query);
+}
+
+void ScenarioTest::shouldTakeTheSeedBeforeTheControlLines()
+{
+    const auto firstOf = [](const char *json) {
+        return Scenario::parse(json, "room", nullptr)->machine.random.normal(1.0).x;
+    };
+    QCOMPARE(firstOf(R"({"seed": 5})"), SimRandom(5).normal(1.0).x);
+    QCOMPARE(firstOf(R"({"seed": 5, "control": ["sim seed 6"]})"), SimRandom(6).normal(1.0).x);
+    QCOMPARE(firstOf("{}"), SimRandom().normal(1.0).x);
 }
 
 void ScenarioTest::shouldTakeABodyAsTheReference()

@@ -29,6 +29,8 @@ private slots:
     void shouldAnswerEveryRequestOfTheDefaultScene();
     void shouldRefuseWithAReadableError_data();
     void shouldRefuseWithAReadableError();
+    void shouldNameTheFirstOfSeveralReasons_data();
+    void shouldNameTheFirstOfSeveralReasons();
     void shouldTakeCoordinateSettingsWhileMeasuringWithANote_data();
     void shouldTakeCoordinateSettingsWhileMeasuringWithANote();
     void shouldRefuseEverySettingWhileLocked_data();
@@ -193,6 +195,55 @@ void SimControllerTest::shouldRefuseWithAReadableError()
     else if (!preparation.isEmpty())
         QCOMPARE(ask(controller, preparation), QStringLiteral("velmar2 ok"));
     QCOMPARE(ask(controller, request), answer);
+}
+
+void SimControllerTest::shouldNameTheFirstOfSeveralReasons_data()
+{
+    QTest::addColumn<QStringList>("preparations");
+    QTest::addColumn<QString>("request");
+    QTest::addColumn<int>("code");
+    const auto row = [](const char *name, const QStringList &preparations, const char *request, int code) {
+        QTest::newRow(name) << preparations << QString::fromLatin1(request) << code;
+    };
+    const QString measuring = QStringLiteral("velmar2 tracking start");
+    const QString calibrating = QStringLiteral("velmar2 cal room start");
+    const QString unavailable = QStringLiteral("sim available no");
+    const QString locked = QStringLiteral("sim locked yes");
+    const QString strict = QStringLiteral("sim strict on");
+    const char *const start = "velmar2 tracking start";
+    const char *const calibrate = "velmar2 cal room start";
+    const char *const accept = "velmar2 roomcal accept_new_calibration";
+    row("start, not available and calibrating", {calibrating, unavailable}, start, 11);
+    row("calibrate, unknown and not available", {unavailable}, "velmar2 cal body start", 4);
+    row("calibrate, not available and calibrating", {calibrating, unavailable}, calibrate, 11);
+    row("calibrate, not available and measuring", {measuring, unavailable}, calibrate, 11);
+    row("calibrate, calibrating and locked", {calibrating, locked}, calibrate, 12);
+    row("calibrate, measuring and locked", {measuring, locked}, calibrate, 21);
+    row("accept, calibrating and nothing there", {calibrating}, accept, 12);
+    row("accept, nothing there and locked", {locked}, accept, 31);
+    for (const char *setting : {"extra_rotation 1", "extra_translation 1", "extra_scaling 0",
+                                "reference none", "reference body b07"})
+        row(setting, {measuring, strict, locked},
+            qPrintable(QStringLiteral("velmar2 set tracking ") + QString::fromLatin1(setting)), 13);
+}
+
+void SimControllerTest::shouldNameTheFirstOfSeveralReasons()
+{
+    // GIVEN
+    QFETCH(QStringList, preparations);
+    QFETCH(QString, request);
+    QFETCH(int, code);
+    SimController controller;
+    for (const QString &line : qAsConst(preparations)) {
+        if (line.startsWith(QLatin1String("sim ")))
+            tell(controller, line.toLatin1().constData());
+        else
+            QCOMPARE(ask(controller, line), QStringLiteral("velmar2 ok"));
+    }
+    // WHEN
+    const QString answer = ask(controller, request);
+    // THEN
+    QCOMPARE(answer.section(QLatin1Char(' '), 0, 2), QStringLiteral("velmar2 err %1").arg(code));
 }
 
 void SimControllerTest::shouldTakeCoordinateSettingsWhileMeasuringWithANote_data()
