@@ -15,6 +15,8 @@ import sources
 WORK = sources.ROOT / "build" / "mutants"
 
 QUICK_LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else []
+# What leaves an array ends the program, as it does in the run with the sanitizers.
+CHECKS = ["-D_GLIBCXX_ASSERTIONS", "-fsanitize=bounds,signed-integer-overflow", "-fsanitize-undefined-trap-on-error"]
 MODULE = "module/libroomadjustment2g.so"
 
 SETS_UP = re.compile(r"\b(?:setupUi|retranslateUi)\(")
@@ -186,7 +188,7 @@ class Workshop:
 
     def quickly(self, name):
         """The tests bring their own level, which their precompiled header has, too."""
-        return [] if name.startswith("tests/") else ["-O1"]
+        return [] if name.startswith("tests/") else ["-O1", *CHECKS]
 
     def adapted(self, word):
         if word.startswith("-DMODULE_LIBRARY="):

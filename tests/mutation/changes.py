@@ -32,6 +32,8 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
 # Whose arguments may change places, or never compile when they do.
 UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z")
 CONNECTION = re.compile(r"\s*(?:QObject::)?connect\(")
+# Only how soon memory is asked for.
+RESERVATION = re.compile(r"[\w.>\-]*(?:\.|->)reserve\(")
 # Behind these a new statement begins.
 BEFORE_STATEMENT = re.compile(r"(?:[;{}]|\)|\belse|:)\s*\Z")
 
@@ -145,7 +147,8 @@ def statements(path, text, code):
     for hit in STATEMENT.finditer(code):
         begin = hit.end()
         end = end_of_statement(code, begin)
-        if end is not None and BEFORE_STATEMENT.search(code, max(0, hit.start() - 200), hit.start()):
+        if end is not None and BEFORE_STATEMENT.search(code, max(0, hit.start() - 200), hit.start()) \
+                and not RESERVATION.match(code, begin):
             kind = "connection" if CONNECTION.match(code, hit.start()) else "statement"
             yield Mutant(path, kind, begin, end, ";")
 

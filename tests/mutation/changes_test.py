@@ -66,6 +66,10 @@ class ChangesTest(unittest.TestCase):
         self.assertNotIn("reset()", texts[1])
         self.assertIn("if (width < 0) // never (a, b)\n        ;\n", texts[1])
 
+    def test_should_leave_what_only_asks_for_memory_early(self):
+        text = "void fill()\n{\n    m_list.reserve(7);\n    reserve(7);\n}\n"
+        self.assertEqual(results("Panel.cpp", text, "statement"), [[";"]])
+
     def test_should_remove_connections(self):
         self.assertEqual(results("Panel.cpp", SOURCE, "connection"), [[";"]])
 
