@@ -56,7 +56,6 @@ void RotationSearch::begin(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn
     m_goOn = &goOn;
     m_ended = false;
     std::fill(m_known.begin(), m_known.end(), short(-1));
-    m_pairs.allowAll();
     makeStarts();
 }
 

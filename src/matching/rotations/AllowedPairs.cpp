@@ -47,9 +47,3 @@ void AllowedPairs::widen()
     m_firsts.resize(m_choices.back().firstRow);
     m_choices.pop_back();
 }
-
-void AllowedPairs::allowAll()
-{
-    while (m_choices.size() > 1)
-        widen();
-}

@@ -34,9 +34,8 @@ public:
     /// never take more than four times the memory of the first. False when nothing has changed.
     bool narrow(const std::vector<double> &values, double largest);
 
-    /// Back to the choice before, or to all pairs.
+    /// Back to the choice before.
     void widen();
-    void allowAll();
 
 private:
     struct Choice {

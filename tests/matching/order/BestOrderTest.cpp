@@ -73,6 +73,29 @@ private slots:
         }
     }
 
+    void shouldKeepWhatTheLoopKeepsWhereRoundingDecides()
+    {
+        // GIVEN
+        PointSets sets(94);
+        for (int trial = 0; trial < 10; ++trial) {
+            std::vector<double> values = sets.box(6, 500.0);
+            std::copy_n(values.begin() + 9, 3,
+                        values.begin() + 12 + 3 * (trial % 2)); // twins behind the third
+            MatchingCase lists(sets, 6, 0.0);
+            lists.references = asPoints(values);
+            lists.measured = asPoints(sets.shuffled(sets.moved(values, 0.0))); // fits but for rounding
+            Judge judge(lists);
+            // WHEN
+            for (const PointOrder &order : ordersWithin(lists, 1e6))
+                QVERIFY(judge.best.visit(order));
+            // THEN
+            const PlainLoop loop(lists.references, lists.measured);
+            QVERIFY(loop.found);
+            QCOMPARE(judge.best.kept().order(), loop.order);
+            QCOMPARE(judge.best.kept().best(), loop.best);
+        }
+    }
+
     void shouldLowerItsLimitWithEveryBetterOrder()
     {
         // GIVEN

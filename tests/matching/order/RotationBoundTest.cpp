@@ -38,6 +38,8 @@ class RotationBoundTest : public QObject
 
 private slots:
     void shouldExcludeJustBelowTheLeastSquaresAndNeverAbove();
+    void shouldExcludeAsCloselyWhereverThePointsLie_data();
+    void shouldExcludeAsCloselyWhereverThePointsLie();
     void shouldNeverExcludeWhatFitsExactly_data();
     void shouldNeverExcludeWhatFitsExactly();
     void shouldBoundByLengthsWhatAllOrdersLeave();
@@ -59,6 +61,41 @@ void RotationBoundTest::shouldExcludeJustBelowTheLeastSquaresAndNeverAbove()
             const double least = leastSquares(a, b, pair + 1);
             QVERIFY(!bound.exceeds(moments, least + 1e-12));
             QVERIFY(bound.exceeds(moments, least - 1e-6));
+            QVERIFY(std::fabs(RotationBound::estimate(moments) - least) < 1e-2 * moments.squares);
+        }
+    }
+}
+
+void RotationBoundTest::shouldExcludeAsCloselyWhereverThePointsLie_data()
+{
+    QTest::addColumn<double>("placeMm");
+    QTest::addColumn<double>("spreadMm");
+    QTest::newRow("small and far away") << 1e6 << 10.0;
+    QTest::newRow("as large as can be") << 0.0 << 1e9;
+    QTest::newRow("tiny") << 0.0 << 1e-6;
+}
+
+/// The points are centred in units of the largest coordinate, and then may be small numbers.
+void RotationBoundTest::shouldExcludeAsCloselyWhereverThePointsLie()
+{
+    QFETCH(double, placeMm);
+    QFETCH(double, spreadMm);
+    PointSets sets(64);
+    for (int trial = 0; trial < 300; ++trial) {
+        const int count = sets.integer(3, 30);
+        std::vector<double> values = sets.box(count, spreadMm);
+        for (double &value : values)
+            value += placeMm;
+        const MatchingPoints references = asPoints(values), measured = asPoints(sets.box(count, spreadMm));
+        const RotationBound bound(references, measured);
+        const Eigen::Matrix3Xd a = centred(references) / bound.unitMm(),
+                               b = centred(measured) / bound.unitMm();
+        RotationBound::Moments moments;
+        for (int pair = 0; pair < count; ++pair) {
+            moments = bound.extended(moments, pair, pair);
+            const double least = leastSquares(a, b, pair + 1);
+            QVERIFY(!bound.exceeds(moments, least + 1e-6 * moments.squares));
+            QVERIFY(bound.exceeds(moments, least - 1e-6 * moments.squares));
             QVERIFY(std::fabs(RotationBound::estimate(moments) - least) < 1e-2 * moments.squares);
         }
     }
