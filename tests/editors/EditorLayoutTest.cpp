@@ -53,6 +53,14 @@ private slots:
         QCOMPARE(editor.wheel->minimumWidth(), 56);
     }
 
+    void shouldFillItsPlaceToTheEdges()
+    {
+        Editor editor;
+        editor.arrange();
+        QCOMPARE(editor.window.layout()->contentsMargins(), QMargins());
+        QCOMPARE(editor.window.layout()->contentsRect(), editor.window.rect());
+    }
+
     /// Of the label first, of the wheel then: beside the spin box the layout runs by the name of the side.
     void shouldPutThePartsAtTheirSides_data()
     {

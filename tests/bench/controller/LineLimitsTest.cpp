@@ -40,6 +40,7 @@ class LineLimitsTest : public QObject
 private slots:
     void shouldTakeANumberUpToItsLimitsOnly_data();
     void shouldTakeANumberUpToItsLimitsOnly();
+    void shouldReadALineUpToItsLength();
     void shouldTakeNoNumberBeyondItsLimitFromAScenario_data();
     void shouldTakeNoNumberBeyondItsLimitFromAScenario();
     void shouldTakeAsManyPointsAsTheWorkpieceMayHave();
@@ -112,6 +113,22 @@ void LineLimitsTest::shouldTakeANumberUpToItsLimitsOnly()
         SimController controller;
         QCOMPARE(answerTo(controller, line.arg(number)), refusal);
     }
+}
+
+void LineLimitsTest::shouldReadALineUpToItsLength()
+{
+    // GIVEN
+    SimController controller;
+    const auto sized = [](const char *begin, int size) {
+        return QString::fromLatin1(begin).leftJustified(size, QLatin1Char('x'));
+    };
+    // WHEN, THEN
+    QCOMPARE(answerTo(controller, sized("sim ", 1000)), QStringLiteral("sim err \"unknown control line\""));
+    QCOMPARE(answerTo(controller, sized("sim ", 1001)), QStringLiteral("sim err \"line too long\""));
+    QCOMPARE(answerTo(controller, sized("velmar2 ", 1000)),
+             QStringLiteral("velmar2 err 1 \"unknown command\""));
+    QCOMPARE(answerTo(controller, sized("velmar2 ", 1001)),
+             QStringLiteral("velmar2 err 6 \"line too long\""));
 }
 
 void LineLimitsTest::shouldTakeNoNumberBeyondItsLimitFromAScenario_data()

@@ -104,6 +104,28 @@ private slots:
         QCOMPARE(dialog.values(), (QList<double>{240.0, 90.0, 150.0, 40.0}));
     }
 
+    void shouldGoThroughTheFieldsOfAnExpertInReadingOrder()
+    {
+        CalibrationBench bench;
+        AngleToolFixture dialog(&bench);
+        QStringList visited;
+        openForAnExpert(&bench, &dialog, [&] {
+            dialog.models()->setFocus();
+            for (int i = 0; i < 7; ++i) {
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                visited << QApplication::focusWidget()->objectName();
+            }
+        });
+        const QStringList expected = {QStringLiteral("doubleSpinBox_a"),
+                                      QStringLiteral("doubleSpinBox_b"),
+                                      QStringLiteral("doubleSpinBox_c"),
+                                      QStringLiteral("doubleSpinBox_height"),
+                                      QStringLiteral("comboBox_coordinateSystem"),
+                                      QStringLiteral("pushButton_calibrate"),
+                                      QStringLiteral("pushButton_exit")};
+        QCOMPARE(visited, expected);
+    }
+
     void shouldKeepItsValuesWhenTheWheelPassesOverThem()
     {
         CalibrationBench bench;

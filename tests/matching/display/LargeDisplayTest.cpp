@@ -58,6 +58,31 @@ private slots:
         QVERIFY(ink.width() > 0.85 * scale * size.width() || ink.height() > 0.5 * scale * size.height());
     }
 
+    void shouldLeaveTwoPixelsAroundTheText_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("narrow and high") << QSize(700, 400);
+        QTest::newRow("wide and low") << QSize(1800, 60);
+    }
+
+    void shouldLeaveTwoPixelsAroundTheText()
+    {
+        QFETCH(QSize, size);
+        LargeDisplay display;
+        display.resize(size);
+        display.say([] { return usual; });
+        const QFont font = display.largestFont();
+        QFont larger = font;
+        larger.setPixelSize(font.pixelSize() + 2);
+        const auto fits = [size](const QFont &one) {
+            const QFontMetricsF metrics(one);
+            return metrics.horizontalAdvance(usual) <= size.width() - 4 + 1 &&
+                   metrics.height() <= size.height() - 4 + 1;
+        };
+        QVERIFY(fits(font));
+        QVERIFY(!fits(larger));
+    }
+
     void shouldHaveLettersForThreeMetresWhereverItFits()
     {
         LargeDisplay display;

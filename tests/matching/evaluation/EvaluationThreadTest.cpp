@@ -5,6 +5,7 @@
 #include <QThread>
 #include <QtTest>
 
+#include <cmath>
 #include <random>
 
 using Order = MatchingEvaluation::Order;
@@ -41,6 +42,7 @@ class EvaluationThreadTest : public QObject
 
 private slots:
     void shouldAnswerAtOnceWhatIsQuick();
+    void shouldMapTheMeasuredPointsToTheReferences();
     void shouldGoOnWithWhatTakesLong();
     void shouldGoOnWithLongListsInTheirOrder();
     void shouldForgetACancelledRun();
@@ -57,6 +59,20 @@ void EvaluationThreadTest::shouldAnswerAtOnceWhatIsQuick()
     QCOMPARE(evaluation->outcome, Outcome::Matched);
     QVERIFY(!run.isRunning());
     QCOMPARE(run.start({}, {}, Order::Preserved)->outcome, Outcome::NotEnoughPoints);
+}
+
+void EvaluationThreadTest::shouldMapTheMeasuredPointsToTheReferences()
+{
+    EvaluationThread run;
+    const MatchingPoints references = points(5, 3);
+    MatchingPoints measured = references;
+    for (MatchingPoint &point : measured)
+        point[0] += 500.0;
+    const auto evaluation = run.start(references, measured, Order::Preserved);
+    QVERIFY(evaluation.has_value());
+    QCOMPARE(evaluation->mapped.size(), references.size());
+    for (std::size_t i = 0; i < references.size(); ++i)
+        QVERIFY(std::abs(evaluation->mapped[i][0] - references[i][0]) < 1e-6);
 }
 
 void EvaluationThreadTest::shouldGoOnWithWhatTakesLong()

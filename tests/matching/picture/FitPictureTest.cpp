@@ -98,7 +98,11 @@ void FitPictureTest::shouldSetOffTheWorstPoint()
 
     picture.show(plate, matched(), 2);
 
-    QVERIFY(drawnAbout(grabbed(picture), worst, 16, Qt::white) > without + 40);
+    const QImage image = grabbed(picture);
+    QVERIFY(drawnAbout(image, worst, 16, Qt::white) > without + 40);
+    // A ring: what stands in it stays in sight.
+    QCOMPARE(image.pixelColor(int(worst.x) + 7, int(worst.y) + 7), QColor(Qt::white));
+    QCOMPARE(image.pixelColor(int(worst.x) - 7, int(worst.y) + 7), QColor(Qt::white));
 }
 
 void FitPictureTest::shouldDrawInBrokenLinesWhatIsNotSure()

@@ -323,6 +323,34 @@ private slots:
                 picture.near(QColor(0, 255, 0), 0.0, -half + 5.0, 0.0) > 0);
     }
 
+    void shouldDashEachLongAxisInItsColour_data()
+    {
+        QTest::addColumn<int>("axis");
+        QTest::addColumn<QColor>("color");
+        QTest::newRow("x") << 0 << QColor(255, 0, 0);
+        QTest::newRow("y") << 1 << QColor(0, 255, 0);
+        QTest::newRow("z") << 2 << QColor(0, 0, 255);
+    }
+
+    void shouldDashEachLongAxisInItsColour()
+    {
+        QFETCH(int, axis);
+        QFETCH(QColor, color);
+        CountingCanvas canvas;
+        showScene(canvas);
+        canvas.rotateView(30.0, 40.0, 0.0); // so that none points at the viewer
+        canvas.setLongAxesFactor(0.4);
+        canvas.showLongAxes(true);
+        const Picture picture(canvas);
+        int seen = 0;
+        for (double part = 0.55; part < 0.95; part += 0.01) {
+            const double along = -30.0 * scale * scale * 0.4 * part;
+            seen += picture.near(color, axis == 0 ? along : 0.0, axis == 1 ? along : 0.0,
+                                 axis == 2 ? along : 0.0);
+        }
+        QVERIFY(seen > 10);
+    }
+
     void shouldNotDrawATextBehindTheEye()
     {
         CountingCanvas canvas;
