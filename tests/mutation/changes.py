@@ -31,6 +31,9 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
 UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z")
+# What is looked up by its words: rows of which none fits the words of the other may stand in any order.
+REQUESTS = "std::vector<SimRequestRow>"
+PATTERN = re.compile(r'\{"([^"]+)"')
 CONNECTION = re.compile(r"\s*(?:QObject::)?connect\(")
 # Only how soon memory is asked for.
 RESERVATION = re.compile(r"[\w.>\-]*(?:\.|->)reserve\(")
@@ -116,11 +119,24 @@ def arguments(path, text, code):
         texts = [text[begin:end].strip() for begin, end in parts]
         if any(not part or PARAMETER.match(part) for part in texts):
             continue
+        is_lookup = REQUESTS in text
         for left, right in zip(range(len(parts)), range(1, len(parts))):
-            if texts[left] != texts[right]:
+            if texts[left] != texts[right] and not (is_lookup and are_apart(texts[left], texts[right])):
                 begin, end = parts[left][0], parts[right][1]
                 begin += len(text[begin:end]) - len(text[begin:end].lstrip())
                 yield Mutant(path, "arguments", begin, end, f"{texts[right]}, {texts[left]}")
+
+
+def are_apart(left, right):
+    """Whether two rows of a table of requests have patterns that no line fits both of: a word differs, or the number of
+    words does."""
+    first, second = PATTERN.match(left), PATTERN.match(right)
+    if not first or not second:
+        return False
+    first, second = first.group(1).split(), second.group(1).split()
+    if any(one != other and one.isidentifier() and other.isidentifier() for one, other in zip(first, second)):
+        return True
+    return len(first) != len(second) and "..." not in (first[-1], second[-1])
 
 
 def end_of_statement(code, begin):

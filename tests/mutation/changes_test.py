@@ -58,6 +58,18 @@ class ChangesTest(unittest.TestCase):
             ["connect(m_ui->button, &QPushButton::clicked, this, [this] { emit applied(2, m_count); });"],
             ["const int width = largest(second, first);"]])
 
+    def test_should_leave_rows_in_place_of_which_no_line_fits_both(self):
+        text = """std::vector<SimRequestRow> lines()
+{
+    return {{"tool # tip ...", tip},
+            {"tool # touch #", touch},
+            {"tool # *", all},
+            {"tool # stop", stop}};
+}
+"""
+        self.assertEqual(results("Lines.cpp", text, "arguments"), [['{"tool # stop", stop}, {"tool # *", all}};']])
+        self.assertEqual(len(results("Lines.cpp", text.replace("SimRequestRow", "Row"), "arguments")), 3)
+
     def test_should_remove_calls_but_no_declarations(self):
         texts = [mutant.changed(SOURCE) for mutant in changes.mutants_of("Panel.cpp") if mutant.kind == "statement"] \
             if results("Panel.cpp", SOURCE, "statement") else []

@@ -222,8 +222,10 @@ void ScenarioTest::shouldNameFileKeyAndReason_data()
     row("control line", R"({"control": ["sim seed 1", "sim tool 9 measure"]})",
         "control[1]: \"no such tool\"");
     row("one control line", R"({"control": "sim seed 1"})", "control: expected a list of texts");
-    row("a number for a fault", R"({"faults": ["sim fault fail 1 x", 1]})", "faults: expected a list of texts");
-    row("a text for a list of things", R"({"tools": "none"})", "tools: expected a list of at most 16 objects");
+    row("a number for a fault", R"({"faults": ["sim fault fail 1 x", 1]})",
+        "faults: expected a list of texts");
+    row("a text for a list of things", R"({"tools": "none"})",
+        "tools: expected a list of at most 16 objects");
     row("fault line", R"({"faults": ["sim fault"]})", "faults[0]: not a fault line");
 }
 
