@@ -29,9 +29,9 @@ function(room_exact_arithmetic)
   set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "-ffp-contract=off;-fno-math-errno;-O3")
 endfunction()
 
-# room_checked_alone(SOURCE ...): the static checks do not read these together with others, which have names of their
-# own for what is known in one source only.
-function(room_checked_alone)
+# room_alone(SOURCE ...): these are not put together with others, which have names of their own for what is known in one
+# source only.
+function(room_alone)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()
 
@@ -74,6 +74,14 @@ function(room_use_test_headers)
   endforeach()
 endfunction()
 
+# room_put_together(TARGET): up to eight sources are compiled as one, since most of the time goes into what the headers
+# bring along and into the same templates again and again.
+function(room_put_together target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  # A type of an included source would seem to be one of a header, which others could know by another name.
+  target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+endfunction()
+
 # room_test(NAME SOURCES ... LINKS ... [WITHOUT_DISPLAY] [TIMEOUT seconds] [SECONDS seconds]
 #           [COMMA class|class::function ...] [GERMAN class|class::function ...])
 #
@@ -97,6 +105,7 @@ function(room_test name)
   endif()
   room_executable(${target} SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} ${main} testlib Qt5::Test)
   room_use_test_headers(${target})
+  room_put_together(${target})
   add_test(NAME ${name} COMMAND ${launcher} $<TARGET_FILE:${target}>)
   room_test_environment(${name} ${ARG_TIMEOUT} LC_ALL=C.UTF-8)
   list(JOIN ARG_COMMA " " comma)

@@ -19,6 +19,7 @@ QUICK_LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else []
 CHECKS = ["-D_GLIBCXX_ASSERTIONS", "-fsanitize=bounds,signed-integer-overflow", "-fsanitize-undefined-trap-on-error"]
 MODULE = "module/libroomadjustment2g.so"
 
+INCLUDED = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 SETS_UP = re.compile(r"\b(?:setupUi|retranslateUi)\(")
 
 Object = collections.namedtuple("Object", "path source command")
@@ -85,8 +86,13 @@ class Build:
 
     def classes_of(self, test):
         """The test classes of a program: each has a source with its name."""
-        stems = {self.objects[part].source.stem for part in self.parts_of(self.program_of(test))}
+        stems = {source.stem for part in self.parts_of(self.program_of(test)) for source in self.sources_in(part)}
         return sorted(stem for stem in stems if stem.endswith("Test"))
+
+    def sources_in(self, path):
+        """What an object is compiled from: its source, or those that are put together in it."""
+        source = self.objects[path].source
+        return [pathlib.Path(name) for name in INCLUDED.findall(source.read_text())] if "/Unity/" in str(source) else [source]
 
     def compiled_from(self, path):
         """The objects in which a file's text is. What the generators write only declares, but calls the slots of the
