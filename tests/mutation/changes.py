@@ -30,7 +30,8 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?=(?:\+\+|--|\*)?[A-Za-z_]\w*(?:::\w+|\.\w+|->\w+|\[[^\]\n]*\]|\([^()\n]*\)(?=\.|->))*"
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
-UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z")
+UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z"
+                       r"|\b(?:max|min|minmax)(?:<[\w:]+>)?\(\Z")
 # What is looked up by its words: rows of which none fits the words of the other may stand in any order.
 REQUESTS = "std::vector<SimRequestRow>"
 PATTERN = re.compile(r'\{"([^"]+)"')
@@ -139,6 +140,13 @@ def are_apart(left, right):
     return len(first) != len(second) and "..." not in (first[-1], second[-1])
 
 
+def is_last_of_cases(text, begin, end):
+    """Whether it is a break for a case that does nothing else, at the end of the switch."""
+    label = text[:begin].rstrip().rpartition("\n")[2]
+    return text[begin:end] == "break;" and re.match(r"\s*(?:case\b.*|default):$", label) is not None \
+        and text[end:].lstrip().startswith("}")
+
+
 def end_of_statement(code, begin):
     depth = 0
     for place in range(begin, len(code)):
@@ -164,7 +172,7 @@ def statements(path, text, code):
         begin = hit.end()
         end = end_of_statement(code, begin)
         if end is not None and BEFORE_STATEMENT.search(code, max(0, hit.start() - 200), hit.start()) \
-                and not RESERVATION.match(code, begin):
+                and not RESERVATION.match(code, begin) and not is_last_of_cases(text, begin, end):
             kind = "connection" if CONNECTION.match(code, hit.start()) else "statement"
             yield Mutant(path, kind, begin, end, ";")
 

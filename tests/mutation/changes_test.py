@@ -17,6 +17,7 @@ Panel::Panel(QWidget *parent, int count)
     connect(m_ui->button, &QPushButton::clicked, this, [this] { emit applied(m_count, 2); });
     m_ui->label->hide();
     const int width = largest(first, second);
+    const int most = std::max({first, second, third});
     if (width < 0) // never (a, b)
         reset();
     return;
@@ -81,6 +82,22 @@ class ChangesTest(unittest.TestCase):
     def test_should_leave_what_only_asks_for_memory_early(self):
         text = "void fill()\n{\n    m_list.reserve(7);\n    reserve(7);\n}\n"
         self.assertEqual(results("Panel.cpp", text, "statement"), [[";"]])
+
+    def test_should_leave_a_break_where_the_switch_ends_anyway(self):
+        text = """void show()
+{
+    switch (m_kind) {
+    case Kind::Full:
+        tell();
+        break;
+    case Kind::Empty:
+        break;
+    case Kind::Unknown:
+        break;
+    }
+}
+"""
+        self.assertEqual(len(results("Panel.cpp", text, "statement")), 3)
 
     def test_should_remove_connections(self):
         self.assertEqual(results("Panel.cpp", SOURCE, "connection"), [[";"]])

@@ -49,6 +49,49 @@ private slots:
         QVERIFY(!plan.next("anything").isTrouble());
     }
 
+    void shouldTakeNumbersUpToTheirLimitsOnly_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QStringList>("taken");
+        QTest::addColumn<QStringList>("refused");
+        const auto row = [](const char *line, const char *taken, const char *refused) {
+            QTest::newRow(line) << QString::fromLatin1(line)
+                                << QString::fromLatin1(taken).split(QLatin1Char(' '))
+                                << QString::fromLatin1(refused).split(QLatin1Char(' '));
+        };
+        row("sim fault fail %1 status", "1 2147483647", "0 -1 2147483648");
+        row("sim fault fail 1 status %1", "-1 1 2147483647", "0");
+        row("sim fault long 1 status %1", "0 100000", "-1 100001");
+        row("sim fault delay 1 status %1", "0 600000", "-1 600001");
+        row("sim fault delay 1 status %1 events", "0 600000", "-1 600001");
+        row("sim fault disconnect %1", "0 3600", "-0.1 x");
+    }
+
+    void shouldTakeNumbersUpToTheirLimitsOnly()
+    {
+        QFETCH(QString, line);
+        QFETCH(QStringList, taken);
+        QFETCH(QStringList, refused);
+        const auto answer = [&line](const QString &number) {
+            return QString::fromStdString(FaultPlan().run(line.arg(number).toStdString(), 0.0).value_or(""));
+        };
+        for (const QString &number : qAsConst(taken))
+            QCOMPARE(answer(number), QStringLiteral("sim ok"));
+        for (const QString &number : qAsConst(refused))
+            QVERIFY2(answer(number).startsWith(QLatin1String("sim err ")), qPrintable(number));
+    }
+
+    void shouldTakeAThousandFaultsAtMost()
+    {
+        FaultPlan plan;
+        for (int i = 0; i < 1000; ++i)
+            QCOMPARE(plan.run("sim fault fail 1 status", 0.0).value_or(""), std::string("sim ok"));
+        QCOMPARE(plan.run("sim fault fail 1 status", 0.0).value_or(""),
+                 std::string("sim err \"too many faults\""));
+        QVERIFY(plan.next("status").isTrouble());
+        QVERIFY(plan.pending().empty());
+    }
+
     void shouldTakeAnswersWithEveryBlank()
     {
         QCOMPARE(planOf("sim fault answer 1 a b = no ").next("a b").answer,
