@@ -22,6 +22,13 @@ struct Totals {
     int rotations = 0; ///< searches over rotations that have ended
 };
 
+/// After so many questions a search over rotations of few points is given up: hardly one set asks more, and
+/// then takes as long as all the others together.
+int patienceWithRotations()
+{
+    return TestLoad::isWholeSweep() ? 200 : 70;
+}
+
 /// Lets a search ask so often before it is cancelled.
 AssignmentSearch::GoOn questions(int count)
 {
@@ -54,7 +61,7 @@ QString difference(const SweepFamilies::Case &points, Totals &totals)
         return QStringLiteral("rival");
     if (++totals.cases % 3 != 0)
         return {};
-    const AssignmentSearch::Result rotations = search.runRotations(questions(200));
+    const AssignmentSearch::Result rotations = search.runRotations(questions(patienceWithRotations()));
     if (rotations.outcome == Outcome::Cancelled)
         return {};
     ++totals.rotations;
