@@ -15,11 +15,12 @@ AngleToolFixture::AngleToolFixture(CalibrationBench *bench, QWidget *parent)
     // The progress dialog is made anew for each calibration.
     connect(&m_hurry, &QTimer::timeout, this, [this] {
         auto *progress = findChild<CalibrationProgressDlg *>();
-        if (progress == nullptr || !progress->isVisible())
+        if (progress == nullptr || progress == m_hurried || !progress->isVisible())
             return;
-        m_hurry.stop();
+        m_hurried = progress;
         progress->setPollInterval(1ms);
     });
+    m_hurry.start(1ms);
 }
 
 QDoubleSpinBox *AngleToolFixture::spinBox(const char *name) const
@@ -70,7 +71,6 @@ int AngleToolFixture::openAndCalibrate()
 {
     return openAnd([this] {
         m_bench->host.clear();
-        m_hurry.start(1ms);
         QTest::mouseClick(button("pushButton_calibrate"), Qt::LeftButton);
     });
 }

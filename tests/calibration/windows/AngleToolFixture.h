@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -33,6 +34,7 @@ public:
 private:
     CalibrationBench *m_bench;
     QTimer m_hurry;
+    QPointer<QWidget> m_hurried;
     bool m_wasOpenAfterwards = false;
 };
 
