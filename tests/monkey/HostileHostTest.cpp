@@ -1,5 +1,6 @@
 #include "HostileHost.h"
 
+#include "TestLoad.h"
 #include "TestRegistry.h"
 
 #include <QApplication>
@@ -41,7 +42,7 @@ private slots:
         // GIVEN
         QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         const int seed = chosenNumber("ROOM_HOSTILE_SEED", int(std::random_device()() % 1000000));
-        const int steps = chosenNumber("ROOM_HOSTILE_STEPS", HOSTILE_STEPS);
+        const int steps = chosenNumber("ROOM_HOSTILE_STEPS", TestLoad::shareUnlessSanitized(HOSTILE_STEPS));
         qInfo("seed %d, %d steps", seed, steps);
         HostileHost host(unsigned(seed), steps);
         // WHEN

@@ -31,6 +31,12 @@ namespace TestLoad
     return isFull() ? count : (count + 9) / 10;
 }
 
+/// The same, where `count` is already what suits the sanitizers.
+[[nodiscard]] inline int shareUnlessSanitized(int count)
+{
+    return isSanitized() ? count : share(count);
+}
+
 /// Whether a sweep goes through all that it can.
 [[nodiscard]] inline bool isWholeSweep()
 {
