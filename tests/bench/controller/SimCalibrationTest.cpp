@@ -46,6 +46,9 @@ private slots:
     void shouldFollowACurve();
     void shouldShowTheProgressOfEachCamera();
     void shouldFailAtAFraction();
+    void shouldTakeOverTheTroubleOfItsKindWhileItRuns();
+    void shouldBeAsFarInOneLeapAsInSmallSteps_data();
+    void shouldBeAsFarInOneLeapAsInSmallSteps();
     void shouldFailAtTheEnd_data();
     void shouldFailAtTheEnd();
     void shouldClearTheErrorAtTheNextStart();
@@ -182,6 +185,61 @@ void SimCalibrationTest::shouldFailAtAFraction()
     QCOMPARE(bench.value("status step_active"), QStringLiteral("err"));
     QCOMPARE(bench.ask("velmar2 get status err"),
              QStringLiteral("velmar2 get status err 16 \"Too few markers.\""));
+}
+
+void SimCalibrationTest::shouldTakeOverTheTroubleOfItsKindWhileItRuns()
+{
+    Bench bench;
+    bench.prepare();
+    bench.start();
+    bench.controller.advance(1.0);
+    bench.tell({"sim cal reflex_scan error 0.1 \"of another kind\"", "sim cal room afterwork 3"});
+    bench.controller.advance(4.1);
+    bench.controller.advance(2.8);
+    QCOMPARE(bench.value("status active"), QStringLiteral("cal"));
+    bench.controller.advance(0.2);
+    QCOMPARE(bench.value("status active"), QStringLiteral("none"));
+    bench.start();
+    bench.controller.advance(1.0);
+    bench.tell({"sim cal room error 0.4 \"Too dark.\""});
+    bench.controller.advance(0.9);
+    QCOMPARE(bench.value("status active"), QStringLiteral("cal"));
+    bench.controller.advance(0.2);
+    QCOMPARE(bench.value("status active"), QStringLiteral("err"));
+    QVERIFY(bench.value("status err").endsWith(QLatin1String("\"Too dark.\"")));
+}
+
+void SimCalibrationTest::shouldBeAsFarInOneLeapAsInSmallSteps_data()
+{
+    QTest::addColumn<QStringList>("lines");
+    const auto row = [](const char *name, const QString &lines) {
+        QTest::newRow(name) << lines.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    };
+    row("plain", QString());
+    row("steps and pauses",
+        QStringLiteral("sim cal room steps 3;sim cal room pause 1 2 1.5;sim cal room pause 2 3 2.5"));
+    row("a stall", QStringLiteral("sim cal room stall 0.3 2;sim cal room afterwork 0.75"));
+    row("a curve", QStringLiteral("sim cal room steps 2;sim cal room curve 1 0.25 3 0.5 4 1"));
+}
+
+/// The time does not care into how many parts it is cut.
+void SimCalibrationTest::shouldBeAsFarInOneLeapAsInSmallSteps()
+{
+    QFETCH(QStringList, lines);
+    for (double leap = 0.5; leap < 25.0; leap += 1.5) {
+        Bench leaping, stepping;
+        for (Bench *bench : {&leaping, &stepping}) {
+            for (const QString &line : qAsConst(lines))
+                bench->tell({line.toLatin1().constData()});
+            bench->prepare();
+            bench->start();
+        }
+        leaping.controller.advance(leap);
+        for (int i = 0; i < 20; ++i)
+            stepping.controller.advance(leap / 20);
+        for (const char *question : {"status active", "status step_active", "status step_progress"})
+            QCOMPARE(leaping.value(question), stepping.value(question));
+    }
 }
 
 void SimCalibrationTest::shouldFailAtTheEnd_data()
