@@ -13,7 +13,7 @@ public:
     {
         m_process.start(QStringLiteral(VELMAR_CONTROLLER),
                         QStringList{QStringLiteral("--port"), QString::number(port)} + arguments);
-        if (!m_process.waitForReadyRead(10000))
+        if (!m_process.waitForReadyRead(patienceMs))
             return false;
         const QString line = QString::fromLatin1(m_process.readLine());
         m_port = line.section(QLatin1Char(':'), -1).trimmed().toUShort();
@@ -23,13 +23,15 @@ public:
     void kill()
     {
         m_process.kill();
-        m_process.waitForFinished(10000);
+        m_process.waitForFinished(patienceMs);
     }
 
     quint16 port() const { return m_port; }
     QProcess &process() { return m_process; }
 
 private:
+    static constexpr int patienceMs = 60000;
+
     QProcess m_process;
     quint16 m_port = 0;
 };

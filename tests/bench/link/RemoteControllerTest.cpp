@@ -205,14 +205,13 @@ void RemoteControllerTest::shouldFailAtOnceWhileNotConnected()
 {
     OddServer server({"velmar2 ok", "close"});
     RemoteController link(loopback, server.port());
-    link.setRetryPause(std::chrono::seconds(60));
+    // Who waited for anything would wait until the test is ended as one that hangs.
+    link.setRetryPause(std::chrono::hours(1));
+    link.setTimeout(std::chrono::hours(1));
     QVERIFY(link.open());
     QVERIFY(!link.ask("velmar2 get status active").arrived);
-    QElapsedTimer clock;
-    clock.start();
     for (int i = 0; i < 100; ++i)
         QVERIFY(!link.ask("velmar2 get status active").arrived);
-    QVERIFY(clock.elapsed() < 1000);
 }
 
 void RemoteControllerTest::shouldReconnectAfterTheServerWasKilled()

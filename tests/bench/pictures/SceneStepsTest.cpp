@@ -1,6 +1,7 @@
 #include "SceneSteps.h"
 
 #include "FakeController.h"
+#include "TestClock.h"
 #include "TestRegistry.h"
 
 #include <QComboBox>
@@ -184,7 +185,8 @@ private slots:
         QString seen;
         connect(stage.findChild<QPushButton *>("right"), &QPushButton::toggled, label,
                 [&] { seen = label->text(); });
-        QTimer::singleShot(300ms, label, [label] { label->setText("it is ready"); });
+        QTimer::singleShot(1s, label, [label] { label->setText("it is ready"); });
+        QTimer::singleShot(0, label, [] { TestClock::advance(1s); });
         // WHEN
         QVERIFY(stage.play("await label text ready\nclick right"));
         // THEN

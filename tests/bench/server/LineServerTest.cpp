@@ -15,13 +15,15 @@
 namespace
 {
 
+constexpr int patienceMs = 60000; // of who waits for a server that works
+
 class Client
 {
 public:
     explicit Client(quint16 port)
     {
         m_socket.connectToHost(QHostAddress::LocalHost, port);
-        m_socket.waitForConnected(5000);
+        m_socket.waitForConnected(patienceMs);
     }
     void send(const QByteArray &bytes)
     {
@@ -31,7 +33,7 @@ public:
     QByteArray line()
     {
         while (!m_socket.canReadLine()) {
-            if (!m_socket.waitForReadyRead(5000))
+            if (!m_socket.waitForReadyRead(patienceMs))
                 return "nothing came";
         }
         return m_socket.readLine().trimmed();
@@ -47,18 +49,12 @@ private:
     QTcpSocket m_socket;
 };
 
-/// Whether a new client is answered within five seconds; until the server has noticed that others have left,
-/// it refuses.
+/// Whether a new client is answered in the end; until the server has noticed that others have left, it
+/// refuses.
 bool isServed(quint16 port)
 {
-    QElapsedTimer clock;
-    clock.start();
-    while (clock.elapsed() < 5000) {
-        if (Client(port).ask("sim get clock") == "sim get clock real")
-            return true;
-        QTest::qWait(10);
-    }
-    return false;
+    return QTest::qWaitFor([port] { return Client(port).ask("sim get clock") == "sim get clock real"; },
+                           patienceMs);
 }
 
 } // namespace
@@ -122,7 +118,7 @@ void LineServerTest::shouldBoundTheConnections()
         Client another(server.port());
         QCOMPARE(another.line(), QByteArray("velmar2 err 50 \"too many connections\""));
         QVERIFY(another.socket().state() == QAbstractSocket::UnconnectedState ||
-                another.socket().waitForDisconnected(5000));
+                another.socket().waitForDisconnected(patienceMs));
     }
     clients.pop_back();
     QVERIFY(isServed(server.port()));
@@ -149,10 +145,10 @@ void LineServerTest::shouldLetTheIdlestGoWhenAnotherWaits()
     QCOMPARE(first.ask(question), answer);
     QCOMPARE(second.line(), QByteArray("velmar2 err 51 \"idle while others wait\""));
     QVERIFY(second.socket().state() == QAbstractSocket::UnconnectedState ||
-            second.socket().waitForDisconnected(5000));
+            second.socket().waitForDisconnected(patienceMs));
     const QByteArray note = "127.0.0.1:" + port + " has sent nothing for 0 s and has been let go";
     server.process().setReadChannel(QProcess::StandardError);
-    QVERIFY(server.process().bytesAvailable() > 0 || server.process().waitForReadyRead(5000));
+    QVERIFY(server.process().bytesAvailable() > 0 || server.process().waitForReadyRead(patienceMs));
     const QByteArray said = server.process().readLine();
     QVERIFY2(said.contains(note), said.constData());
 }
@@ -217,18 +213,17 @@ void LineServerTest::shouldOutliveAClientThatNeverReads()
     greedy.socket().setReadBufferSize(1);
     const QByteArray requests = QByteArray("velmar2 get tracking room c01\n").repeated(40000);
     greedy.send("velmar2 tracking start\nvelmar2 subscribe fr ts 6d 6dmt2 6df2\n" + requests);
-    QElapsedTimer clock;
-    clock.start();
-    while (clock.elapsed() < 500)
-        greedy.socket().waitForBytesWritten(50);
     Client other(server.port());
     QCOMPARE(other.ask("velmar2 get status active"), QByteArray("velmar2 get status active mea"));
+    QCOMPARE(other.ask("sim clock stepped"), QByteArray("sim ok"));
+    for (int minutes = 0; minutes < 30; minutes += 10)
+        QCOMPARE(other.ask("sim wait 600"), QByteArray("sim ok")); // with the records of all that time
     if (TestLoad::isSanitized())
         return; // what is freed is held back
     QFile status(QStringLiteral("/proc/%1/statm").arg(server.process().processId()));
     QVERIFY(status.open(QIODevice::ReadOnly));
     const qint64 residentPages = status.readAll().split(' ').value(1).toLongLong();
-    QVERIFY2(residentPages * 4096 < 100 * 1024 * 1024, qPrintable(QString::number(residentPages)));
+    QVERIFY2(residentPages * 4096 < 48 * 1024 * 1024, qPrintable(QString::number(residentPages)));
 }
 
 void LineServerTest::shouldRefuseControlLinesOnRequest()
@@ -265,7 +260,7 @@ void LineServerTest::shouldCloseEveryConnectionOnADisconnection()
     QCOMPARE(second.ask("sim get clock"), QByteArray("sim get clock real"));
     QCOMPARE(first.ask("sim fault disconnect 0.3"), QByteArray("sim ok"));
     QVERIFY(second.socket().state() == QAbstractSocket::UnconnectedState ||
-            second.socket().waitForDisconnected(5000));
+            second.socket().waitForDisconnected(patienceMs));
     QVERIFY(isServed(server.port()));
 }
 
@@ -276,7 +271,7 @@ void LineServerTest::shouldRefuseToStartWithAPipeAsTheScenario()
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     QProcess process;
     process.start(QStringLiteral(VELMAR_CONTROLLER), {QStringLiteral("--scenario"), pipe});
-    QVERIFY(process.waitForFinished(10000));
+    QVERIFY(process.waitForFinished(patienceMs));
     QCOMPARE(process.exitCode(), 2);
     QVERIFY(process.readAllStandardError().contains("cannot be opened: it is not a regular file"));
 }
@@ -307,7 +302,7 @@ void LineServerTest::shouldRefuseToStartWithBadArguments()
     QFETCH(QByteArray, complaint);
     QProcess process;
     process.start(QStringLiteral(VELMAR_CONTROLLER), arguments);
-    QVERIFY(process.waitForFinished(10000));
+    QVERIFY(process.waitForFinished(patienceMs));
     QCOMPARE(process.exitCode(), 2);
     QVERIFY2(process.readAllStandardError().contains(complaint), complaint.constData());
 }
