@@ -5,9 +5,9 @@
 #include "TestRegistry.h"
 #include "abcRoom.h"
 
-#include <QElapsedTimer>
 #include <QtTest>
 
+#include <ctime>
 #include <functional>
 #include <limits>
 #include <vector>
@@ -171,14 +171,14 @@ private slots:
         canvas.showYZGrid(true);
         canvas.showXZGrid(true);
         canvas.showLongAxes(true);
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t begin = std::clock();
         for (const double scale : {1e3, 1e6, 1e12, 1e300, -5.0, 0.0, std::numeric_limits<double>::quiet_NaN(),
                                    std::numeric_limits<double>::infinity()}) {
             canvas.setScaleUnit(scale);
             canvas.rotateView(30.0, 40.0, 50.0);
         }
-        QVERIFY2(timer.elapsed() < 5000, qPrintable(QString::number(timer.elapsed())));
+        const double secondsOfProcessor = double(std::clock() - begin) / CLOCKS_PER_SEC;
+        QVERIFY2(secondsOfProcessor < 5.0, qPrintable(QString::number(secondsOfProcessor)));
     }
 };
 
