@@ -4,6 +4,8 @@
 
 #include <QtTest>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -25,6 +27,46 @@ class SimMachineTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldBeginInPerfectOrder()
+    {
+        // GIVEN
+        const SimMachine machine;
+        const SimState &state = machine.state;
+        const SimRoom &room = machine.room;
+        // THEN
+        QVERIFY(state.activity == SimActivity::None && state.clock == SimClock::Real);
+        QVERIFY(state.available && state.changeable && state.angleToolSupported && !state.strict);
+        QVERIFY(!state.reference && !state.newCalibration);
+        QCOMPARE(state.errorCode, 0);
+        QCOMPARE(state.frameNumber, 0U);
+        QCOMPARE((QList<double>{state.seconds, state.extra.scaling}), (QList<double>{0.0, 1.0}));
+        for (const SimCamera &camera : room.cameras)
+            QVERIFY(camera.hasRoom && camera.progressRate == 1.0);
+        const SimTool &tool = room.tools.at(0);
+        QVERIFY(tool.tracked && tool.tipCalibrated && tool.toleranceCheck && !tool.measurement.isBusy());
+        QCOMPARE((QList<double>{tool.speedMm, tool.tremorMm, tool.durationSeconds}),
+                 (QList<double>{0.0, 0.0, 1.0}));
+        const SimDevice &device = room.devices.at(0);
+        QVERIFY(device.tracked && device.joystick == (std::vector<double>{0.0, 0.0}));
+        QCOMPARE(device.buttons.size(), std::size_t(4));
+        QVERIFY(std::none_of(device.buttons.begin(), device.buttons.end(),
+                             [](const SimButton &one) { return one.isDown(); }));
+        QVERIFY(std::none_of(tool.buttons.begin(), tool.buttons.end(),
+                             [](const SimButton &one) { return one.isDown(); }));
+        QVERIFY(room.bodies.at(0).tracked && room.angleTool.visible);
+    }
+
+    void shouldBeginACalibrationKindWithoutTrouble()
+    {
+        for (const auto &[name, kind] : SimMachine().calibration.kinds) {
+            QCOMPARE(kind.steps.size(), std::size_t(1));
+            QVERIFY(!kind.steps[0].pauseAnnounced && kind.curve.empty() && !kind.errorFraction);
+            QCOMPARE((QList<double>{kind.steps[0].pauseSeconds, kind.stallFraction, kind.stallSeconds,
+                                    kind.afterWorkSeconds}),
+                     (QList<double>{0.0, 0.0, 0.0, 1.0}));
+        }
+    }
+
     void shouldOfferTheResultOfARoomCalibration()
     {
         // GIVEN

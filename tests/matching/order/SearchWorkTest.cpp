@@ -92,6 +92,36 @@ private slots:
         QVERIFY2(std::abs(asked - questions) <= questions / 20, qPrintable(QString::number(asked)));
     }
 
+    void shouldLookForARivalAsLongAsTheSetDeserves_data()
+    {
+        QTest::addColumn<Kind>("kind");
+        QTest::addColumn<int>("count");
+        QTest::addColumn<int>("questions");
+        QTest::addColumn<bool>("exists");
+        QTest::newRow("fitting") << Kind::Fitting << 50 << 0 << false;
+        QTest::newRow("noise of the spacing") << Kind::SpacingNoise << 50 << 12 << true;
+        QTest::newRow("noise") << Kind::SomeNoise << 30 << 20 << true;
+        QTest::newRow("more noise") << Kind::SomeNoise << 50 << 16 << true;
+        QTest::newRow("half moved") << Kind::HalfMoved << 20 << 53 << false;
+        QTest::newRow("more half moved") << Kind::HalfMoved << 30 << 13 << true;
+    }
+    void shouldLookForARivalAsLongAsTheSetDeserves()
+    {
+        // GIVEN
+        QFETCH(Kind, kind);
+        QFETCH(int, count);
+        QFETCH(int, questions);
+        QFETCH(bool, exists);
+        AssignmentSearch search = searchOf(kind, count);
+        const AssignmentSearch::Result found = search.run({});
+        int asked = 0;
+        // WHEN
+        const AssignmentSearch::Rival rival = search.findRival(found, [&asked] { return ++asked < 2000; });
+        // THEN
+        QVERIFY(rival == (exists ? AssignmentSearch::Rival::Exists : AssignmentSearch::Rival::None));
+        QVERIFY2(std::abs(asked - questions) <= questions / 20, qPrintable(QString::number(asked)));
+    }
+
     /// Both ways go through all orders that may be the best.
     void shouldEndAtTheSameOrderBothWays_data()
     {
