@@ -18,15 +18,58 @@ function(room_library name)
   target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE room_options ${ARG_PRIVATE})
   room_common_properties(${name})
+  room_use_common_headers(${name})
   if(NOT ARG_NO_QT_GENERATORS)
     set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
   endif()
 endfunction()
 
+# room_common_headers(NAME LIBRARY HEADER ...): precompiles what most sources of product and bench that link this library
+# of Qt include. The clang presets read many sources together and do without.
+function(room_common_headers name library)
+  set(source ${CMAKE_BINARY_DIR}/common_headers/${name}.cpp)
+  file(CONFIGURE OUTPUT ${source} CONTENT "")
+  add_library(${name} OBJECT ${source})
+  target_link_libraries(${name} PRIVATE room_options ${library})
+  room_common_properties(${name})
+  target_precompile_headers(${name} PRIVATE ${ARGN})
+endfunction()
+
+# room_use_common_headers(TARGET): those of the largest library of Qt that it links.
+function(room_use_common_headers target)
+  if(CMAKE_CURRENT_SOURCE_DIR MATCHES "^${CMAKE_SOURCE_DIR}/tests" OR NOT CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    return()
+  endif()
+  room_links(${target} found)
+  foreach(library Widgets Core)
+    if(Qt5::${library} IN_LIST found)
+      target_precompile_headers(${target} REUSE_FROM headers_of_${library})
+      return()
+    endif()
+  endforeach()
+endfunction()
+
+# room_links(TARGET VARIABLE): all that a target links, however indirectly.
+function(room_links target variable)
+  set(found ${${variable}})
+  foreach(property LINK_LIBRARIES INTERFACE_LINK_LIBRARIES)
+    get_target_property(links ${target} ${property})
+    foreach(link ${links})
+      string(REGEX REPLACE "^\\$<LINK_ONLY:(.*)>$" "\\1" link "${link}")
+      if(TARGET ${link} AND NOT link IN_LIST found)
+        list(APPEND found ${link})
+        room_links(${link} found)
+      endif()
+    endforeach()
+  endforeach()
+  set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
 # room_exact_arithmetic(SOURCE ...): computed as it is written, without fused multiplication, and optimised in every
 # build.
 function(room_exact_arithmetic)
-  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "-ffp-contract=off;-fno-math-errno;-O3")
+  set_source_files_properties(${ARGN} PROPERTIES COMPILE_OPTIONS "-ffp-contract=off;-fno-math-errno;-O3"
+                              SKIP_PRECOMPILE_HEADERS ON)
 endfunction()
 
 # room_alone(SOURCE ...): these are not put together with others, which have names of their own for what is known in one
@@ -60,6 +103,7 @@ function(room_executable name)
   target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE room_options ${ARG_LINKS})
   room_common_properties(${name})
+  room_use_common_headers(${name})
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
 endfunction()
 
