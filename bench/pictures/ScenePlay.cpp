@@ -49,6 +49,8 @@ std::unique_ptr<ScenePlay> ScenePlay::prepare(const Scene &scene, const QString 
         BenchOptions::read(QStringList(QString()) + scene.benchOptions, error);
     if (!options)
         return nullptr;
+    // A caret that comes and goes would make another picture each time.
+    QApplication::setCursorFlashTime(0);
     if (scene.isDark)
         QApplication::setPalette(darkPalette());
     std::unique_ptr<BenchSession> session = BenchSession::open(*options, error);

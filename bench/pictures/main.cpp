@@ -32,7 +32,6 @@ int play(const QString &file, const QString &folder, int argc, char **argv)
         return fail(file + QStringLiteral(": ") + error, wrongUse);
     qputenv("QT_SCALE_FACTOR", scene->scale.toLatin1());
     const QApplication application(argc, argv);
-    QApplication::setCursorFlashTime(0);
     const std::unique_ptr<ScenePlay> play = ScenePlay::prepare(*scene, folder, &error);
     if (play == nullptr || !QDir().mkpath(folder))
         return fail(file + QStringLiteral(": ") + error, wrongUse);

@@ -76,7 +76,11 @@ private slots:
     void shouldMakeTheSamePictureEachTime()
     {
         const QString text = begin + "press Shift+F5\ntab 1\npicture fine\npress Escape\n";
+        const int flashTimeMs = QApplication::cursorFlashTime();
+        const auto restored = qScopeGuard([flashTimeMs] { QApplication::setCursorFlashTime(flashTimeMs); });
+        QApplication::setCursorFlashTime(1000);
         const Played one(text);
+        QCOMPARE(QApplication::cursorFlashTime(), 0);
         const Played other(text);
         QVERIFY(!one.picture("fine").isNull());
         QCOMPARE(one.picture("fine"), other.picture("fine"));
