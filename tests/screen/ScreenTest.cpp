@@ -96,7 +96,7 @@ private slots:
 
 private:
     static constexpr int pointCount = 6;
-    static constexpr int patienceMs = 10000;
+    static constexpr int patienceMs = 60000;
 
     /// The workpiece's nominal points, a line each: number x y z.
     static bool writeNominalPoints(ScreenUser &user, const QString &name)

@@ -6,7 +6,7 @@
 namespace
 {
 
-constexpr int patienceMs = 20000;
+constexpr int patienceMs = 60000;
 constexpr int pauseMs = 50;
 constexpr int againMs = 1000;
 const QString keyDelayMs = QStringLiteral("25");

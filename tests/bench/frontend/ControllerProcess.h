@@ -11,7 +11,7 @@ public:
     {
         m_process.start(QString::fromLatin1(CONTROLLER_PROGRAM),
                         QStringList{QStringLiteral("--port"), QStringLiteral("0")} + arguments);
-        constexpr int patienceMs = 20000;
+        constexpr int patienceMs = 60000;
         while (!m_process.canReadLine() && m_process.waitForReadyRead(patienceMs)) {
         }
         m_address = QString::fromLatin1(m_process.readLine()).trimmed().section(QLatin1Char(' '), -1);

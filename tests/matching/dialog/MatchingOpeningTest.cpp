@@ -1,5 +1,6 @@
 #include "InterfaceVersion.h"
 #include "OpenedDialog.h"
+#include "TestClock.h"
 #include "TestRegistry.h"
 #include "WheelTurn.h"
 
@@ -7,6 +8,10 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QtTest>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 class MatchingOpeningTest : public QObject
 {
@@ -465,7 +470,8 @@ void MatchingOpeningTest::shouldTellThatNoDataArrives()
     OpenedDialog opened;
     opened.run([&] {
         const auto *label = opened.find<QLabel>("label_notice");
-        QTRY_VERIFY(label->text().startsWith(QStringLiteral("No measurement data arrives")));
+        TestClock::advance(2s);
+        QVERIFY(label->text().startsWith(QStringLiteral("No measurement data arrives")));
         opened.frame(2.0, false, {0, 0, 0});
         opened.dialog().showTrackingStatus();
         QVERIFY(label->text().isEmpty());
