@@ -30,8 +30,8 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?=(?:\+\+|--|\*)?[A-Za-z_]\w*(?:::\w+|\.\w+|->\w+|\[[^\]\n]*\]|\([^()\n]*\)(?=\.|->))*"
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
-UNCHANGED = re.compile(r"(?:\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin)|\bequal)(?:<[\w:]+>)?\Z"
-                       r"|\b(?:max|min|minmax)(?:<[\w:]+>)?\(\Z")
+UNCHANGED = re.compile(r"\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin|equal|agrees\w*|\w*Agree|distance"
+                       r"|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax)(?:<[\w:]+>)?\(\Z")
 # What is looked up by its words: rows of which none fits the words of the other may stand in any order.
 REQUESTS = "std::vector<SimRequestRow>"
 PATTERN = re.compile(r'\{"([^"]+)"')

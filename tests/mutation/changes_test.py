@@ -18,6 +18,7 @@ Panel::Panel(QWidget *parent, int count)
     m_ui->label->hide();
     const int width = largest(first, second);
     const int most = std::max({first, second, third});
+    const double apart = distance(left, right);
     if (width < 0) // never (a, b)
         reset();
     return;

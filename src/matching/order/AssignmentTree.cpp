@@ -64,9 +64,6 @@ bool AssignmentTree::walk(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn)
 {
     m_visitor = &visitor;
     m_goOn = &goOn;
-    std::fill(m_order.begin(), m_order.end(), unassigned);
-    std::fill(m_referenceTaken.begin(), m_referenceTaken.end(), 0);
-    std::fill(m_measuredTaken.begin(), m_measuredTaken.end(), 0);
     Level &root = m_levels.front();
     root.moments = {};
     for (std::vector<int> &partners : root.partners) {

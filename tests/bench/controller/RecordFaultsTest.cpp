@@ -102,6 +102,19 @@ private slots:
         QVERIFY(!faults.exists("6df2"));
         QVERIFY(faults.exists("6df"));
     }
+
+    void shouldExchangeAtMostAHundredTimesAtOnceAndThenAgain()
+    {
+        // GIVEN
+        RecordFaults faults;
+        for (int i = 0; i < 101; ++i)
+            faults.swap("fr", "ts", 1); // a hundred of them are taken: as if there were none
+        // WHEN, THEN
+        QCOMPARE(lines(faults.apply(frame())), lines(frame()));
+        faults.swap("fr", "ts", 1);
+        QVERIFY(lines(faults.apply(frame())) != lines(frame()));
+        QCOMPARE(lines(faults.apply(frame())), lines(frame()));
+    }
 };
 
 ROOM_TEST_CLASS(RecordFaultsTest)

@@ -53,6 +53,7 @@ private slots:
     void shouldFailAtTheEnd();
     void shouldClearTheErrorAtTheNextStart();
     void shouldForgetTheResultWhenStopped();
+    void shouldForgetTheResultBeforeWhenStartedAnew();
     void shouldAcceptOnce();
     void shouldChangeNothingWithoutAcceptance();
     void shouldNotOfferAResultOfAReflexScan();
@@ -307,6 +308,20 @@ void SimCalibrationTest::shouldForgetTheResultWhenStopped()
     bench.start();
     QCOMPARE(bench.ask("velmar2 cal reflex_scan stop"),
              QStringLiteral("velmar2 err 22 \"another calibration is running\""));
+}
+
+void SimCalibrationTest::shouldForgetTheResultBeforeWhenStartedAnew()
+{
+    Bench bench;
+    bench.prepare();
+    bench.start();
+    bench.controller.advance(5.1);
+    bench.controller.advance(1.1);
+    QVERIFY(bench.controller.machine().state.newCalibration.has_value());
+    bench.start();
+    QCOMPARE(bench.ask("velmar2 cal room stop"), QStringLiteral("velmar2 ok"));
+    QCOMPARE(bench.ask("velmar2 roomcal accept_new_calibration"),
+             QStringLiteral("velmar2 err 31 \"no new calibration\""));
 }
 
 void SimCalibrationTest::shouldAcceptOnce()

@@ -55,6 +55,21 @@ private slots:
         QCOMPARE(tool.speedMm, 0.0);
     }
 
+    void shouldStandStillOnceItIsThere()
+    {
+        // GIVEN
+        SimRoom room = SimRoom::standard();
+        SimTool &tool = room.tools[0];
+        tool.tip = {0, 0, 0};
+        tool.target = {0, 0, 50};
+        tool.speedMm = 12.5;
+        // WHEN
+        room.move(4.0); // to the point
+        // THEN
+        QVERIFY(length(tool.tip - tool.target) < 1e-9);
+        QCOMPARE(tool.speedMm, 0.0);
+    }
+
     void shouldEndClicksAndKeepWhatIsHeld()
     {
         // GIVEN

@@ -45,6 +45,7 @@ private slots:
     void shouldNotTouchTheTransformationWithoutADialog();
     void shouldAskNothingOfAnOldController();
     void shouldNotRestoreTheTransformationOfAnotherController();
+    void shouldForgetWhatItSavedWhenPreparedAnew();
     void shouldUnsetAndRestoreAReference();
     void shouldLeaveTrackingStoppedWhenTheReferenceCannotBeUnset();
     void shouldLeaveTrackingStoppedWhenTheReferenceCannotBeRestored();
@@ -193,6 +194,23 @@ void NeutralRoomTest::shouldNotRestoreTheTransformationOfAnotherController()
     f.host.clear();
     f.versions.interfaceMajor = 0;
     f.versions.interfaceMinor = 15;
+
+    f.neutral.restoreTransformation();
+
+    QCOMPARE(f.host.calls(), QStringList());
+}
+
+void NeutralRoomTest::shouldForgetWhatItSavedWhenPreparedAnew()
+{
+    Fixture f;
+    f.host.setAnswer("tracking extra_scaling", "1.01");
+    f.neutral.prepareTransformation();
+    const BackendVersions able = f.versions;
+    f.versions.interfaceMajor = 0;
+    f.versions.interfaceMinor = 15;
+    f.neutral.prepareTransformation();
+    f.versions = able;
+    f.host.clear();
 
     f.neutral.restoreTransformation();
 

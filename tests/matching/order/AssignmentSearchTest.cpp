@@ -95,6 +95,8 @@ private slots:
     void shouldStopWhenToldSo();
     void shouldAskOftenEnough();
     void shouldStopTheSearchForARivalWhenToldSo();
+    void shouldKnowARivalWhereTwoPointsAreEqual_data();
+    void shouldKnowARivalWhereTwoPointsAreEqual();
     void shouldKeepCopiesOfTheLists();
 };
 
@@ -347,6 +349,36 @@ void AssignmentSearchTest::shouldStopTheSearchForARivalWhenToldSo()
     const AssignmentSearch::Result result = search.run({});
     QVERIFY(result.outcome == Outcome::Found);
     QVERIFY(search.findRival(result, []() { return false; }) == Rival::Cancelled);
+}
+
+void AssignmentSearchTest::shouldKnowARivalWhereTwoPointsAreEqual_data()
+{
+    QTest::addColumn<bool>("inReferences");
+    QTest::addColumn<bool>("inMeasured");
+    QTest::newRow("no") << false << false;
+    QTest::newRow("reference points") << true << false;
+    QTest::newRow("measured points") << false << true;
+    QTest::newRow("both") << true << true;
+}
+
+/// One of the two points lies far from where it is expected, so that nothing else fits as well.
+void AssignmentSearchTest::shouldKnowARivalWhereTwoPointsAreEqual()
+{
+    QFETCH(bool, inReferences);
+    QFETCH(bool, inMeasured);
+    PointSets sets(83);
+    Shuffled sample(sets, sets.box(7, 1000), 0.0);
+    if (inReferences)
+        sample.references[6] = sample.references[5];
+    if (inMeasured)
+        sample.measured[6] = sample.measured[5];
+    const PlainLoop loop(sample.references, sample.measured);
+    AssignmentSearch search(sample.references, sample.measured);
+    const AssignmentSearch::Result result = search.run({});
+    QVERIFY(result.outcome == Outcome::Found);
+    QCOMPARE(result.order, loop.order);
+    QCOMPARE(result.bestMm, loop.best);
+    QVERIFY(search.findRival(result, {}) == (inReferences || inMeasured ? Rival::Exists : Rival::None));
 }
 
 void AssignmentSearchTest::shouldKeepCopiesOfTheLists()

@@ -90,6 +90,20 @@ private slots:
         QVERIFY(!prepared.search.walk(none, [] { return false; }));
     }
 
+    void shouldBeginAnewAfterItWasEnded()
+    {
+        // GIVEN
+        PointSets sets(85);
+        const MatchingCase lists(sets, 20, 1.0);
+        Prepared prepared(lists);
+        VisitedOrders ended(2.0), visited(2.0);
+        QVERIFY(!prepared.search.walk(ended, [] { return false; }));
+        // WHEN
+        QVERIFY(prepared.search.walk(visited, {}));
+        // THEN
+        QVERIFY(!visited.orders.empty());
+    }
+
     void shouldBoundTheBestResidualFromAbove()
     {
         // GIVEN

@@ -54,6 +54,21 @@ private slots:
         QVERIFY(reading.result() == PointFileReading::Result::UnknownFormat);
     }
 
+    void shouldHaveReadTheWholeOfASmallFile()
+    {
+        for (const QByteArray &content : {QByteArray(), QByteArray("x")}) {
+            QTemporaryFile file;
+            QVERIFY(file.open());
+            file.write(content);
+            file.close();
+            PointFileReading reading(file.fileName());
+            QCOMPARE(reading.percent(), 0);
+            while (reading.doPiece()) {
+            }
+            QCOMPARE(reading.percent(), content.isEmpty() ? 0 : 100);
+        }
+    }
+
     void shouldHaveNothingToReadWithoutAFile()
     {
         PointFileReading reading(QStringLiteral("/no/such/file"));
