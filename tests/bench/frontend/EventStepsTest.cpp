@@ -100,7 +100,7 @@ private slots:
 
     void shouldNameTheStepThatDoesNotEnd()
     {
-        EventSteps steps(100ms);
+        EventSteps steps(50ms);
         QEventLoop endless;
         steps.add({QStringLiteral("endless"), [] { return true; }, [&endless] { endless.exec(); }});
         steps.add({QStringLiteral("next"), [] { return true; }, [] {}});
@@ -113,7 +113,7 @@ private slots:
 
     void shouldNameTheStepThatIsNeverReady()
     {
-        EventSteps steps(100ms);
+        EventSteps steps(50ms);
         bool isDone = false;
         steps.add({QStringLiteral("ready"), [] { return true; }, [] {}});
         steps.add({QStringLiteral("never"), [] { return false; }, [&isDone] { isDone = true; }});
