@@ -3,12 +3,40 @@
 #include "ReadingOrder.h"
 
 #include <QApplication>
+#include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
 #include <QtTest>
 
 namespace
 {
+
+/// Holds the timers of a window as long as it lives: what they enable or disable would change the way.
+class HeldTimers
+{
+public:
+    explicit HeldTimers(const QWidget &window)
+    {
+        for (QTimer *timer : window.findChildren<QTimer *>()) {
+            if (timer->isActive()) {
+                timer->stop();
+                m_timers << timer;
+            }
+        }
+    }
+    ~HeldTimers()
+    {
+        for (const QPointer<QTimer> &timer : m_timers) {
+            if (timer != nullptr)
+                timer->start();
+        }
+    }
+    Q_DISABLE_COPY(HeldTimers)
+
+private:
+    QList<QPointer<QTimer>> m_timers;
+};
 
 QString nameOf(const QWidget *widget)
 {
@@ -73,6 +101,7 @@ QList<QWidget *> stops(QWidget &window)
 
 QStringList faults(QWidget &window)
 {
+    const HeldTimers held(window);
     QList<QWidget *> way = stops(window);
     QStringList found = strayStops(window, way);
     if (way.isEmpty())

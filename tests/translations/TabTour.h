@@ -12,7 +12,8 @@ namespace TabTour
 /// The controls that the Tab key must visit, in reading order.
 QList<QWidget *> stops(QWidget &window);
 
-/// What is wrong on the way once around the window and, with Shift, once back, one sentence per fault.
+/// What is wrong on the way once around the window and, with Shift, once back, one sentence per fault. The
+/// window's timers stand still meanwhile.
 QStringList faults(QWidget &window);
 
 /// Where the keyboard focus of the window is; null where the user would not find it: on nothing, on a control

@@ -4,6 +4,7 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QTimer>
 #include <QtTest>
 
 namespace
@@ -54,6 +55,24 @@ private slots:
         row.third.hide();
         QCOMPARE(row.faults(), QStringList());
         QCOMPARE(TabTour::stops(row.window), QList<QWidget *>{&row.second});
+    }
+
+    void shouldHoldWhatChangesTheWindowMeanwhile()
+    {
+        // GIVEN
+        Row row;
+        QTimer timer(&row.window);
+        QObject::connect(&timer, &QTimer::timeout, &row.second,
+                         [&row] { row.second.setEnabled(!row.second.isEnabled()); });
+        row.window.show();
+        row.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&row.window));
+        timer.start(0);
+        // WHEN
+        const QStringList faults = TabTour::faults(row.window);
+        // THEN
+        QCOMPARE(faults, QStringList());
+        QVERIFY(timer.isActive());
     }
 
     void shouldFindAWrongOrder()
