@@ -71,6 +71,7 @@ private slots:
     void shouldSwitchEveryEntryOfTheMenuByItself_data();
     void shouldSwitchEveryEntryOfTheMenuByItself();
     void shouldStepEveryOffsetByTheUnitOfTheView();
+    void shouldFindTheDistanceOfTheViewByItsButton();
     void shouldLimitEveryEditorOfTheView();
     void shouldMoveTheViewByEveryEditorOfItsPosition();
     void shouldTurnTheViewByEveryEditorOfItsOrientation();
@@ -151,6 +152,16 @@ void FineControlsTest::shouldStepEveryOffsetByTheUnitOfTheView()
         QTest::keyClick(p.box(name), Qt::Key_Down);
         QCOMPARE(p.box(name)->value(), -1.0);
     }
+}
+
+void FineControlsTest::shouldFindTheDistanceOfTheViewByItsButton()
+{
+    FinePanel p;
+    p.widget.loadPage();
+    p.view()->setViewPosition({10.0, 20.0, -12.0});
+    p.click("w_adjustViewButton");
+    QCOMPARE(p.view()->viewPose().position().z, -900.0);
+    QCOMPARE(p.view()->viewPose().position().x, 0.0);
 }
 
 void FineControlsTest::shouldLimitEveryEditorOfTheView()
