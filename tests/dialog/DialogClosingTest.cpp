@@ -46,7 +46,6 @@ private slots:
     void shouldTakeANotANumberForAChange();
     void shouldCloseWithoutACallOfItsOwnWhileLocked();
     void shouldStopTrackingAndAskNothingWhenTheApplicationEnds();
-    void shouldBecomeTheActiveWindowWhenOpenedAgain();
     void shouldRefuseASecondOpeningUntilTheHiddenOneHasEnded();
     void shouldGoOnWhenTheHostHidesAndShowsIt();
     void shouldNotSubscribeAgainWhatWasReleasedDuringItsShowing();
@@ -293,27 +292,6 @@ void DialogClosingTest::shouldStopTrackingAndAskNothingWhenTheApplicationEnds()
     QCOMPARE(f.host.calls(),
              QStringList({"read status active", "command velmar2 tracking stop"}) + unsubscribeCalls());
     QCOMPARE(f.answer.unexpected(), QStringList());
-}
-
-void DialogClosingTest::shouldBecomeTheActiveWindowWhenOpenedAgain()
-{
-    // GIVEN
-    DialogFixture f;
-    int second = -1;
-    bool wasOther = false;
-    bool isActive = false;
-    f.open([&] {
-        QWidget other(&f.dialog, Qt::Window);
-        other.show();
-        wasOther = QTest::qWaitForWindowActive(&other);
-        // WHEN
-        second = f.dialog.update_and_exec();
-        isActive = QTest::qWaitForWindowActive(&f.dialog);
-    });
-    // THEN
-    QVERIFY(wasOther);
-    QCOMPARE(second, 0);
-    QVERIFY(isActive);
 }
 
 void DialogClosingTest::shouldRefuseASecondOpeningUntilTheHiddenOneHasEnded()

@@ -46,7 +46,6 @@ private slots:
     void shouldLeaveWithTheWindowBehindIt_data();
     void shouldLeaveWithTheWindowBehindIt();
     void shouldNotOpenInFrontOfAHiddenWindow();
-    void shouldBecomeTheActiveWindowWhenOpenedAgain();
     void shouldRefuseASecondOpeningWhileItIsLeaving();
     void shouldTellThatNoDataArrives();
     void shouldShowTheHelp();
@@ -438,18 +437,6 @@ void MatchingOpeningTest::shouldNotOpenInFrontOfAHiddenWindow()
     QVERIFY(!dialog.isVisible());
     QVERIFY(!host.calls().isEmpty());
     QCOMPARE(answers.unexpected(), QStringList());
-}
-
-void MatchingOpeningTest::shouldBecomeTheActiveWindowWhenOpenedAgain()
-{
-    OpenedDialog opened;
-    opened.run([&] {
-        QWidget other(&opened.dialog(), Qt::Window);
-        other.show();
-        QVERIFY(QTest::qWaitForWindowActive(&other));
-        QCOMPARE(opened.dialog().update_and_exec(), 0);
-        QTRY_VERIFY(opened.dialog().isActiveWindow());
-    });
 }
 
 void MatchingOpeningTest::shouldRefuseASecondOpeningWhileItIsLeaving()
