@@ -131,7 +131,7 @@ void DialogOpeningTest::shouldTakeOneRoomOfTwoForNone()
 
     f.open([&] {
         QVERIFY(!f.child<QTabWidget>("tabWidget")->isEnabled());
-        QCOMPARE(f.host.callsOf({"read"}).last(), QString("read tracking has_room c04"));
+        QCOMPARE(f.host.callsOf({"read"}).constLast(), QString("read tracking has_room c04"));
     });
 }
 
@@ -142,7 +142,7 @@ void DialogOpeningTest::shouldTakeNoRoomAnswerForNone()
 
     f.open([&] {
         QVERIFY(!f.child<QTabWidget>("tabWidget")->isEnabled());
-        QCOMPARE(f.host.callsOf({"read"}).last(), QString("read tracking room c04"));
+        QCOMPARE(f.host.callsOf({"read"}).constLast(), QString("read tracking room c04"));
     });
 }
 

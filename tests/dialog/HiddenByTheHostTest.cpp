@@ -91,7 +91,8 @@ Led::Led(const char *way, int hidingCall)
 void Led::count(const QString &line)
 {
     if (line == QLatin1String("command velmar2 cal room start")) {
-        for (QWidget *window : QApplication::topLevelWidgets())
+        const auto allWindows = QApplication::topLevelWidgets();
+        for (QWidget *window : allWindows)
             if (auto *progress = qobject_cast<CalibrationProgressDlg *>(window))
                 progress->setPollInterval(1ms);
         m_f.host.setAnswer("status active", "cal");

@@ -62,7 +62,7 @@ private slots:
         // THEN
         QVERIFY(ended);
         compareWithEverythingRestored(f);
-        QCOMPARE(f.host.callsOf({"command"}).last(), QStringLiteral("command velmar2 tracking stop"));
+        QCOMPARE(f.host.callsOf({"command"}).constLast(), QStringLiteral("command velmar2 tracking stop"));
     }
 
     void shouldEndWithTheDialogThatTheHostHides()

@@ -275,7 +275,8 @@ void RoomAdjustmentDlg2gTest::shouldNotPressAButtonByEnter()
         QTest::keyClick(f.child<QDoubleSpinBox>("doubleSpinBox_x"), Qt::Key_Return);
         QCOMPARE(f.host.calls(), QStringList());
         QVERIFY(f.dialog.isVisible());
-        for (const QPushButton *button : f.dialog.findChildren<QPushButton *>())
+        const auto buttons = f.dialog.findChildren<QPushButton *>();
+        for (const QPushButton *button : buttons)
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
     });
 }
@@ -356,7 +357,8 @@ void RoomAdjustmentDlg2gTest::shouldReportAndCarryOnWhateverFails()
         const int sequences =
             way == applyThenOk && wasAdjustable && version(major, minor) >= version(0, 16) ? 2 : 0;
         QCOMPARE(f.host.callsOf({"write"}).size(), 3 * sequences);
-        for (const QString &report : f.host.reports())
+        const auto allReports = f.host.reports();
+        for (const QString &report : allReports)
             QVERIFY2(report.startsWith("Error: "), qPrintable(report));
         calls = std::max(calls, std::min(f.host.count(), 80));
     }

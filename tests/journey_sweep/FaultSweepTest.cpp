@@ -113,7 +113,7 @@ QStringList complaintsAboutTheState(const SweptRun &baseline, std::size_t index,
     QStringList found;
     const QString allowed = leftByNonsense(QString::fromStdString(baseline.calls[index].call.text));
     for (auto it = fooled.stateAfter.begin(); it != fooled.stateAfter.end(); ++it) {
-        const QString aspect = it.key();
+        const QString &aspect = it.key();
         if (aspect != allowed && it.value() != baseline.stateAfter.value(aspect) &&
             it.value() != failed.stateAfter.value(aspect))
             found << QStringLiteral("left %1 %2").arg(aspect, it.value());

@@ -95,7 +95,8 @@ struct Census {
         Census census;
         census.timers = TimerCensus().take();
         census.widgets = QApplication::allWidgets().size();
-        for (const QWidget *window : QApplication::topLevelWidgets())
+        const auto windows = QApplication::topLevelWidgets();
+        for (const QWidget *window : windows)
             census.objects += window->findChildren<QObject *>().size();
         census.files =
             QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size();

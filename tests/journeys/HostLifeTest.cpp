@@ -24,7 +24,8 @@ constexpr std::chrono::milliseconds longerThanEveryPoll = 2s;
 int dialogs()
 {
     int count = 0;
-    for (const QWidget *widget : QApplication::allWidgets())
+    const auto widgets = QApplication::allWidgets();
+    for (const QWidget *widget : widgets)
         count += WindowGuide::classOf(widget) == QLatin1String("RoomAdjustmentDlg2g") ? 1 : 0;
     return count;
 }

@@ -42,9 +42,9 @@ QString WindowGuide::classOf(const QWidget *window)
     return window == nullptr ? QString() : QString::fromLatin1(window->metaObject()->className());
 }
 
-void WindowGuide::plan(const char *className, Treatment treatment)
+void WindowGuide::plan(const char *className, const Treatment &treatment)
 {
-    m_plans[QString::fromLatin1(className)].append(std::move(treatment));
+    m_plans[QString::fromLatin1(className)].append(treatment);
 }
 
 void WindowGuide::planAnswer(int standardButton)

@@ -25,7 +25,7 @@ public:
     ~WindowGuide() override;
 
     /// The treatment must bring the window to an end sooner or later.
-    void plan(const char *className, Treatment treatment);
+    void plan(const char *className, const Treatment &treatment);
 
     /// Presses this standard button of the next message box.
     void planAnswer(int standardButton);

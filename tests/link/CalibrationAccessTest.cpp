@@ -29,10 +29,10 @@ private slots:
         QTest::addColumn<QString>("call");
         QTest::addColumn<QString>("format");
         QTest::addColumn<QString>("report");
-        const auto row = [](const char *name, Operation operation, const char *call, const char *format,
-                            const char *report) {
-            QTest::newRow(name) << std::move(operation) << QString::fromLatin1(call)
-                                << QString::fromLatin1(format) << QString::fromLatin1(report);
+        const auto row = [](const char *name, const Operation &operation, const char *call,
+                            const char *format, const char *report) {
+            QTest::newRow(name) << operation << QString::fromLatin1(call) << QString::fromLatin1(format)
+                                << QString::fromLatin1(report);
         };
         row(
             "description", [](const CalibrationAccess &c) { (void)c.description("room"); },

@@ -55,7 +55,8 @@ QStringList exportedNames()
              {QStringLiteral("--dynamic"), QStringLiteral("--defined-only"), QStringLiteral(MODULE_LIBRARY)});
     nm.waitForFinished();
     QStringList names;
-    for (const QByteArray &line : nm.readAllStandardOutput().split('\n')) {
+    const auto lines = nm.readAllStandardOutput().split('\n');
+    for (const QByteArray &line : lines) {
         if (!line.isEmpty())
             names << QString::fromLatin1(line.mid(line.lastIndexOf(' ') + 1));
     }

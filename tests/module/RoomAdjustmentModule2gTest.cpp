@@ -15,7 +15,8 @@ namespace
 QList<QDialog *> dialogs()
 {
     QList<QDialog *> found;
-    for (QWidget *widget : QApplication::allWidgets()) {
+    const auto widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
         if (QLatin1String(widget->metaObject()->className()) == QLatin1String("RoomAdjustmentDlg2g"))
             found << static_cast<QDialog *>(widget);
     }

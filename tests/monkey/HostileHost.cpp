@@ -41,7 +41,8 @@ constexpr int largestSize = 16384;
 /// The main dialog, whatever stands before it.
 QWidget *mainDialog()
 {
-    for (QWidget *window : QApplication::topLevelWidgets()) {
+    const auto windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
         if (window->inherits("RoomAdjustmentDlg2g"))
             return window;
     }

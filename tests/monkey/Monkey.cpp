@@ -157,7 +157,8 @@ QWidget *Monkey::pick(QWidget *window)
 {
     constexpr int patience = 4; // with the main dialog, or it would hardly get anywhere
     QList<QWidget *> candidates = {window};
-    for (QWidget *child : window->findChildren<QWidget *>()) {
+    const auto children = window->findChildren<QWidget *>();
+    for (QWidget *child : children) {
         if (child->window() == window && child->isVisible() && !child->size().isEmpty())
             candidates << child;
     }

@@ -49,7 +49,8 @@ private slots:
         // THEN
         QVERIFY(QApplication::activeModalWidget() == nullptr);
         QCOMPARE(host.channel.subscriptionCount(), std::size_t(0));
-        for (const QString &report : host.reports())
+        const auto allReports = host.reports();
+        for (const QString &report : allReports)
             QVERIFY2(!report.isEmpty() && !report.contains(QLatin1Char('%')), qPrintable(report));
         adjustAsUsual(host);
         QVERIFY(host.unload());

@@ -95,7 +95,8 @@ bool hasSeen(const QByteArray &function)
 QList<QByteArray> passedWithoutAssertion(const QByteArray &log)
 {
     QList<QByteArray> functions;
-    for (const QByteArray &line : log.split('\n')) {
+    const auto lines = log.split('\n');
+    for (const QByteArray &line : lines) {
         if (!line.startsWith("PASS "))
             continue;
         const QByteArray function = firstLine(line.mid(line.indexOf("::") + 2));

@@ -3,6 +3,7 @@
 #include <QtGlobal>
 
 /// The sanitizer's own beginning; there only in programs that are linked with it.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): so it is called there
 extern "C" void __asan_init() __attribute__((weak));
 
 /// How much of a long repetition a run does.

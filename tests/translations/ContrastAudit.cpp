@@ -181,7 +181,8 @@ Texts textsOf(const QWidget *widget)
 QList<QWidget *> readableWidgets(const QWidget &window)
 {
     QList<QWidget *> found;
-    for (QWidget *widget : window.findChildren<QWidget *>()) {
+    const auto allWidgets = window.findChildren<QWidget *>();
+    for (QWidget *widget : allWidgets) {
         if (widget->isVisible() && widget->isEnabled() && widget->window() == &window)
             found << widget;
     }
@@ -247,9 +248,11 @@ void deselect(QWidget &window)
 {
     if (window.focusWidget() != nullptr)
         window.focusWidget()->clearFocus();
-    for (QLineEdit *edit : window.findChildren<QLineEdit *>())
+    const auto edits = window.findChildren<QLineEdit *>();
+    for (QLineEdit *edit : edits)
         edit->deselect();
-    for (QAbstractItemView *view : window.findChildren<QAbstractItemView *>()) {
+    const auto views = window.findChildren<QAbstractItemView *>();
+    for (QAbstractItemView *view : views) {
         if (view->selectionModel() != nullptr)
             view->clearSelection();
     }
@@ -257,7 +260,8 @@ void deselect(QWidget &window)
 
 void addFaintTexts(QWidget &window, const QWidget *widget, QStringList &faults)
 {
-    for (const Text &text : textsOf(widget)) {
+    const auto allTexts = textsOf(widget);
+    for (const Text &text : allTexts) {
         const QRect place(widget->mapTo(&window, text.place.topLeft()), text.place.size());
         const double found = contrastIn(pictureOf(window, place));
         if (found < text.least)
@@ -271,7 +275,8 @@ void addFaintTexts(QWidget &window, const QWidget *widget, QStringList &faults)
 /// The texts on the bars at their ends and half way, which the window may not have reached.
 void addFaintBars(QWidget &window, QStringList &faults)
 {
-    for (QProgressBar *bar : window.findChildren<QProgressBar *>()) {
+    const auto allBars = window.findChildren<QProgressBar *>();
+    for (QProgressBar *bar : allBars) {
         if (!bar->isVisible() || !bar->isEnabled() || bar->maximum() <= bar->minimum())
             continue;
         const int value = bar->value();
@@ -292,7 +297,8 @@ QStringList faintTexts(QWidget &window)
 {
     QStringList faults;
     deselect(window);
-    for (const QWidget *widget : readableWidgets(window))
+    const auto allWidgets = readableWidgets(window);
+    for (const QWidget *widget : allWidgets)
         addFaintTexts(window, widget, faults);
     addFaintBars(window, faults);
     faults.removeDuplicates();
@@ -302,7 +308,8 @@ QStringList faintTexts(QWidget &window)
 int textCount(QWidget &window)
 {
     int count = 0;
-    for (const QWidget *widget : readableWidgets(window))
+    const auto allWidgets = readableWidgets(window);
+    for (const QWidget *widget : allWidgets)
         count += textsOf(widget).size();
     return count;
 }

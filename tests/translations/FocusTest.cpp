@@ -76,7 +76,8 @@ private slots:
     void shouldVisitEveryControlInReadingOrder_data()
     {
         QTest::addColumn<QString>("name");
-        for (const QString &name : WindowGallery::all())
+        const auto names = WindowGallery::all();
+        for (const QString &name : names)
             QTest::newRow(qPrintable(name)) << name;
     }
 

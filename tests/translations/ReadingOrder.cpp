@@ -34,7 +34,7 @@ void addInReadingOrder(QLayout *layout, QList<QWidget *> &order)
         const int sameRow = 8;
         return std::abs(first.y() - second.y()) > sameRow ? first.y() < second.y() : first.x() < second.x();
     });
-    for (QLayoutItem *item : items) {
+    for (QLayoutItem *item : qAsConst(items)) {
         if (item->widget() != nullptr)
             addInReadingOrder(item->widget(), order);
         else if (item->layout() != nullptr)

@@ -54,7 +54,8 @@ bool isStop(const QWidget *widget)
 QStringList strayStops(const QWidget &window, const QList<QWidget *> &stops)
 {
     QStringList faults;
-    for (QWidget *widget : window.findChildren<QWidget *>()) {
+    const auto widgets = window.findChildren<QWidget *>();
+    for (QWidget *widget : widgets) {
         if (widget->window() == &window && isStop(widget) && !stops.contains(widget))
             faults << nameOf(widget) + QStringLiteral(" stands in no layout");
     }
@@ -92,7 +93,8 @@ namespace TabTour
 QList<QWidget *> stops(QWidget &window)
 {
     QList<QWidget *> found;
-    for (QWidget *widget : ReadingOrder::of(window)) {
+    const auto widgets = ReadingOrder::of(window);
+    for (QWidget *widget : widgets) {
         if (isStop(widget))
             found << widget;
     }

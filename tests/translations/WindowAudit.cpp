@@ -33,7 +33,8 @@ QString described(const QWidget *widget, const QString &fault)
 QList<QWidget *> visibleChildren(const QWidget &window)
 {
     QList<QWidget *> found;
-    for (QWidget *child : window.findChildren<QWidget *>()) {
+    const auto children = window.findChildren<QWidget *>();
+    for (QWidget *child : children) {
         if (child->isVisible() && child->window() == &window)
             found << child;
     }
@@ -116,7 +117,8 @@ Mnemonics mnemonicsOf(const QList<QAction *> &actions)
 Mnemonics mnemonicsOf(const QWidget &window)
 {
     Mnemonics found;
-    for (const QWidget *widget : visibleChildren(window)) {
+    const auto widgets = visibleChildren(window);
+    for (const QWidget *widget : widgets) {
         found << qMakePair(widget->objectName(), mnemonicOf(widget));
         if (const auto *bar = qobject_cast<const QTabBar *>(widget)) {
             for (int i = 0; i < bar->count(); ++i)
@@ -174,7 +176,8 @@ void addTexts(const QWidget *widget, QStringList &texts)
         texts << head + edit->toPlainText();
     if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
         texts << head + edit->placeholderText();
-    for (const QAction *action : widget->actions())
+    const auto allActions = widget->actions();
+    for (const QAction *action : allActions)
         texts << head + action->text();
     if (const auto *combo = qobject_cast<const QComboBox *>(widget)) {
         for (int i = 0; i < combo->count(); ++i)
@@ -197,7 +200,8 @@ namespace WindowAudit
 QStringList clippedTexts(const QWidget &window)
 {
     QStringList faults;
-    for (const QWidget *widget : visibleChildren(window)) {
+    const auto widgets = visibleChildren(window);
+    for (const QWidget *widget : widgets) {
         const QSize wanted = wantedSize(widget);
         if (wanted.isValid() && isTooSmall(widget, wanted))
             faults << described(widget, sizes(wanted, widget->size()));
@@ -216,7 +220,8 @@ QStringList mnemonicFaults(const QWidget &window)
 {
     QStringList faults;
     addMnemonicFaults(mnemonicsOf(window), faults);
-    for (const QMenu *menu : window.findChildren<QMenu *>())
+    const auto menus = window.findChildren<QMenu *>();
+    for (const QMenu *menu : menus)
         addMnemonicFaults(mnemonicsOf(menu->actions()), faults);
     return faults;
 }
@@ -224,7 +229,8 @@ QStringList mnemonicFaults(const QWidget &window)
 QStringList namelessControls(QWidget &window)
 {
     QStringList faults;
-    for (QWidget *widget : visibleChildren(window)) {
+    const auto widgets = visibleChildren(window);
+    for (QWidget *widget : widgets) {
         QAccessibleInterface *control = QAccessible::queryAccessibleInterface(widget);
         if (needsName(widget) && (control == nullptr || control->text(QAccessible::Name).isEmpty()))
             faults << described(widget, QStringLiteral("no name"));
@@ -235,7 +241,8 @@ QStringList namelessControls(QWidget &window)
 QStringList texts(QWidget &window)
 {
     QStringList found{window.windowTitle(), window.whatsThis()};
-    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+    const auto widgets = window.findChildren<QWidget *>();
+    for (const QWidget *widget : widgets) {
         if (qobject_cast<const QTabBar *>(widget->parentWidget()) ==
             nullptr) // Qt's own, which stay as they are
             addTexts(widget, found);

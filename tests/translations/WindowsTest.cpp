@@ -73,7 +73,8 @@ void addWindowsInBothLanguages()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<bool>("isGerman");
-    for (const QString &name : WindowGallery::all()) {
+    const auto allNames = WindowGallery::all();
+    for (const QString &name : allNames) {
         QTest::addRow("%s en", qPrintable(name)) << name << false;
         QTest::addRow("%s de", qPrintable(name)) << name << true;
     }

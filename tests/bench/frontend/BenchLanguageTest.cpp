@@ -28,7 +28,8 @@ QString okOfQt()
 
 QAction *actionOf(const QMenu *menu, const QString &text)
 {
-    for (QAction *action : menu->actions()) {
+    const auto allActions = menu->actions();
+    for (QAction *action : allActions) {
         if (action->text() == text)
             return action;
     }
@@ -38,7 +39,8 @@ QAction *actionOf(const QMenu *menu, const QString &text)
 /// The menu with that title in a menu bar.
 QMenu *menuOf(const QMenuBar *bar, const QString &title)
 {
-    for (const QAction *action : bar->actions()) {
+    const auto allActions = bar->actions();
+    for (const QAction *action : allActions) {
         if (action->text() == title)
             return action->menu();
     }

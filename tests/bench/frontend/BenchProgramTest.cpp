@@ -62,7 +62,8 @@ const QString scaling = QStringLiteral("tracking extra_scaling 1.00000");
 QStringList sentLines(const QString &out)
 {
     QStringList lines;
-    for (const QString &line : out.split(QLatin1Char('\n'))) {
+    const auto allLines = out.split(QLatin1Char('\n'));
+    for (const QString &line : allLines) {
         const QStringList cells = line.split(QLatin1Char('\t'));
         const QString operation = cells.value(2);
         if (operation == QLatin1String("sendCommand") || operation == QLatin1String("setParameter"))

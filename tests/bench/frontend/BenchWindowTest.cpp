@@ -22,7 +22,8 @@ namespace
 QStringList menuTitles(const BenchWindow &window)
 {
     QStringList titles;
-    for (const QAction *action : window.menuBar()->actions())
+    const auto allActions = window.menuBar()->actions();
+    for (const QAction *action : allActions)
         titles << action->text();
     return titles;
 }

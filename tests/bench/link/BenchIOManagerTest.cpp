@@ -31,7 +31,7 @@ struct Bench {
     }
 };
 
-class Recorder : public Requester
+class Recorder final : public Requester
 {
 public:
     int dataReceived(const char *kind, const char *record) override

@@ -20,7 +20,7 @@ const QString loopback = QStringLiteral("127.0.0.1");
 constexpr std::chrono::milliseconds patience{60000};
 constexpr std::chrono::milliseconds impatience{50};
 
-class Recorder : public Requester
+class Recorder final : public Requester
 {
 public:
     int dataReceived(const char *kind, const char *record) override

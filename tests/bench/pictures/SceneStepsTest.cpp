@@ -70,7 +70,8 @@ public:
     bool play(const QString &lines)
     {
         EventSteps steps(5s);
-        for (const QString &line : lines.split(QLatin1Char('\n'))) {
+        const auto allLines = lines.split(QLatin1Char('\n'));
+        for (const QString &line : allLines) {
             for (EventSteps::Step &step : m_directions.stepsOf({1, line}))
                 steps.add(std::move(step));
         }
@@ -146,7 +147,8 @@ private slots:
         QVERIFY(stage.play(line));
         // THEN
         const QWidget *widget = &stage;
-        for (const QString &part : name.split(QLatin1Char('/')))
+        const auto parts = name.split(QLatin1Char('/'));
+        for (const QString &part : parts)
             widget = widget->findChild<QWidget *>(part);
         QTRY_COMPARE(widget->property(property), value);
         QCOMPARE(stage.outcome.error, QString());

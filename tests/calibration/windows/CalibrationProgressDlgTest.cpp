@@ -401,7 +401,8 @@ private slots:
         const auto places = [&dialog] {
             QCoreApplication::sendPostedEvents();
             QList<QRect> list;
-            for (const QProgressBar *bar : dialog.findChildren<QProgressBar *>())
+            const auto bars = dialog.findChildren<QProgressBar *>();
+            for (const QProgressBar *bar : bars)
                 list.append({bar->mapTo(&dialog, QPoint(0, 0)), bar->size()});
             return list;
         };

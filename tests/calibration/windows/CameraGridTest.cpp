@@ -81,7 +81,8 @@ private slots:
         const auto places = [&shown] {
             QCoreApplication::sendPostedEvents();
             QList<QRect> rectangles;
-            for (const QWidget *bar : shown.area.widget()->findChildren<QWidget *>()) {
+            const auto bars = shown.area.widget()->findChildren<QWidget *>();
+            for (const QWidget *bar : bars) {
                 const QPoint place = bar->mapTo(shown.area.widget(), QPoint(0, 0));
                 rectangles.append(QRect(place, bar->size()));
             }

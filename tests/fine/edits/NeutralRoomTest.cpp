@@ -79,11 +79,12 @@ void NeutralRoomTest::shouldNeutraliseAndRestoreATransformation()
     f.neutral.restoreTransformation();
     QCOMPARE(
         f.host.calls(),
-        QStringList({stop,
-                     "write tracking extra_rotation 0.00000000 -1.00000000 0.00000000 1.00000000 0.00000000 "
-                     "0.00000000 0.00000000 0.00000000 1.00000000",
-                     "write tracking extra_translation 1.500 2.500 3.500",
-                     "write tracking extra_scaling 1.01000", start}));
+        QStringList(
+            {stop,
+             QString("write tracking extra_rotation 0.00000000 -1.00000000 0.00000000 1.00000000 0.00000000 "
+                     "0.00000000 0.00000000 0.00000000 1.00000000"),
+             "write tracking extra_translation 1.500 2.500 3.500", "write tracking extra_scaling 1.01000",
+             start}));
 }
 
 void NeutralRoomTest::shouldTakeSumsForNeutral()

@@ -168,7 +168,8 @@ void CooTransTest::shouldOfferThePlanesInTheMenuOfTheView()
     FinePanel p;
     const QMenu *menu = p.widget.findChild<QMenu *>();
     QStringList texts;
-    for (const QAction *action : menu->actions())
+    const auto allActions = menu->actions();
+    for (const QAction *action : allActions)
         texts << (action->isSeparator() ? QString("---") : action->text());
     QCOMPARE(texts, QStringList({"Long axes", "---", "Show XY plane", "Show YZ plane", "Show XZ plane"}));
     QVERIFY(menu->actions().at(2)->isChecked());
@@ -341,7 +342,8 @@ void CooTransTest::shouldMakeNoWindowOfWhatStandsAroundTheView()
     // THEN
     QVERIFY(p.view()->internalWinId() != 0);
     QStringList windows;
-    for (const QWidget *widget : p.widget.findChildren<QWidget *>()) {
+    const auto widgets = p.widget.findChildren<QWidget *>();
+    for (const QWidget *widget : widgets) {
         if (widget->internalWinId() != 0 && !widget->isWindow())
             windows.append(widget->objectName());
     }

@@ -128,7 +128,8 @@ void FineControlsTest::shouldSwitchEveryEntryOfTheMenuByItself()
     FinePanel p;
     QList<bool> expected{false, true, false, false};
     QCOMPARE(shown(p), expected);
-    for (QAction *action : p.widget.findChild<QMenu *>()->actions()) {
+    const auto allActions = p.widget.findChild<QMenu *>()->actions();
+    for (QAction *action : allActions) {
         if (action->text() != text)
             continue;
         action->trigger();

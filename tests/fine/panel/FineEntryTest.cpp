@@ -25,7 +25,8 @@ QLineEdit *editOf(const QWidget *box)
 QList<QDoubleSpinBox *> boxesOf(const FinePanel &panel)
 {
     QList<QDoubleSpinBox *> boxes;
-    for (QDoubleSpinBox *box : panel.widget.findChildren<QDoubleSpinBox *>()) {
+    const auto allBoxes = panel.widget.findChildren<QDoubleSpinBox *>();
+    for (QDoubleSpinBox *box : allBoxes) {
         if (box->window() == &panel.widget)
             boxes << box;
     }
@@ -62,7 +63,8 @@ void FineEntryTest::shouldTakeACommaInEveryBox()
     FinePanel p;
     p.widget.loadPage();
     QCOMPARE(boxesOf(p).size(), 13);
-    for (QDoubleSpinBox *box : boxesOf(p)) {
+    const auto allBoxes = boxesOf(p);
+    for (QDoubleSpinBox *box : allBoxes) {
         const bool isScaling = box->objectName() == "doubleSpinBox_scalingFactor";
         box->setFocus();
         box->selectAll();
@@ -78,7 +80,8 @@ void FineEntryTest::shouldTakeNoTextWithSeveralPointsInAnyBox()
 {
     FinePanel p;
     p.widget.loadPage();
-    for (QDoubleSpinBox *box : boxesOf(p)) {
+    const auto allBoxes = boxesOf(p);
+    for (QDoubleSpinBox *box : allBoxes) {
         const double before = box->value();
         box->setFocus();
         box->selectAll();

@@ -147,7 +147,7 @@ void FineSideDialogsTest::shouldKeepTheRoomNeutralAroundTheMatching()
     int before = 0;
     p.answer.then([&](QWidget *matching) {
         before = p.host.callsOf({"write"}).size();
-        QCOMPARE(p.host.callsOf({"write"}).last(), QString("write tracking reference none"));
+        QCOMPARE(p.host.callsOf({"write"}).constLast(), QString("write tracking reference none"));
         matching->close();
     });
 

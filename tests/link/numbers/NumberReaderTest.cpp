@@ -29,6 +29,8 @@ bool agrees(const QByteArray &text)
     const double expected = judge(text.constData(), &expectedEnd);
     char *end = nullptr;
     const double value = NumberReader::real(text.constData(), &end);
+    // Two zeros of different signs are different here, and a value that is no number agrees with itself.
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): so the bits are compared
     return end == expectedEnd && std::memcmp(&value, &expected, sizeof value) == 0;
 }
 

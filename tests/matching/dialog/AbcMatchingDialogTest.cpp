@@ -145,7 +145,8 @@ void AbcMatchingDialogTest::shouldNotCallTheControllerWhenBuilt()
 void AbcMatchingDialogTest::shouldNotLetEnterPressAButton()
 {
     OpenedDialog opened;
-    for (const QPushButton *button : opened.dialog().findChildren<QPushButton *>())
+    const auto buttons = opened.dialog().findChildren<QPushButton *>();
+    for (const QPushButton *button : buttons)
         QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
 }
 
@@ -179,7 +180,8 @@ void AbcMatchingDialogTest::shouldFitASmallScreen()
             opened.measure({row * 10.0, 0, 0});
         opened.dialog().resize(opened.dialog().minimumSizeHint());
         const QRect window = opened.dialog().rect();
-        for (const QAbstractButton *button : opened.dialog().findChildren<QAbstractButton *>()) {
+        const auto buttons = opened.dialog().findChildren<QAbstractButton *>();
+        for (const QAbstractButton *button : buttons) {
             const QRect place(button->mapTo(&opened.dialog(), QPoint()), button->size());
             QVERIFY2(!button->isVisible() || window.contains(place), qPrintable(button->objectName()));
         }

@@ -289,7 +289,8 @@ void ListButtonsTest::shouldSurviveItsEndInsideAQuestion()
         opened.run([&] {
             opened.measure({1, 0, 0});
             opened.addReference({1, 2, 3});
-            opened.answers().then([&](QWidget *) { QTimer::singleShot(0, [&opened] { opened.destroy(); }); });
+            opened.answers().then(
+                [&](QWidget *) { QTimer::singleShot(0, qApp, [&opened] { opened.destroy(); }); });
             opened.click(button);
         });
         opened.destroy();
@@ -482,7 +483,8 @@ void ListButtonsTest::shouldSurviveItsEndInsideAFileDialog()
         OpenedDialog opened;
         opened.run([&] {
             opened.addReference({1, 2, 3});
-            opened.answers().then([&](QWidget *) { QTimer::singleShot(0, [&opened] { opened.destroy(); }); });
+            opened.answers().then(
+                [&](QWidget *) { QTimer::singleShot(0, qApp, [&opened] { opened.destroy(); }); });
             opened.click(button);
         });
         opened.destroy();

@@ -96,7 +96,8 @@ void MatchingHelpTest::shouldNotCutItsTexts()
     MatchingHelp help;
     help.show();
     QVERIFY(QTest::qWaitForWindowExposed(&help));
-    for (const QLabel *label : help.findChildren<QLabel *>()) {
+    const auto labels = help.findChildren<QLabel *>();
+    for (const QLabel *label : labels) {
         if (label->wordWrap())
             QVERIFY2(label->height() >= label->heightForWidth(label->width()),
                      qPrintable(label->objectName()));

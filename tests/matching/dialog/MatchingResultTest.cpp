@@ -149,12 +149,12 @@ void MatchingResultTest::shouldFindTheOrderAndReportIt()
         QCOMPARE(lines.size(), 6);
         QCOMPARE(lines[0], QStringLiteral("Transformation evaluation report :"));
         QVERIFY(lines[1].startsWith(QStringLiteral("Residual error : ")));
-        QVERIFY(lines[1].mid(17).toDouble() < 1e-6);
+        QVERIFY(lines[1].midRef(17).toDouble() < 1e-6);
         const QString zero = QStringLiteral("-?0\\.00");
-        const QString pattern =
+        static const QRegularExpression first(
             QStringLiteral("^ Point 1 -> 3 : \\(%1, %1, %1\\) ; distance to reference point = 0\\.00$")
-                .arg(zero);
-        QVERIFY2(QRegularExpression(pattern).match(lines[2]).hasMatch(), qPrintable(lines[2]));
+                .arg(zero));
+        QVERIFY2(first.match(lines[2]).hasMatch(), qPrintable(lines[2]));
         QVERIFY(lines[3].startsWith(QStringLiteral(" Point 2 -> 1 : (500.00, ")));
         QVERIFY(lines[4].startsWith(QStringLiteral(" Point 3 -> 2 : (")));
         QCOMPARE(lines[5], QStringLiteral("All values are in [mm]"));
@@ -172,7 +172,8 @@ void MatchingResultTest::shouldKeepTheOrderWhenTold()
         opened.find<QCheckBox>("w_orderCheckBox")->setChecked(true);
         QCOMPARE(evaluated.count(), 1);
         QVERIFY(opened.report().contains(QStringLiteral("\n Point 1 -> 1 : ")));
-        QVERIFY(opened.report().section(QLatin1Char('\n'), 1, 1).mid(17).toDouble() > 100.0);
+        const QString residual = opened.report().section(QLatin1Char('\n'), 1, 1);
+        QVERIFY(residual.midRef(17).toDouble() > 100.0);
         QVERIFY(opened.isEnabled("w_applyButton"));
         opened.find<QCheckBox>("w_orderCheckBox")->setChecked(false);
         QVERIFY(opened.report().contains(QStringLiteral("\n Point 1 -> 3 : ")));
@@ -681,7 +682,7 @@ void MatchingResultTest::shouldSurviveItsEndDuringASearch()
     OpenedDialog opened;
     opened.run([&] {
         enter(opened, references);
-        opened.answers().then([&](QWidget *) { QTimer::singleShot(0, [&] { opened.destroy(); }); });
+        opened.answers().then([&](QWidget *) { QTimer::singleShot(0, qApp, [&] { opened.destroy(); }); });
         for (const MatchingPoint &point : measured)
             opened.measure(point);
         const AbcMatchingDialog *dialog = &opened.dialog();

@@ -20,7 +20,7 @@ struct Opened {
         measuring = std::make_unique<PointMeasuring>(&host, &versions, state, nullptr);
         state.opened(measuring->open());
         measuring->selectTool(1);
-        QObject::connect(measuring.get(), &PointMeasuring::ended,
+        QObject::connect(measuring.get(), &PointMeasuring::ended, measuring.get(),
                          [this](const TipCollector::Judgement &judgement) { ends.push_back(judgement); });
         host.clear();
     }

@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QFile>
+#include <QLineEdit>
 #include <QPointer>
 #include <QShortcut>
 #include <QTemporaryDir>

@@ -192,7 +192,7 @@ private slots:
         FileChoice choice(saves ? path("ref.txt") : path("missing.txt"));
         ModalAnswer answer;
         answer.then(std::ref(choice)).then([this](QWidget *) {
-            QTimer::singleShot(0, [this] { m_parent.reset(); });
+            QTimer::singleShot(0, qApp, [this] { m_parent.reset(); });
         });
         // WHEN
         const QString name =
@@ -285,7 +285,7 @@ private:
     /// Once the question is gone and the file dialog is in front again.
     static void cancelFileDialogLater()
     {
-        QTimer::singleShot(0, [] {
+        QTimer::singleShot(0, qApp, [] {
             if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget()))
                 dialog->reject();
             else

@@ -109,9 +109,9 @@ private slots:
         EndlessWork work;
         ModalAnswer answer;
         if (pieces > 0)
-            QTimer::singleShot(0, [this] { m_window.reset(); });
+            QTimer::singleShot(0, qApp, [this] { m_window.reset(); });
         else
-            answer.then([this](QWidget *) { QTimer::singleShot(0, [this] { m_window.reset(); }); });
+            answer.then([this](QWidget *) { QTimer::singleShot(0, qApp, [this] { m_window.reset(); }); });
         QVERIFY(!WorkProgress::doAll(work, m_window.get(), "Reading"));
         QVERIFY(!m_window);
         QVERIFY(answer.isDone());

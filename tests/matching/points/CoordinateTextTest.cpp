@@ -84,7 +84,8 @@ private slots:
         std::mt19937 random(542);
         std::uniform_int_distribution<int> thousandths(-2000000, 2000000);
         for (int trial = 0; trial < 20000; ++trial) {
-            const double middle = (10 * (thousandths(random) / 10) + 5) / 1000.0;
+            const int hundredths = thousandths(random) / 10;
+            const double middle = (10 * hundredths + 5) / 1000.0;
             for (const double value :
                  {middle, std::nextafter(middle, 1e9), std::nextafter(middle, -1e9), middle + 1e-9})
                 QVERIFY2(isAsWritten(value), qPrintable(QString::number(value, 'g', 17)));

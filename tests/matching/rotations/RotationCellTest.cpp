@@ -70,7 +70,7 @@ private slots:
         for (int trial = 0; trial < 500; ++trial) {
             const Eigen::Quaterniond wanted = randomTurn(sets);
             Eigen::Matrix3d weights;
-            const RotationCell::Matrix W = trial % 2 ? unit : positive(sets, weights);
+            const RotationCell::Matrix weighting = trial % 2 ? unit : positive(sets, weights);
             if (trial % 2)
                 weights = Eigen::Matrix3d::Identity();
             std::vector<RotationCell> cells;
@@ -80,12 +80,12 @@ private slots:
                 std::vector<RotationCell> within, halves;
                 for (const RotationCell &cell : cells) {
                     const Eigen::Vector3d v = turnBetween(turn(cell.centre()), wanted);
-                    if (v.dot(weights * v) <= cell.spread(W) * (1.0 + 1e-12))
+                    if (v.dot(weights * v) <= cell.spread(weighting) * (1.0 + 1e-12))
                         within.push_back(cell);
                 }
                 QVERIFY(!within.empty());
                 for (const RotationCell &cell : within) {
-                    for (const RotationCell &half : cell.halves(W))
+                    for (const RotationCell &half : cell.halves(weighting))
                         halves.push_back(half);
                 }
                 cells = halves;
@@ -98,10 +98,10 @@ private slots:
         PointSets sets(503);
         for (int trial = 0; trial < 300; ++trial) {
             Eigen::Matrix3d weights;
-            const RotationCell::Matrix W = positive(sets, weights);
+            const RotationCell::Matrix weighting = positive(sets, weights);
             RotationCell cell = RotationCell::all()[static_cast<std::size_t>(sets.integer(0, 3))];
             for (int depth = sets.integer(0, 9); depth > 0; --depth)
-                cell = cell.halves(W)[static_cast<std::size_t>(sets.integer(0, 1))];
+                cell = cell.halves(weighting)[static_cast<std::size_t>(sets.integer(0, 1))];
             // The centres of all parts lie in the cell.
             std::vector<RotationCell> parts = {cell};
             for (int depth = 0; depth < 6; ++depth) {
@@ -117,8 +117,8 @@ private slots:
                 const Eigen::Vector3d v = turnBetween(turn(cell.centre()), turn(part.centre()));
                 widest = std::max(widest, v.dot(weights * v));
             }
-            QVERIFY(widest <= cell.spread(W));
-            QVERIFY(widest >= 0.1 * cell.spread(W));
+            QVERIFY(widest <= cell.spread(weighting));
+            QVERIFY(widest >= 0.1 * cell.spread(weighting));
         }
     }
 };
