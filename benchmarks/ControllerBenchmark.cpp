@@ -17,14 +17,14 @@ using Milliseconds = std::chrono::duration<double, std::milli>;
 const std::string request = "velmar2 get tracking room c01";
 const QString loopback = QStringLiteral("127.0.0.1");
 
-void CommandInProcess(benchmark::State &state)
+void commandInProcess(benchmark::State &state)
 {
     SimController controller;
     for (auto _ : state)
         benchmark::DoNotOptimize(controller.answer(request));
     state.SetItemsProcessed(state.iterations());
 }
-BENCHMARK(CommandInProcess);
+BENCHMARK(commandInProcess);
 
 void echo(QTcpSocket &socket, const QByteArray &line)
 {
@@ -36,7 +36,8 @@ void echo(QTcpSocket &socket, const QByteArray &line)
 }
 
 /// Rounds of both kinds in turns, so that a busy machine hits both alike.
-void CommandOverTcpAgainstABareEcho(benchmark::State &state)
+// NOLINTNEXTLINE(readability-function-size): what is compared stands side by side
+void commandOverTcpAgainstABareEcho(benchmark::State &state)
 {
     constexpr int roundsInARow = 100;
     const ControllerThread controller;
@@ -65,9 +66,9 @@ void CommandOverTcpAgainstABareEcho(benchmark::State &state)
     state.counters["ratio"] = echoing / asking;
     BenchmarkLimits::expectAtMost(state, asking / rounds, 2.0 * echoing / rounds);
 }
-BENCHMARK(CommandOverTcpAgainstABareEcho)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
+BENCHMARK(commandOverTcpAgainstABareEcho)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
 
-void FrameWithTwentyBodies(benchmark::State &state)
+void frameWithTwentyBodies(benchmark::State &state)
 {
     constexpr std::size_t bodies = 20;
     constexpr double timesRealTime = 100.0;
@@ -84,6 +85,6 @@ void FrameWithTwentyBodies(benchmark::State &state)
     state.counters["times_real_time"] = realFrame / perFrame;
     BenchmarkLimits::expectAtMost(state, perFrame, realFrame / timesRealTime);
 }
-BENCHMARK(FrameWithTwentyBodies);
+BENCHMARK(frameWithTwentyBodies);
 
 } // namespace

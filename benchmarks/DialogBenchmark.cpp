@@ -68,7 +68,7 @@ void open(Opened &opened, const std::function<void()> &inside)
 }
 
 /// From the trigger to the first paint, on a channel that answers at once.
-void Opening(benchmark::State &state)
+void opening(benchmark::State &state)
 {
     Opened opened;
     open(opened, [] {});
@@ -83,10 +83,10 @@ void Opening(benchmark::State &state)
     }
     BenchmarkLimits::expectAtMost(state, sum / static_cast<double>(state.iterations()), longestOpening);
 }
-BENCHMARK(Opening)->Unit(benchmark::kMillisecond)->UseManualTime();
+BENCHMARK(opening)->Unit(benchmark::kMillisecond)->UseManualTime();
 
 /// One step of a box of the fine panel, with the redrawn picture, against a bare redraw.
-void SpinBoxStep(benchmark::State &state)
+void spinBoxStep(benchmark::State &state)
 {
     Opened opened;
     open(opened, [&] {
@@ -97,9 +97,9 @@ void SpinBoxStep(benchmark::State &state)
             box->stepBy(box->value() > 170.0 ? -300 : 1);
     });
 }
-BENCHMARK(SpinBoxStep)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(spinBoxStep)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-void BareRedraw(benchmark::State &state)
+void bareRedraw(benchmark::State &state)
 {
     Opened opened;
     open(opened, [&] {
@@ -110,6 +110,6 @@ void BareRedraw(benchmark::State &state)
             view->updateGL();
     });
 }
-BENCHMARK(BareRedraw)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(bareRedraw)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace

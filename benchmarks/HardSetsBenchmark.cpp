@@ -39,10 +39,10 @@ Sample blurred(PointSets &sets, int count, double noiseMm)
     return {references, sets.moved(references, noiseMm)};
 }
 
-template <int NoiseMm>
+template <int noiseMm>
 Sample noisy(PointSets &sets, int count)
 {
-    return blurred(sets, count, NoiseMm);
+    return blurred(sets, count, noiseMm);
 }
 
 Sample oneWrong(PointSets &sets, int count)
@@ -106,6 +106,7 @@ Milliseconds fitTime(const Sample &sample)
     PointOrder order(fit.references().size());
     std::iota(order.begin(), order.end(), 0);
     std::vector<Milliseconds> times;
+    times.reserve(fitSeries);
     for (int series = 0; series < fitSeries; ++series) {
         times.push_back(timeOf([&]() {
                             for (int call = 0; call < fitsPerSeries; ++call)
@@ -141,7 +142,7 @@ void searchBothWays(Times &times, const Sample &sample, PointSets &sets)
 }
 
 /// The worst of all seeds has to stay within the limit.
-void SearchOfHardPoints(benchmark::State &state, Sample (*make)(PointSets &sets, int count))
+void searchOfHardPoints(benchmark::State &state, Sample (*make)(PointSets &sets, int count))
 {
     const int count = static_cast<int>(state.range(0));
     for (auto _ : state) {
@@ -166,7 +167,7 @@ void SearchOfHardPoints(benchmark::State &state, Sample (*make)(PointSets &sets,
 }
 
 #define HARD(name, make, points, limitMs)                                                                    \
-    BENCHMARK_CAPTURE(SearchOfHardPoints, name, make)                                                        \
+    BENCHMARK_CAPTURE(searchOfHardPoints, name, make)                                                        \
         ->ArgNames({"points", "limit_ms"})                                                                   \
         ->Args({points, limitMs})                                                                            \
         ->Iterations(1)                                                                                      \

@@ -111,32 +111,32 @@ void expectShortGaps(benchmark::State &state, const std::function<void()> &work)
     }
 }
 
-void GapOfLoading(benchmark::State &state)
+void gapOfLoading(benchmark::State &state)
 {
     LongLists lists;
     expectShortGaps(state, [&lists] { lists.load(); });
 }
 
-void GapOfSaving(benchmark::State &state)
+void gapOfSaving(benchmark::State &state)
 {
     LongLists lists;
     expectShortGaps(state, [&lists] { lists.save(); });
 }
 
-void GapOfTheFirstEdit(benchmark::State &state)
+void gapOfTheFirstEdit(benchmark::State &state)
 {
     LongLists lists;
     expectShortGaps(state, [&lists] { lists.edit(); });
 }
 
-void GapOfUndoingAnEdit(benchmark::State &state)
+void gapOfUndoingAnEdit(benchmark::State &state)
 {
     LongLists lists;
     lists.edit();
     expectShortGaps(state, [&lists] { lists.editing().undo(); });
 }
 
-void GapOfRedoingAnEdit(benchmark::State &state)
+void gapOfRedoingAnEdit(benchmark::State &state)
 {
     LongLists lists;
     lists.edit();
@@ -144,26 +144,26 @@ void GapOfRedoingAnEdit(benchmark::State &state)
     expectShortGaps(state, [&lists] { lists.editing().redo(); });
 }
 
-void GapOfUndoingALoad(benchmark::State &state)
+void gapOfUndoingALoad(benchmark::State &state)
 {
     LongLists lists;
     expectShortGaps(state, [&lists] { lists.editing().undo(); });
 }
 
-void GapOfRedoingALoad(benchmark::State &state)
+void gapOfRedoingALoad(benchmark::State &state)
 {
     LongLists lists;
     lists.editing().undo();
     expectShortGaps(state, [&lists] { lists.editing().redo(); });
 }
 
-void GapOfCopying(benchmark::State &state)
+void gapOfCopying(benchmark::State &state)
 {
     LongLists lists;
     expectShortGaps(state, [&lists] { lists.editing().copyReferences(); });
 }
 
-void GapOfPasting(benchmark::State &state)
+void gapOfPasting(benchmark::State &state)
 {
     LongLists lists;
     lists.editing().copyReferences();
@@ -171,22 +171,22 @@ void GapOfPasting(benchmark::State &state)
     expectShortGaps(state, [&lists] { lists.editing().pasteReferences(); });
 }
 
-void GapOfRemovingAllMeasured(benchmark::State &state)
+void gapOfRemovingAllMeasured(benchmark::State &state)
 {
     LongLists lists;
     expectShortGaps(state, [&lists] { lists.removeMeasured(); });
 }
 
 #define GAP(name) BENCHMARK(name)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond)
-GAP(GapOfLoading);
-GAP(GapOfSaving);
-GAP(GapOfTheFirstEdit);
-GAP(GapOfUndoingAnEdit);
-GAP(GapOfRedoingAnEdit);
-GAP(GapOfUndoingALoad);
-GAP(GapOfRedoingALoad);
-GAP(GapOfCopying);
-GAP(GapOfPasting);
-GAP(GapOfRemovingAllMeasured);
+GAP(gapOfLoading);
+GAP(gapOfSaving);
+GAP(gapOfTheFirstEdit);
+GAP(gapOfUndoingAnEdit);
+GAP(gapOfRedoingAnEdit);
+GAP(gapOfUndoingALoad);
+GAP(gapOfRedoingALoad);
+GAP(gapOfCopying);
+GAP(gapOfPasting);
+GAP(gapOfRemovingAllMeasured);
 
 } // namespace

@@ -82,7 +82,7 @@ FitTimes fitTimes(int count)
     return {medianOf(fits), medianOf(closedForms)};
 }
 
-void FitAgainstClosedForm(benchmark::State &state)
+void fitAgainstClosedForm(benchmark::State &state)
 {
     const int count = static_cast<int>(state.range(0));
     for (auto _ : state) {
@@ -93,7 +93,7 @@ void FitAgainstClosedForm(benchmark::State &state)
         BenchmarkLimits::expectAtMost(state, times.fit, (count <= 10 ? 2.0 : 4.0) * times.closedForm);
     }
 }
-BENCHMARK(FitAgainstClosedForm)
+BENCHMARK(fitAgainstClosedForm)
     ->Arg(3)
     ->Arg(4)
     ->Arg(6)
@@ -126,7 +126,7 @@ Sample realistic(PointSets &sets, int count)
     return {references, sets.shuffled(sets.moved(references, noiseMm))};
 }
 
-void SearchOfRealisticPoints(benchmark::State &state)
+void searchOfRealisticPoints(benchmark::State &state)
 {
     const int count = static_cast<int>(state.range(0));
     for (auto _ : state) {
@@ -136,7 +136,7 @@ void SearchOfRealisticPoints(benchmark::State &state)
         BenchmarkLimits::expectAtMost(state, search, Milliseconds(static_cast<double>(state.range(1))));
     }
 }
-BENCHMARK(SearchOfRealisticPoints)
+BENCHMARK(searchOfRealisticPoints)
     ->ArgNames({"points", "limit_ms"})
     ->Args({10, 2})
     ->Args({12, 4})
@@ -147,7 +147,7 @@ BENCHMARK(SearchOfRealisticPoints)
     ->Unit(benchmark::kMillisecond);
 
 /// Eight points: the search, and a loop over all 40320 orders.
-void SearchAgainstLoop(benchmark::State &state)
+void searchAgainstLoop(benchmark::State &state)
 {
     const auto make = [](PointSets &sets) { return realistic(sets, 8); };
     for (auto _ : state) {
@@ -166,7 +166,7 @@ void SearchAgainstLoop(benchmark::State &state)
         BenchmarkLimits::expectAtMost(state, search, loop / 300.0);
     }
 }
-BENCHMARK(SearchAgainstLoop)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(searchAgainstLoop)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 Values cube()
 {
@@ -198,7 +198,7 @@ Values grid()
     return values;
 }
 
-void SearchOfSymmetricPoints(benchmark::State &state, Values (*shape)(), double sigmaMm)
+void searchOfSymmetricPoints(benchmark::State &state, Values (*shape)(), double sigmaMm)
 {
     for (auto _ : state) {
         const Milliseconds search = medianSearch([shape, sigmaMm](PointSets &sets) {
@@ -210,7 +210,7 @@ void SearchOfSymmetricPoints(benchmark::State &state, Values (*shape)(), double 
 }
 
 #define SYMMETRIC(name, shape, sigmaMm)                                                                      \
-    BENCHMARK_CAPTURE(SearchOfSymmetricPoints, name, shape, sigmaMm)                                         \
+    BENCHMARK_CAPTURE(searchOfSymmetricPoints, name, shape, sigmaMm)                                         \
         ->Iterations(1)                                                                                      \
         ->UseManualTime()                                                                                    \
         ->Unit(benchmark::kMillisecond)

@@ -49,7 +49,7 @@ void drawFrame(AbcGLCanvas &canvas)
     glFinish();
 }
 
-void EmptyFrame(benchmark::State &state)
+void emptyFrame(benchmark::State &state)
 {
     const auto canvas = shownCanvas(5.0);
     if (canvas == nullptr)
@@ -57,7 +57,7 @@ void EmptyFrame(benchmark::State &state)
     for (auto _ : state)
         drawFrame(*canvas);
 }
-BENCHMARK(EmptyFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
+BENCHMARK(emptyFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime()->UseRealTime();
 
 /// The empty frame's time in the same process, to compare with.
 double emptyFrameMs(AbcGLCanvas &canvas)
@@ -71,7 +71,7 @@ double emptyFrameMs(AbcGLCanvas &canvas)
     return Milliseconds(Clock::now() - begin).count() / frames;
 }
 
-void FrameWithoutGrids(benchmark::State &state)
+void frameWithoutGrids(benchmark::State &state)
 {
     const auto canvas = shownCanvas(static_cast<double>(state.range(0)));
     if (canvas == nullptr)
@@ -80,14 +80,14 @@ void FrameWithoutGrids(benchmark::State &state)
     for (auto _ : state)
         drawFrame(*canvas);
 }
-BENCHMARK(FrameWithoutGrids)
+BENCHMARK(frameWithoutGrids)
     ->Arg(5)
     ->ArgName("scaleUnit")
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime()
     ->UseRealTime();
 
-void FrameWithAllGrids(benchmark::State &state)
+void frameWithAllGrids(benchmark::State &state)
 {
     const auto canvas = shownCanvas(static_cast<double>(state.range(0)));
     if (canvas == nullptr)
@@ -102,7 +102,7 @@ void FrameWithAllGrids(benchmark::State &state)
         Milliseconds(Clock::now() - begin).count() / static_cast<double>(state.iterations());
     state.counters["times_empty"] = frameMs / emptyMs;
 }
-BENCHMARK(FrameWithAllGrids)
+BENCHMARK(frameWithAllGrids)
     ->Arg(5)
     ->Arg(100)
     ->ArgName("scaleUnit")
@@ -120,7 +120,7 @@ void sendMouse(AbcGLCanvas &canvas, QEvent::Type type, const QPoint &position)
 }
 
 /// Turns the room all around with the mouse. The mean step must fit into 1/60 second; the slowest is shown.
-void DragWithAllGrids(benchmark::State &state)
+void dragWithAllGrids(benchmark::State &state)
 {
     const auto canvas = shownCanvas(5.0);
     if (canvas == nullptr)
@@ -146,7 +146,7 @@ void DragWithAllGrids(benchmark::State &state)
     state.counters["frames_per_second"] = 1000.0 * static_cast<double>(state.iterations()) / sum.count();
     BenchmarkLimits::expectAtMost(state, sum / static_cast<double>(state.iterations()), frameAt60PerSecond);
 }
-BENCHMARK(DragWithAllGrids)
+BENCHMARK(dragWithAllGrids)
     ->Iterations(720)
     ->Unit(benchmark::kMillisecond)
     ->MeasureProcessCPUTime()
