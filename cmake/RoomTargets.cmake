@@ -92,8 +92,7 @@ function(room_common_properties name)
     endif()
   endif()
   set_target_properties(${name} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden
-                        VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF
-                        UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+                        VISIBILITY_INLINES_HIDDEN ON CXX_EXTENSIONS OFF)
 endfunction()
 
 # room_executable(NAME SOURCES ... LINKS ...)
