@@ -74,7 +74,8 @@ void GalleryRoom::tell(const QStringList &lines)
         const std::string text = line.toStdString();
         const std::string answer =
             line.startsWith(QLatin1String("sim ")) ? m_channel.control(text) : m_link.ask(text).text;
-        QVERIFY2(answer == "sim ok" || answer == "velmar2 ok", (text + ": " + answer).c_str());
+        QVERIFY2(answer == "sim ok" || answer == "velmar2 ok",
+                 qPrintable(line + ": " + QString::fromStdString(answer)));
     }
 }
 

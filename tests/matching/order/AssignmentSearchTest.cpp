@@ -39,8 +39,10 @@ struct Shuffled {
 std::vector<double> gridInRowOrder(int size)
 {
     std::vector<double> values;
-    for (int i = 0; i < size * size; ++i)
-        values.insert(values.end(), {100.0 * (i % size), 100.0 * (i / size), 0.0});
+    for (int row = 0; row < size; ++row) {
+        for (int column = 0; column < size; ++column)
+            values.insert(values.end(), {100.0 * column, 100.0 * row, 0.0});
+    }
     return values;
 }
 

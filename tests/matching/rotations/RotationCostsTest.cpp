@@ -114,8 +114,9 @@ private slots:
                     : Eigen::Quaterniond(best) *
                           Eigen::Quaterniond(Eigen::AngleAxisd(0.1, randomTurn(sets).vec().normalized()));
             const Eigen::Vector3d v = (centre.conjugate() * Eigen::Quaterniond(best)).vec();
-            const RotationCell::Matrix W = costs.turnWeights(RotationCell::matrixOf(asQuaternion(centre)));
-            const Eigen::Matrix3d weights = Eigen::Map<const Eigen::Matrix3d>(W.data());
+            const RotationCell::Matrix weighting =
+                costs.turnWeights(RotationCell::matrixOf(asQuaternion(centre)));
+            const Eigen::Matrix3d weights = Eigen::Map<const Eigen::Matrix3d>(weighting.data());
             const double loss =
                 (a - centre.toRotationMatrix() * b).squaredNorm() - (a - best * b).squaredNorm();
             const double bound = 4.0 * v.dot(weights * v);

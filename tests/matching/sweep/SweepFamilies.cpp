@@ -23,10 +23,10 @@ Values typed(Values values)
     return values;
 }
 
-template <int Sigma10>
+template <int sigma10>
 Case noisy(PointSets &sets, int count)
 {
-    return measuredWith(sets, sets.box(count, sets.uniform(100, 3000)), 0.1 * Sigma10);
+    return measuredWith(sets, sets.box(count, sets.uniform(100, 3000)), 0.1 * sigma10);
 }
 
 Case unrelated(PointSets &sets, int count)
@@ -74,8 +74,10 @@ Case circle(PointSets &sets, int count)
 Case grid(PointSets &sets, int count)
 {
     Values references;
-    for (int i = 0; i < count; ++i)
-        references.insert(references.end(), {100.0 * (i % 3), 100.0 * (i / 3), 0.0});
+    for (int i = 0; i < count; ++i) {
+        const int row = i / 3;
+        references.insert(references.end(), {100.0 * (i % 3), 100.0 * row, 0.0});
+    }
     return measuredWith(sets, sets.integer(0, 3) == 0 ? references : sets.shuffled(references),
                         sets.integer(0, 1) * 0.2);
 }
@@ -83,8 +85,10 @@ Case grid(PointSets &sets, int count)
 Case exactGrid(PointSets &sets, int count)
 {
     Values references;
-    for (int i = 0; i < count; ++i)
-        references.insert(references.end(), {100.0 * (i % 2), 100.0 * (i / 2), 0.0});
+    for (int i = 0; i < count; ++i) {
+        const int row = i / 2;
+        references.insert(references.end(), {100.0 * (i % 2), 100.0 * row, 0.0});
+    }
     return {asPoints(sets.shuffled(references)), asPoints(sets.shuffled(references))};
 }
 
