@@ -58,7 +58,8 @@ public:
 
     /// Opens the room adjustment, in it the angle tool dialog with this choice, and calibrates; `progress` is
     /// let loose on the progress dialog. Then looks at the main dialog and closes it with OK.
-    void run(const QString &model, const QString &type, std::function<void(QWidget *)> progress = nullptr)
+    void run(const QString &model, const QString &type,
+             const std::function<void(QWidget *)> &progress = nullptr)
     {
         answer.then([this](QWidget *window) {
             window->findChild<QPushButton *>(QStringLiteral("pushButton_att"))->click();
