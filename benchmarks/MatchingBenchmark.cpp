@@ -37,10 +37,10 @@ void fitOnce(const Sample &sample)
 {
     double transform[16];
     double rms = 0.0;
-    const double *A = sample.references.data(), *B = sample.measured.data();
-    if (trafo3d_3trafo(transform, A, B) == 0)
-        (void)trafo3d_opttrafo(transform, nullptr, A, B, static_cast<int>(sample.references.size() / 3),
-                               &rms);
+    const double *fixed = sample.references.data(), *moving = sample.measured.data();
+    if (trafo3d_3trafo(transform, fixed, moving) == 0)
+        (void)trafo3d_opttrafo(transform, nullptr, fixed, moving,
+                               static_cast<int>(sample.references.size() / 3), &rms);
     benchmark::DoNotOptimize(transform);
     benchmark::DoNotOptimize(rms);
 }
@@ -48,8 +48,9 @@ void fitOnce(const Sample &sample)
 void closedFormOnce(const Sample &sample)
 {
     const auto count = static_cast<Eigen::Index>(sample.references.size() / 3);
-    const PointMap A(sample.references.data(), 3, count), B(sample.measured.data(), 3, count);
-    Eigen::Matrix4d transform = Eigen::umeyama(B, A, false);
+    const PointMap fixed(sample.references.data(), 3, count);
+    const PointMap moving(sample.measured.data(), 3, count);
+    Eigen::Matrix4d transform = Eigen::umeyama(moving, fixed, false);
     benchmark::DoNotOptimize(transform);
 }
 
@@ -186,12 +187,12 @@ Values circle()
 }
 
 /// Row by row, but for the third and the last point: the first three must not be on a line.
-template <int Size>
+template <int size>
 Values grid()
 {
     Values values;
-    for (int row = 0; row < Size; ++row) {
-        for (int column = 0; column < Size; ++column)
+    for (int row = 0; row < size; ++row) {
+        for (int column = 0; column < size; ++column)
             values.insert(values.end(), {100.0 * column, 100.0 * row, 0.0});
     }
     std::swap_ranges(values.begin() + 6, values.begin() + 9, values.end() - 3);
