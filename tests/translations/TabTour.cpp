@@ -18,7 +18,8 @@ class HeldTimers
 public:
     explicit HeldTimers(const QWidget &window)
     {
-        for (QTimer *timer : window.findChildren<QTimer *>()) {
+        const auto timers = window.findChildren<QTimer *>();
+        for (QTimer *timer : timers) {
             if (timer->isActive()) {
                 timer->stop();
                 m_timers << timer;
@@ -27,7 +28,7 @@ public:
     }
     ~HeldTimers()
     {
-        for (const QPointer<QTimer> &timer : m_timers) {
+        for (const QPointer<QTimer> &timer : qAsConst(m_timers)) {
             if (timer != nullptr)
                 timer->start();
         }
