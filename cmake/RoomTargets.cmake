@@ -2,6 +2,10 @@
 
 include(CMakeParseArguments)
 
+get_target_property(moc Qt5::moc IMPORTED_LOCATION)
+set(ROOM_MOC ${CMAKE_BINARY_DIR}/moc-alone)
+configure_file(${CMAKE_CURRENT_LIST_DIR}/moc-alone.in ${ROOM_MOC} @ONLY)
+
 add_library(room_options INTERFACE)
 target_compile_features(room_options INTERFACE cxx_std_17)
 target_compile_definitions(room_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH)
@@ -20,7 +24,7 @@ function(room_library name)
   room_common_properties(${name})
   room_use_common_headers(${name})
   if(NOT ARG_NO_QT_GENERATORS)
-    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOMOC_EXECUTABLE ${ROOM_MOC})
   endif()
 endfunction()
 
@@ -103,7 +107,7 @@ function(room_executable name)
   target_link_libraries(${name} PRIVATE room_options ${ARG_LINKS})
   room_common_properties(${name})
   room_use_common_headers(${name})
-  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON)
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTOMOC_EXECUTABLE ${ROOM_MOC})
 endfunction()
 
 # room_use_test_headers(TARGET ...): what testlib has precompiled serves these targets, too. The compiler refuses it
