@@ -40,6 +40,7 @@ class SimCalibrationTest : public QObject
 private slots:
     void shouldGrowLinearlyAndEndAfterTheAfterWork();
     void shouldTakeAsLongForTheAfterWorkAsItIsTold();
+    void shouldGiveEachStepTheToldDuration();
     void shouldMakeThePausesBetweenTheSteps();
     void shouldHoldTheProgressInAStall();
     void shouldStallAtOnceWhenTheFractionIsPassed();
@@ -93,6 +94,19 @@ void SimCalibrationTest::shouldTakeAsLongForTheAfterWorkAsItIsTold()
     QCOMPARE(bench.value("status active"), QStringLiteral("cal"));
     bench.controller.advance(0.6);
     QCOMPARE(bench.value("status active"), QStringLiteral("none"));
+}
+
+void SimCalibrationTest::shouldGiveEachStepTheToldDuration()
+{
+    Bench bench;
+    bench.tell({"sim cal reflex_scan steps 2", "sim cal reflex_scan duration 1.5"});
+    QCOMPARE(bench.value("cal step_duration reflex_scan s01"), QStringLiteral("1.500"));
+    QCOMPARE(bench.value("cal step_duration reflex_scan s02"), QStringLiteral("1.500"));
+    QCOMPARE(bench.ask("velmar2 cal reflex_scan start"), QStringLiteral("velmar2 ok"));
+    bench.controller.advance(1.4);
+    QCOMPARE(bench.value("status step_active"), QStringLiteral("cal 1"));
+    bench.controller.advance(0.2);
+    QCOMPARE(bench.value("status step_active"), QStringLiteral("cal 2"));
 }
 
 void SimCalibrationTest::shouldMakeThePausesBetweenTheSteps()
