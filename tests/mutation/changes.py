@@ -31,7 +31,11 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
 UNCHANGED = re.compile(r"\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin|equal|agrees\w*|\w*Agree|distance"
-                       r"|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax)(?:<[\w:]+>)?\(\Z")
+                       r"|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax|squaredLength)(?:<[\w:]+>)?\(\Z"
+                       r"|\bsquaredLength\((?:difference|crossProduct)\Z")
+# Of two texts of which is only asked whether they begin alike, each may be the first.
+TEXTS_COMPARED = re.compile(r"\bstrn?cmp\Z")
+ONLY_EQUALITY = re.compile(r"\)\s*[!=]= 0(?![\w.])")
 # What is looked up by its words: rows of which none fits the words of the other may stand in any order.
 REQUESTS = "std::vector<SimRequestRow>"
 PATTERN = re.compile(r'\{"([^"]+)"')
@@ -121,7 +125,9 @@ def arguments(path, text, code):
         if any(not part or PARAMETER.match(part) for part in texts):
             continue
         is_lookup = REQUESTS in text
-        for left, right in zip(range(len(parts)), range(1, len(parts))):
+        fixed = 1 if TEXTS_COMPARED.search(code, max(0, hit.start() - 40), hit.start()) \
+            and ONLY_EQUALITY.match(code, parts[-1][1]) else 0
+        for left, right in zip(range(fixed, len(parts)), range(fixed + 1, len(parts))):
             if texts[left] != texts[right] and not (is_lookup and are_apart(texts[left], texts[right])):
                 begin, end = parts[left][0], parts[right][1]
                 begin += len(text[begin:end]) - len(text[begin:end].lstrip())

@@ -60,6 +60,20 @@ class ChangesTest(unittest.TestCase):
             ["connect(m_ui->button, &QPushButton::clicked, this, [this] { emit applied(2, m_count); });"],
             ["const int width = largest(second, first);"]])
 
+    def test_should_leave_arguments_in_place_whose_order_does_not_count(self):
+        text = """bool judge()
+{
+    const double length = squaredLength({x, y, z}) + squaredLength(difference(to, from));
+    if (std::strcmp(left, right) < 0)
+        return std::strncmp(text, word, size) == 0;
+    return squaredLength(centre(first, second)) > 0.0;
+}
+"""
+        self.assertEqual(results("Judge.cpp", text, "arguments"), [
+            ["if (std::strcmp(right, left) < 0)"],
+            ["return std::strncmp(text, size, word) == 0;"],
+            ["return squaredLength(centre(second, first)) > 0.0;"]])
+
     def test_should_leave_rows_in_place_of_which_no_line_fits_both(self):
         text = """std::vector<SimRequestRow> lines()
 {
