@@ -17,7 +17,8 @@ constexpr double betterBy = 3.0;
 /// Below this share of the largest product of inertias a set counts as a line.
 constexpr double smallestDeterminant = 1e-9;
 
-using Inertia = std::array<std::array<double, 3>, 3>;
+/// A symmetric matrix, row by row.
+using Inertia = std::array<MatchingPoint, 3>;
 
 MatchingPoint farthestCorner(const MatchingPoints &points, const MatchingPoint &centre)
 {
@@ -47,35 +48,20 @@ Inertia inertiaOf(const MatchingPoints &points, const MatchingPoint &centre)
     return inertia;
 }
 
-double cofactor(const Inertia &matrix, std::size_t row, std::size_t column)
-{
-    const std::size_t nextRow = (row + 1) % 3;
-    const std::size_t lastRow = (row + 2) % 3;
-    const std::size_t nextColumn = (column + 1) % 3;
-    const std::size_t lastColumn = (column + 2) % 3;
-    return matrix[nextRow][nextColumn] * matrix[lastRow][lastColumn] -
-           matrix[nextRow][lastColumn] * matrix[lastRow][nextColumn];
-}
-
 /// The sum of d_k^2 / f_k^2 over the principal axes for a point at `arm` from the centre, by the inverse J of
 /// the inertia: |arm|^2 trace(J) - arm^T J arm. Missing when the points lie on a line.
 std::optional<double> leverage(const Inertia &inertia, const MatchingPoint &arm)
 {
-    const double determinant = inertia[0][0] * cofactor(inertia, 0, 0) +
-                               inertia[0][1] * cofactor(inertia, 0, 1) +
-                               inertia[0][2] * cofactor(inertia, 0, 2);
-    const double trace = inertia[0][0] + inertia[1][1] + inertia[2][2];
+    const auto &[x, y, z] = inertia;
+    const Inertia adjugate = {crossProduct(y, z), crossProduct(z, x), crossProduct(x, y)};
+    const double determinant = dotProduct(x, adjugate[0]);
+    const double trace = x[0] + y[1] + z[2];
     if (!(determinant > smallestDeterminant * trace * trace * trace))
         return std::nullopt;
-    const double square = squaredLength(arm);
     double sum = 0.0;
-    for (std::size_t row = 0; row < 3; ++row) {
-        for (std::size_t column = 0; column < 3; ++column) {
-            const double share = (row == column ? square : 0.0) - arm[row] * arm[column];
-            sum += share * cofactor(inertia, row, column) / determinant;
-        }
-    }
-    return sum;
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        sum += squaredLength(arm) * adjugate[axis][axis] - arm[axis] * dotProduct(adjugate[axis], arm);
+    return sum / determinant;
 }
 
 std::optional<FitTrust::Expected> expectedErrors(const MatchingPoints &references, double rmsMm)
@@ -97,7 +83,9 @@ std::optional<double> rmsWithout(std::size_t pair, MatchingPoints fixed, Matchin
 {
     fixed.erase(fixed.begin() + static_cast<std::ptrdiff_t>(pair));
     moving.erase(moving.begin() + static_cast<std::ptrdiff_t>(pair));
-    double transform[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    double transform[16] = {};
+    for (std::size_t i = 0; i < 4; ++i)
+        transform[5 * i] = 1.0;
     double rmsMm = 0.0;
     if (trafo3d_opttrafo(transform, nullptr, fixed.front().data(), moving.front().data(),
                          static_cast<int>(fixed.size()), &rmsMm) != 0)
