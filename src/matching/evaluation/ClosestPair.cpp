@@ -73,15 +73,14 @@ public:
                 return;
             const double apartMm = distance(m_points[place.index], m_points[other->index]);
             if (apartMm < m_belowMm)
-                take(place.index, other->index, apartMm);
+                take(std::minmax(place.index, other->index), apartMm);
         }
     }
 
 private:
-    void take(std::size_t left, std::size_t right, double apartMm)
+    void take(const std::pair<std::size_t, std::size_t> &places, double apartMm)
     {
-        m_pair = ClosestPair{static_cast<int>(std::min(left, right)), static_cast<int>(std::max(left, right)),
-                             apartMm};
+        m_pair = ClosestPair{static_cast<int>(places.first), static_cast<int>(places.second), apartMm};
         m_belowMm = apartMm;
     }
 

@@ -123,7 +123,7 @@ double SetHints::valueOf(Factor factor)
 {
     switch (factor) {
     case Factor::None:
-        return 1.0;
+        break;
     case Factor::Ten:
         return 10.0;
     case Factor::Inch:

@@ -114,16 +114,22 @@ void EvaluationThreadTest::shouldGoOnWithLongListsInTheirOrder()
     std::vector<MatchingEvaluation> results;
     connect(&run, &EvaluationThread::finished, this,
             [&](const MatchingEvaluation &evaluation) { results.push_back(evaluation); });
-    constexpr std::size_t count = 20000;
-    const MatchingPoints list = points(count, 1);
-    QVERIFY(!run.start(list, list, Order::Preserved));
+    constexpr std::size_t count = 10001;
+    MatchingPoints list = points(count, 1), measured = list;
+    for (MatchingPoint &point : measured)
+        point[0] += 500.0;
+    QVERIFY(!run.start(list, measured, Order::Preserved));
     QVERIFY(run.isRunning());
     QTRY_COMPARE(results.size(), std::size_t{1});
     QCOMPARE(results.front().outcome, Outcome::Matched);
     QCOMPARE(results.front().order.size(), count);
+    QVERIFY(std::abs(results.front().mapped.front()[0] - list.front()[0]) < 1e-6);
     // What is refused is told at once.
     QCOMPARE(run.start(list, points(count + 1, 1), Order::Preserved)->outcome, Outcome::CountsDiffer);
     QCOMPARE(run.start(list, list, Order::Searched)->outcome, Outcome::TooManyPoints);
+    // So is a list that is only just not long.
+    list.pop_back();
+    QCOMPARE(run.start(list, list, Order::Preserved)->outcome, Outcome::Matched);
 }
 
 void EvaluationThreadTest::shouldForgetACancelledRun()

@@ -5,6 +5,7 @@
 
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -49,6 +50,7 @@ private slots:
     void shouldHandOutTheRoomFromTheReference();
     void shouldNameTheWorstPair_data();
     void shouldNameTheWorstPair();
+    void shouldMeasureTheWorstPairByTheMedian();
     void shouldNotNameAWorstPairForRounding();
     void shouldSayWhenAnotherOrderFits();
     void shouldNotLookForOtherOrdersInTableOrder();
@@ -58,7 +60,12 @@ private slots:
 void MatchingEvaluationTest::shouldNeedThreeReferencePoints()
 {
     QVERIFY(evaluated({}, {}).outcome == Outcome::NotEnoughPoints);
-    QVERIFY(evaluated({{0, 0, 0}, {1, 0, 0}}, corner).outcome == Outcome::NotEnoughPoints);
+    const MatchingEvaluation evaluation = evaluated({{0, 0, 0}, {1, 0, 0}}, corner);
+    QVERIFY(evaluation.outcome == Outcome::NotEnoughPoints);
+    QCOMPARE(evaluation.rmsMm, 0.0);
+    QCOMPARE(evaluation.code, 0);
+    QCOMPARE(evaluation.worstPair, -1);
+    QVERIFY(!evaluation.otherOrderFits && !evaluation.otherOrdersUnknown);
 }
 
 void MatchingEvaluationTest::shouldNeedAsManyMeasuredPoints()
@@ -212,6 +219,32 @@ void MatchingEvaluationTest::shouldNameTheWorstPair()
     measured[4][2] += offMm;
     QCOMPARE(evaluated(asPoints(values), measured).worstPair, worst);
     QCOMPARE(evaluated(asPoints(values), measured, Order::Preserved).worstPair, worst);
+}
+
+/// Where the points lie in the lists, and whether their number is even or odd, does not count.
+void MatchingEvaluationTest::shouldMeasureTheWorstPairByTheMedian()
+{
+    PointSets sets(98);
+    int named = 0, unnamed = 0;
+    for (int trial = 0; trial < 300; ++trial) {
+        const std::vector<double> values = sets.box(sets.integer(4, 9), 1000);
+        MatchingPoints measured = asPoints(values);
+        for (MatchingPoint &point : measured)
+            point[2] += sets.noise(sets.integer(0, 2) == 0 ? 10.0 : 0.5);
+        const MatchingEvaluation evaluation = evaluated(asPoints(values), measured, Order::Preserved);
+        std::vector<double> ascending = evaluation.distancesMm;
+        std::sort(ascending.begin(), ascending.end());
+        const std::size_t half = ascending.size() / 2;
+        const double median =
+            ascending.size() % 2 == 1 ? ascending[half] : (ascending[half - 1] + ascending[half]) / 2.0;
+        const bool standsOut = ascending.back() > 3.0 * median;
+        QCOMPARE(evaluation.worstPair >= 0, standsOut);
+        if (standsOut)
+            QCOMPARE(evaluation.distancesMm[static_cast<std::size_t>(evaluation.worstPair)],
+                     ascending.back());
+        ++(standsOut ? named : unnamed);
+    }
+    QVERIFY(named > 30 && unnamed > 30);
 }
 
 void MatchingEvaluationTest::shouldNotNameAWorstPairForRounding()

@@ -58,6 +58,7 @@ private slots:
     void shouldNotTakeForMirroredWhatFitsBothWays();
     void shouldFindAPointThatWasMeasuredTwice();
     void shouldLeavePointsAloneThatAreMeantToBeClose();
+    void shouldNotTakeARepeatedReferencePointForACloseOne();
     void shouldCountTheRowsThatAreStillZero();
     void shouldSayNothingOfCoordinatesThatAreNotFinite();
     void shouldKnowTheValuesOfTheFactors();
@@ -214,6 +215,16 @@ void SetHintsTest::shouldLeavePointsAloneThatAreMeantToBeClose()
     measured[3] = {500, 0.1, 0};
     QCOMPARE(SetHints::of(references, measured).sameMeasured, 2);
     QCOMPARE(SetHints::of(references, measured).sameMeasuredToo, 3);
+}
+
+void SetHintsTest::shouldNotTakeARepeatedReferencePointForACloseOne()
+{
+    const MatchingPoints measured = {{0, 0, 0}, {500, 0, 0}, {0, 700, 0}, {0, 700, 1}, {0, 0, 900}};
+    MatchingPoints references = {{10, 0, 0}, {500, 0, 0}, {10, 0, 0}, {0, 700, 0}, {10, 0, 0}};
+    QCOMPARE(SetHints::of(references, measured).sameMeasured, 2);
+    QCOMPARE(SetHints::of(references, measured).sameMeasuredToo, 3);
+    references[2] = {10, 0, 1.5};
+    QCOMPARE(SetHints::of(references, measured).sameMeasured, -1);
 }
 
 void SetHintsTest::shouldCountTheRowsThatAreStillZero()
