@@ -197,6 +197,9 @@ void MatchingStateTest::shouldTakeRecordsOnlyWhileItIsOpen()
     state.opened(surveyOf(Verdict::Ready));
     QVERIFY(state.takesRecords());
     QCOMPARE(state.toolCount(), 2);
+    state.beginOpening();
+    QVERIFY(!state.takesRecords());
+    state.opened(surveyOf(Verdict::Ready));
     state.closed();
     QVERIFY(!state.takesRecords());
     QVERIFY(!openState(Verdict::NotAvailable).takesRecords());
