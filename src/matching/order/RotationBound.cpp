@@ -24,15 +24,11 @@ struct Invariants {
 
 Invariants invariantsOf(const std::array<double, 9> &m)
 {
-    const double c[9] = {m[4] * m[8] - m[5] * m[7], m[5] * m[6] - m[3] * m[8], m[3] * m[7] - m[4] * m[6],
-                         m[2] * m[7] - m[1] * m[8], m[0] * m[8] - m[2] * m[6], m[1] * m[6] - m[0] * m[7],
-                         m[1] * m[5] - m[2] * m[4], m[2] * m[3] - m[0] * m[5], m[0] * m[4] - m[1] * m[3]};
-    Invariants result{0.0, 0.0, m[0] * c[0] + m[1] * c[1] + m[2] * c[2]};
-    for (std::size_t i = 0; i < 9; ++i) {
-        result.frobenius += m[i] * m[i];
-        result.adjugate += c[i] * c[i];
-    }
-    return result;
+    const MatchingPoint x = {m[0], m[1], m[2]}, y = {m[3], m[4], m[5]}, z = {m[6], m[7], m[8]};
+    const MatchingPoint normal = crossProduct(y, z);
+    return {squaredLength(x) + squaredLength(y) + squaredLength(z),
+            squaredLength(normal) + squaredLength(crossProduct(z, x)) + squaredLength(crossProduct(x, y)),
+            dotProduct(x, normal)};
 }
 
 double powerOfTwoAbove(double value)
