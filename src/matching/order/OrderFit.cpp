@@ -10,10 +10,11 @@ namespace
 
 constexpr int triplesBetweenQuestions = 20000;
 
-bool triplesAllowStart(const double *references, const double *measured)
+/// A start fails by either triple alone.
+bool allowsStart(const double *triple)
 {
     double transform[16];
-    return trafo3d_3trafo(transform, references, measured) == 0;
+    return trafo3d_3trafo(transform, triple, triple) == 0;
 }
 
 } // namespace
@@ -22,6 +23,7 @@ OrderFit::OrderFit(MatchingPoints references, MatchingPoints measured)
     : m_references(std::move(references))
     , m_measured(std::move(measured))
     , m_ordered(m_measured)
+    , m_referencesAllowStart(allowsStart(m_references.front().data()))
 {
 }
 
@@ -43,17 +45,12 @@ bool OrderFit::canStart(const PointOrder &order) const
 {
     const MatchingPoint triple[3] = {at(m_measured, order[0]), at(m_measured, order[1]),
                                      at(m_measured, order[2])};
-    return triplesAllowStart(m_references.front().data(), triple[0].data());
-}
-
-bool OrderFit::referencesAllowStart() const
-{
-    return triplesAllowStart(m_references.front().data(), m_references.front().data());
+    return m_referencesAllowStart && allowsStart(triple[0].data());
 }
 
 OrderFit::Start OrderFit::anyStart(const OrderVisitor::GoOn &goOn) const
 {
-    if (!referencesAllowStart())
+    if (!m_referencesAllowStart)
         return Start::Impossible;
     const int count = static_cast<int>(m_measured.size());
     int asked = 0;
@@ -80,7 +77,7 @@ bool OrderFit::anyThird(int first, int second) const
     const MatchingPoint u = difference(q, p);
     for (int third = 0; third < static_cast<int>(m_measured.size()); ++third) {
         const MatchingPoint &r = at(m_measured, third);
-        const bool noNormal = crossProduct(u, difference(r, p)) == MatchingPoint{0.0, 0.0, 0.0};
+        const bool noNormal = crossProduct(u, difference(r, p)) == MatchingPoint{};
         if (!noNormal && canStart({first, second, third}))
             return true;
     }

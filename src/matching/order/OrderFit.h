@@ -28,7 +28,7 @@ public:
     [[nodiscard]] bool canStart(const PointOrder &order) const;
 
     /// False if the first three reference points allow no start, whatever is measured.
-    [[nodiscard]] bool referencesAllowStart() const;
+    [[nodiscard]] bool referencesAllowStart() const { return m_referencesAllowStart; }
 
     enum class Start { Possible, Impossible, Cancelled };
 
@@ -45,4 +45,5 @@ private:
     MatchingPoints m_references;
     MatchingPoints m_measured;
     MatchingPoints m_ordered;
+    bool m_referencesAllowStart;
 };

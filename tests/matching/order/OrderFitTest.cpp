@@ -65,6 +65,7 @@ private slots:
         // WHEN, THEN
         QVERIFY(!fit.canStart({0, 1, 2, 3}));
         QVERIFY(fit.canStart({0, 1, 3, 2}));
+        QVERIFY(!OrderFit(onALine(4), corner).canStart({0, 1, 2, 3}));
     }
 
     void shouldSayWhetherAnyOrderCanStart()
@@ -94,6 +95,36 @@ private slots:
         // THEN
         QVERIFY(start == OrderFit::Start::Cancelled);
         QCOMPARE(questions, 2);
+    }
+
+    /// 200 triples are looked at together, so that 20200 lie between two questions.
+    void shouldAskAfterAsManyTriplesEachTime()
+    {
+        // GIVEN
+        MatchingPoints references = corner;
+        references.resize(200);
+        const OrderFit fit(references, onALine(200));
+        int questions = 0;
+        // WHEN
+        const OrderFit::Start start = fit.anyStart([&questions] { return ++questions > 0; });
+        // THEN
+        QVERIFY(start == OrderFit::Start::Impossible);
+        QCOMPARE(questions, 200 * 200 * 200 / 20200);
+    }
+
+    void shouldFindTheOnlyTripleThatAllowsAStart()
+    {
+        // GIVEN
+        MatchingPoints references = corner;
+        references.resize(30);
+        for (std::size_t place = 0; place < references.size(); ++place) {
+            MatchingPoints measured(30, MatchingPoint{7, 8, 9});
+            measured[place] = {7, 8, 1};
+            QVERIFY(OrderFit(references, measured).anyStart({}) == OrderFit::Start::Impossible);
+            measured[(place + 17) % 30] = {7, 5, 9};
+            // WHEN, THEN
+            QVERIFY(OrderFit(references, measured).anyStart({}) == OrderFit::Start::Possible);
+        }
     }
 };
 
