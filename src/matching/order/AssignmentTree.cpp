@@ -103,8 +103,6 @@ void AssignmentTree::countPartners(int depth)
 
 bool AssignmentTree::descend(int depth)
 {
-    if (depth == m_count)
-        return m_visitor->visit(m_order);
     const Level &level = at(m_levels, depth);
     const int reference = narrowest(level);
     if (reference == unassigned)

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 namespace
 {
@@ -106,17 +107,13 @@ bool CellOrders::addOption(int group, int measured, double rest)
 /// Equal measured points stand one behind the other.
 void CellOrders::sortPlaces()
 {
-    const auto optionCount = [this](int j) {
-        return at(m_options, m_measured.members(m_measured.group(j)).front()).size();
+    const auto key = [this](int j) {
+        const int group = m_measured.group(j);
+        return std::make_pair(at(m_options, m_measured.members(group).front()).size(), group);
     };
     std::iota(m_places.begin(), m_places.end(), 0);
-    std::sort(m_places.begin(), m_places.end(), [&](int left, int right) {
-        const std::size_t leftCount = optionCount(left), rightCount = optionCount(right);
-        if (leftCount != rightCount)
-            return leftCount < rightCount;
-        const int leftGroup = m_measured.group(left), rightGroup = m_measured.group(right);
-        return leftGroup != rightGroup ? leftGroup < rightGroup : left < right;
-    });
+    std::sort(m_places.begin(), m_places.end(),
+              [&key](int left, int right) { return key(left) < key(right); });
 }
 
 CellOrders::Outcome CellOrders::descend(std::size_t depth, double gap)

@@ -37,7 +37,6 @@ double LinearAssignment::bound() const
 bool LinearAssignment::solve(const AllowedPairs &pairs, const std::vector<double> &costs, double limit)
 {
     const Table table = {pairs, costs.data()};
-    std::fill(m_columnOfRow.begin(), m_columnOfRow.end(), nobody);
     std::fill(m_rowOfColumn.begin(), m_rowOfColumn.end(), nobody);
     reduceRows(table);
     double reached = bound();

@@ -172,6 +172,13 @@ void AssignmentSearchTest::shouldAnswerAtOnceWhenNoOrderIsValid_data()
     QTest::newRow("measured at one place") << good << place;
     QTest::newRow("reference that is no number") << notNumber << good;
     QTest::newRow("measured point at infinity") << good << infinite;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        std::vector<double> wideReferences = good, wideMeasured = good;
+        wideReferences[12 + axis] = 2e158;
+        wideMeasured[12 + axis] = 5e156;
+        QTest::addRow("references that lie too far apart along %d", int(axis)) << wideReferences << good;
+        QTest::addRow("measured points that lie too far apart along %d", int(axis)) << good << wideMeasured;
+    }
 }
 
 void AssignmentSearchTest::shouldAnswerAtOnceWhenNoOrderIsValid()

@@ -39,6 +39,26 @@ std::vector<double> rests(PointSets &sets, const TwinPoints &references, const T
     return result;
 }
 
+/// All orders of different points.
+struct AnyOrder {
+    AnyOrder(PointSets &sets, int count)
+        : references(line(sets, count, 0))
+        , measured(references)
+    {
+        const std::vector<double> rests(static_cast<std::size_t>(count * count), 0.0);
+        isPrepared = orders.prepare(AllowedPairs(count), rests, 1.0, rests.size());
+    }
+
+    TwinPoints references, measured;
+    CellOrders orders{references, measured};
+    bool isPrepared = false;
+};
+
+bool anything(const PointOrder &)
+{
+    return true;
+}
+
 } // namespace
 
 class CellOrdersTest : public QObject
@@ -94,6 +114,37 @@ private slots:
             most = std::max(most, visits);
         }
         QVERIFY(most > 2);
+    }
+
+    /// Of three points each may be the first, then one of two, then the last: 3 + 6 + 6 pairs are tried.
+    void shouldCountEveryPairThatIsTriedAsAStep()
+    {
+        PointSets sets(523);
+        AnyOrder any(sets, 3);
+        QVERIFY(any.isPrepared);
+        QVERIFY(any.orders.forEach(14, anything) == Outcome::TooMany);
+        QVERIFY(any.orders.forEach(15, anything) == Outcome::Complete);
+        QVERIFY(any.orders.forEach(14, {}, anything) == Outcome::TooMany);
+        QVERIFY(any.orders.forEach(15, {}, anything) == Outcome::Complete);
+        QVERIFY(any.orders.forEach(OrderVisitor::GoOn(), anything) == Outcome::Complete);
+    }
+
+    /// Of seven points there are 7 + 42 + 210 + 840 + 2520 + 5040 + 5040 = 13699 pairs to try.
+    void shouldAskEveryThousandSteps()
+    {
+        PointSets sets(524);
+        AnyOrder any(sets, 7);
+        QVERIFY(any.isPrepared);
+        int questions = 0;
+        const auto goOn = [&questions]() { return ++questions > 0; };
+        QVERIFY(any.orders.forEach(goOn, anything) == Outcome::Complete);
+        QCOMPARE(questions, 13);
+        questions = 0;
+        QVERIFY(any.orders.forEach(14000, goOn, anything) == Outcome::Complete);
+        QCOMPARE(questions, 13);
+        questions = 0;
+        QVERIFY(any.orders.forEach(3500, goOn, anything) == Outcome::TooMany);
+        QCOMPARE(questions, 3);
     }
 
     void shouldEndWhenToldSoOrAfterTooManySteps()

@@ -14,7 +14,17 @@ using Outcome = AssignmentSearch::Outcome;
 using Search = AssignmentSearch::Result (AssignmentSearch::*)(const AssignmentSearch::GoOn &);
 
 /// What makes the order hard to find.
-enum class Kind { Fitting, SpacingNoise, SomeNoise, AllWrong, OneTwice, HalfFilled, HalfMoved };
+enum class Kind {
+    Fitting,
+    SpacingNoise,
+    SomeNoise,
+    AllWrong,
+    OneTwice,
+    HalfFilled,
+    HalfMoved,
+    NeighboursClose,
+    MostlyOnALine
+};
 
 std::vector<double> measuredAs(Kind kind, PointSets &sets, const std::vector<double> &references)
 {
@@ -24,8 +34,11 @@ std::vector<double> measuredAs(Kind kind, PointSets &sets, const std::vector<dou
     std::vector<double> measured = sets.moved(references, sigmaMm);
     if (kind == Kind::OneTwice)
         std::copy_n(measured.begin(), 3, measured.begin() + 15);
-    for (std::size_t i = 0; kind == Kind::HalfMoved && i < measured.size() / 2; i += 3)
+    const bool halfMoved = kind == Kind::HalfMoved || kind == Kind::NeighboursClose;
+    for (std::size_t i = 0; halfMoved && i < measured.size() / 2; i += 3)
         measured[i] += 300.0;
+    for (std::size_t i = 6; kind == Kind::MostlyOnALine && i < measured.size(); ++i)
+        measured[i] = i % 3 == 0 ? measured[i] : 0.0;
     return measured;
 }
 
@@ -36,6 +49,10 @@ AssignmentSearch searchOf(Kind kind, int count)
     const std::vector<double> measured = measuredAs(kind, sets, references);
     if (kind == Kind::HalfFilled)
         std::fill(references.begin() + 3 * (count / 2), references.end(), 0.0);
+    if (kind == Kind::NeighboursClose) {
+        std::copy_n(references.begin(), 3, references.begin() + 3);
+        references[3] += 0.01;
+    }
     return {asPoints(references), asPoints(sets.shuffled(measured))};
 }
 
@@ -63,6 +80,7 @@ private slots:
         QTest::newRow("tree, all wrong") << tree << Kind::AllWrong << 12 << 31;
         QTest::newRow("tree, a point twice") << tree << Kind::OneTwice << 20 << 6;
         QTest::newRow("tree, half filled") << tree << Kind::HalfFilled << 8 << 4;
+        QTest::newRow("tree, mostly on a line") << tree << Kind::MostlyOnALine << 9 << 7;
         QTest::newRow("tree, fitting") << tree << Kind::Fitting << 50 << 0;
         QTest::newRow("rotations, fitting") << rotations << Kind::Fitting << 30 << 66;
         QTest::newRow("rotations, noise of the spacing") << rotations << Kind::SpacingNoise << 30 << 192;
@@ -103,6 +121,7 @@ private slots:
         QTest::newRow("noise") << Kind::SomeNoise << 30 << 20 << true;
         QTest::newRow("more noise") << Kind::SomeNoise << 50 << 16 << true;
         QTest::newRow("half moved") << Kind::HalfMoved << 20 << 53 << false;
+        QTest::newRow("two neighbours close") << Kind::NeighboursClose << 20 << 7 << true;
         QTest::newRow("more half moved") << Kind::HalfMoved << 30 << 13 << true;
     }
     void shouldLookForARivalAsLongAsTheSetDeserves()

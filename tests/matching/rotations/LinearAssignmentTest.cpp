@@ -192,6 +192,7 @@ void LinearAssignmentTest::shouldGiveUpAboveTheLimitAndOnlyThere()
         const double least = leastCost(costs, count);
         LinearAssignment assignment(count);
         QVERIFY(!assignment.solve(AllowedPairs(count), costs, least - 1e-6));
+        QCOMPARE(assignment.columns(), std::vector<int>(static_cast<std::size_t>(count), -1));
         QVERIFY(assignment.solve(AllowedPairs(count), costs, least + 1e-6));
         QVERIFY(isComplete(assignment.columns()));
     }
