@@ -33,7 +33,8 @@ public:
     /// B = sum (|b|^2 - b b^T), A likewise, and the mean of both is above the product of their roots.
     [[nodiscard]] RotationCell::Matrix turnWeights(const RotationCell::Matrix &rotation) const;
 
-    /// A rotation that fits an order better than `rotation`, close to its best one.
+    /// A rotation that fits an order better than `rotation`, close to its best one. Of unit length unless all
+    /// fit the order alike.
     [[nodiscard]] RotationCell::Quaternion improved(const RotationCell::Quaternion &rotation,
                                                     const std::vector<int> &order) const;
 

@@ -36,6 +36,13 @@ MatchingPoints centred(PointSets &sets, int count, int kind)
     return result;
 }
 
+MatchingPoints scaled(MatchingPoints points, double factor)
+{
+    for (MatchingPoint &point : points)
+        point = {factor * point[0], factor * point[1], factor * point[2]};
+    return points;
+}
+
 Eigen::Quaterniond randomTurn(PointSets &sets)
 {
     return Eigen::Quaterniond(sets.noise(1), sets.noise(1), sets.noise(1), sets.noise(1)).normalized();
@@ -127,12 +134,21 @@ private slots:
         QVERIFY2(closest > 0.99, qPrintable(QString::number(closest)));
     }
 
+    void shouldComeCloserToTheBestRotation_data()
+    {
+        QTest::addColumn<double>("extent");
+        QTest::newRow("usual") << 1.0;
+        QTest::newRow("small and far away") << 1e-5;
+    }
+
     void shouldComeCloserToTheBestRotation()
     {
+        QFETCH(double, extent);
         PointSets sets(513);
         for (int trial = 0; trial < 300; ++trial) {
             const int count = sets.integer(3, 20);
-            const MatchingPoints references = centred(sets, count, 0), measured = centred(sets, count, 0);
+            const MatchingPoints references = scaled(centred(sets, count, 0), extent),
+                                 measured = scaled(centred(sets, count, 0), extent);
             std::vector<int> order(references.size());
             std::iota(order.begin(), order.end(), 0);
             std::shuffle(order.begin(), order.end(), sets.generator());
@@ -144,8 +160,10 @@ private slots:
             const double before = (a - from.toRotationMatrix() * b).squaredNorm();
             const double after = (a - to * b).squaredNorm();
             const double least = (a - bestRotation(a, b) * b).squaredNorm();
-            QVERIFY(after <= before + 1e-9);
-            QVERIFY(after - least <= 0.5 * (before - least) + 1e-9);
+            const double rounding = 1e-9 * extent * extent;
+            QVERIFY(after <= before + rounding);
+            QVERIFY(after - least <= 0.5 * (before - least) + rounding);
+            QVERIFY(std::fabs(std::hypot(std::hypot(q[0], q[1]), std::hypot(q[2], q[3])) - 1.0) < 1e-12);
         }
     }
 

@@ -38,6 +38,7 @@ private slots:
     void shouldLetEverythingBeUsedByWhatTheToolsAllow_data();
     void shouldLetEverythingBeUsedByWhatTheToolsAllow();
     void shouldEnableByTheContentsOfTheLists();
+    void shouldOfferNoToolBeforeItIsOpened();
     void shouldOfferMeasuringUntilTheToolIsLookedAt();
     void shouldNotOfferMeasuringDuringAMeasurement();
     void shouldLeaveMeasuringOfferedWhenTheControllerBegan();
@@ -89,6 +90,16 @@ void MatchingStateTest::shouldEnableByTheContentsOfTheLists()
     QVERIFY(state.controls({0, 1, false}).clear);
     QVERIFY(!state.controls({1, 1, false}).replace);
     QVERIFY(state.controls({0, 1, true}).replace);
+}
+
+void MatchingStateTest::shouldOfferNoToolBeforeItIsOpened()
+{
+    const MatchingState state;
+    QVERIFY(!state.controls(filled).measure);
+    QVERIFY(!state.controls(filled).progress);
+    QVERIFY(!state.controls(filled).apply);
+    QCOMPARE(state.toolCount(), 0);
+    QVERIFY(!state.isSearching() && !state.isToolReady() && !state.isOpen());
 }
 
 void MatchingStateTest::shouldOfferMeasuringUntilTheToolIsLookedAt()
