@@ -97,12 +97,6 @@ bool toQuarterAngle(double angle, int *whole)
 
 } // namespace
 
-AxisAssigner::AxisAssigner()
-    : m_row(0)
-{
-    assignDefault();
-}
-
 const char *AxisAssigner::axisText(int axis)
 {
     static constexpr std::array<const char *, axisCodes> texts{"x", "-x", "y", "-y", "z", "-z"};

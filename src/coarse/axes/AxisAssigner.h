@@ -24,8 +24,6 @@ class AxisAssigner
 public:
     static constexpr int axisCodes = 6;
 
-    AxisAssigner();
-
     /// The text of an axis code: "x", "-x", "y", "-y", "z" or "-z".
     static const char *axisText(int axis);
     static int negated(int axis) { return axis ^ 1; }
@@ -58,5 +56,5 @@ private:
     void assignTurned(const WholeAngles &angles);
 
     CoordinateType m_type = CoordinateType::None;
-    int m_row;
+    int m_row = 0; ///< of the assignments; the first is the default without a coordinate type
 };

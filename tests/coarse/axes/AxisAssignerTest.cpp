@@ -78,6 +78,17 @@ class AxisAssignerTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldBeginWithTheDefaultOfNoCoordinateType()
+    {
+        AxisAssigner assigner;
+        QVERIFY(!assigner.hasCoordinateType());
+        QCOMPARE(text(assigner.right()), QStringLiteral("x"));
+        QCOMPARE(text(assigner.top()), QStringLiteral("y"));
+        QCOMPARE(assigner.angles(), (WholeAngles{0, 0, 0}));
+        assigner.assignDefault();
+        QCOMPARE(text(assigner.top()), QStringLiteral("y"));
+    }
+
     void shouldGiveTheAnglesOfTheTable_data() { addRows(); }
 
     void shouldGiveTheAnglesOfTheTable()
