@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <map>
+
 namespace
 {
 
@@ -26,6 +28,38 @@ struct Fixture {
     MeasurementAccess controller{&host, &versions};
     NeutralRoom neutral{controller, &tracking};
 };
+
+/// Ends the work while tracking is stopped, once told to.
+class EndingTracking final : public TrackingControl
+{
+public:
+    void endAtStop(NeutralRoom *neutral) { m_neutral = neutral; }
+    [[nodiscard]] int startsSinceThen() const { return m_starts; }
+
+    void stopTracking() override
+    {
+        if (m_neutral != nullptr)
+            m_neutral->end();
+    }
+    void startTracking() override { m_starts += m_neutral != nullptr ? 1 : 0; }
+
+private:
+    NeutralRoom *m_neutral = nullptr;
+    int m_starts = 0;
+};
+
+/// The rows of the rotation that turns nothing, but for some elements.
+QByteArray identityWith(const std::map<int, double> &elements)
+{
+    QByteArrayList numbers;
+    for (int place = 0; place < 9; ++place) {
+        const auto element = elements.find(place);
+        numbers += QByteArray::number(element != elements.end() ? element->second
+                                      : place % 4 == 0          ? 1.0
+                                                                : 0.0);
+    }
+    return numbers.join(' ');
+}
 
 } // namespace
 
@@ -53,6 +87,8 @@ private slots:
     void shouldDoNothingWithoutAReference();
     void shouldRestoreOnlyReferencesOfTwoWords_data();
     void shouldRestoreOnlyReferencesOfTwoWords();
+    void shouldAskAndWriteNothingOnceItHasEnded();
+    void shouldWriteNothingMoreWhenItEndsWhileTrackingStops();
 };
 
 void NeutralRoomTest::shouldLeaveANeutralControllerAlone()
@@ -109,6 +145,25 @@ void NeutralRoomTest::shouldNeutraliseWhatItsSumsTellApart_data()
     QTest::newRow("beside the diagonal") << rotation << QByteArray("1 0 0 0 1 0 0 0.5 1") << false;
     QTest::newRow("beside the diagonal, but no sum")
         << rotation << QByteArray("1 0.5 0 -0.5 1 0 0 0 1") << true;
+    for (const int place : {1, 2, 3, 5, 6, 7}) {
+        QTest::addRow("beside the diagonal at %d", place)
+            << rotation << identityWith({{place, 0.25}}) << false;
+        // With another one that takes it away from the sum.
+        for (const int other : {1, 2, 3, 5, 6, 7}) {
+            if (other != place)
+                QTest::addRow("beside the diagonal at %d and %d", place, other)
+                    << rotation << identityWith({{place, 0.25}, {other, -0.25}}) << true;
+        }
+    }
+    for (const int place : {0, 4, 8}) {
+        QTest::addRow("on the diagonal at %d", place) << rotation << identityWith({{place, 0.5}}) << false;
+        QTest::addRow("on the diagonal from %d on", place)
+            << rotation << identityWith({{place, 1.5}, {(place + 4) % 12, 0.5}}) << true;
+    }
+    QTest::newRow("translation without a sum")
+        << "tracking extra_translation" << QByteArray("1 2 -3") << true;
+    QTest::newRow("translation along x") << "tracking extra_translation" << QByteArray("2 0 0") << false;
+    QTest::newRow("translation along y") << "tracking extra_translation" << QByteArray("0 2 0") << false;
     QTest::newRow("on the diagonal") << rotation << QByteArray("1 0 0 0 0.5 0 0 0 1") << false;
     QTest::newRow("on the diagonal, with the same sum")
         << rotation << QByteArray("1.5 0 0 0 0.5 0 0 0 1") << true;
@@ -302,6 +357,50 @@ void NeutralRoomTest::shouldRestoreOnlyReferencesOfTwoWords()
 
     const QStringList expected = {stop, "write tracking reference " + QString::fromLatin1(name), start};
     QCOMPARE(f.host.calls(), restored ? expected : QStringList());
+}
+
+void NeutralRoomTest::shouldAskAndWriteNothingOnceItHasEnded()
+{
+    Fixture f;
+    f.host.setAnswer("tracking reference", "body b07");
+    f.host.setAnswer("tracking extra_scaling", "1.01");
+    f.neutral.prepareTransformation();
+    f.neutral.prepareReference();
+    f.host.clear();
+
+    f.neutral.end();
+
+    f.neutral.restoreReference();
+    f.neutral.restoreTransformation();
+    f.neutral.prepareTransformation();
+    f.neutral.prepareReference();
+    QCOMPARE(f.host.calls(), QStringList());
+}
+
+void NeutralRoomTest::shouldWriteNothingMoreWhenItEndsWhileTrackingStops()
+{
+    using Operation = void (NeutralRoom::*)();
+    for (const Operation operation : {&NeutralRoom::prepareTransformation, &NeutralRoom::prepareReference,
+                                      &NeutralRoom::restoreReference, &NeutralRoom::restoreTransformation}) {
+        RecordingHost host;
+        host.setAnswer("tracking reference", "body b07");
+        host.setAnswer("tracking extra_scaling", "1.01");
+        const BackendVersions versions = interfaceVersion(1, 23);
+        EndingTracking ending;
+        NeutralRoom neutral(MeasurementAccess(&host, &versions), &ending);
+        if (operation == &NeutralRoom::restoreReference)
+            neutral.prepareReference();
+        if (operation == &NeutralRoom::restoreTransformation)
+            neutral.prepareTransformation();
+        host.setAnswer("tracking extra_scaling", "1.01");
+        host.clear();
+        ending.endAtStop(&neutral);
+
+        (neutral.*operation)();
+
+        QCOMPARE(host.callsOf({"write"}), QStringList());
+        QCOMPARE(ending.startsSinceThen(), 0);
+    }
 }
 
 ROOM_TEST_CLASS(NeutralRoomTest)

@@ -195,6 +195,11 @@ void RoomEditsTest::shouldFollowTheBoxOnceTheScalingDiffers()
     edits.scalingDiffers();
 
     QCOMPARE(edits.edited(data, boxes).scaling, 1.2);
+    edits.stored(boxes);
+    QCOMPARE(edits.edited(data, boxes).scaling, data.scaling);
+    edits.scalingDiffers();
+    edits.shown(data, boxes);
+    QCOMPARE(edits.edited(data, boxes).scaling, data.scaling);
 }
 
 void RoomEditsTest::shouldFollowTheBoxesWhenAnOffsetReturnsAfterAStore()
