@@ -135,6 +135,13 @@ void ReferencePointReaderTest::shouldReadTheDocumentationFormat_data()
     QTest::newRow("another block behind it")
         << documentation(0, "1") + documentation(1, "2") + documentation(2, "3") + "text\n1 4 5 6\n2 7 8 9"
         << MatchingPoints{{1, 2, 3}, {4, 5, 6}, {7, 8, 9}};
+    QTest::newRow("the same block again, whose y begin at the first point")
+        << documentation(0, "1") + documentation(1, "2") + documentation(2, "3") + "text\n" +
+               documentation(0, "4") + documentation(1, "5") + documentation(2, "6")
+        << MatchingPoints{{1, 5, 6}, {4, -999, -999}};
+    QTest::newRow("no value behind one with values")
+        << documentation(0, "1") + "text\n" + documentation(0, "none") + "1 4 5 6\n"
+        << MatchingPoints{{1, -999, -999}, {4, 5, 6}};
     QTest::newRow("the line that ends it starts the next") << documentation(0, "1") + "(1) 4 5 6\n"
                                                            << MatchingPoints{{1, -999, -999}, {4, 5, 6}};
 }

@@ -52,6 +52,24 @@ private slots:
                         .constData()); // the temporary folder cannot name it
     }
 
+    void shouldReplaceAFileByWhatIsWritten()
+    {
+        // GIVEN
+        const QTemporaryDir folder;
+        const QString name = folder.filePath("points.txt");
+        const auto replace = [](const QString &file, const char *text) {
+            return RegularFile::replace(file, [text](QIODevice &device) { device.write(text); });
+        };
+        // WHEN, THEN
+        QVERIFY(replace(name, "a much longer text"));
+        QVERIFY(replace(name, "short"));
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("short"));
+        QVERIFY(!replace(folder.path(), "no file"));
+        QVERIFY(!replace(folder.filePath("nowhere/points.txt"), "no folder"));
+    }
+
 private:
     static void makeFile(const QByteArray &name)
     {
