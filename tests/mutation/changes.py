@@ -31,11 +31,13 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
 UNCHANGED = re.compile(r"\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin|equal|agrees\w*|\w*Agree|distance"
-                       r"|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax|squaredLength)(?:<[\w:]+>)?\(\Z"
+                       r"|dot|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax|squaredLength)(?:<[\w:]+>)?\(\Z"
                        r"|\bsquaredLength\((?:difference|crossProduct)\Z")
 # Of two texts of which is only asked whether they begin alike, each may be the first.
 TEXTS_COMPARED = re.compile(r"\bstrn?cmp\Z")
 ONLY_EQUALITY = re.compile(r"\)\s*[!=]= 0(?![\w.])")
+# The same is done to each of a list by a single statement, whose turn does not count.
+FOR_EACH_OF = re.compile(r"\bfor \([^;()]*\b(\w+) : std::initializer_list<[^<>]*>\Z")
 # What is looked up by its words: rows of which none fits the words of the other may stand in any order.
 REQUESTS = "std::vector<SimRequestRow>"
 PATTERN = re.compile(r'\{"([^"]+)"')
@@ -122,7 +124,8 @@ def arguments(path, text, code):
         if parts is None or len(parts) < 2 or UNCHANGED.search(code, max(0, hit.start() - 40), hit.start()):
             continue
         texts = [text[begin:end].strip() for begin, end in parts]
-        if any(not part or PARAMETER.match(part) for part in texts):
+        if any(not part or PARAMETER.match(part) for part in texts) \
+                or is_for_each_of(code, hit.start(), parts[-1][1]):
             continue
         is_lookup = REQUESTS in text
         fixed = 1 if TEXTS_COMPARED.search(code, max(0, hit.start() - 40), hit.start()) \
@@ -132,6 +135,15 @@ def arguments(path, text, code):
                 begin, end = parts[left][0], parts[right][1]
                 begin += len(text[begin:end]) - len(text[begin:end].lstrip())
                 yield Mutant(path, "arguments", begin, end, f"{texts[right]}, {texts[left]}")
+
+
+def is_for_each_of(code, begin, end):
+    """Whether nobody can tell in which order what stands between the two brackets is gone through."""
+    loop = FOR_EACH_OF.search(code, max(0, begin - 120), begin)
+    if not loop:
+        return False
+    single = rf"\)\s*(?:{loop[1]}->\w+\([^;]*\)|\w+\.removeOne\({loop[1]}\));"
+    return re.match(single, code[end + 1:]) is not None
 
 
 def are_apart(left, right):

@@ -86,6 +86,18 @@ class ChangesTest(unittest.TestCase):
         self.assertEqual(results("Lines.cpp", text, "arguments"), [['{"tool # stop", stop}, {"tool # *", all}};']])
         self.assertEqual(len(results("Lines.cpp", text.replace("SimRequestRow", "Row"), "arguments")), 3)
 
+    def test_should_leave_a_list_to_each_of_which_the_same_is_done(self):
+        text = """void show(bool all)
+{
+    for (QWidget *part : std::initializer_list<QWidget *>{first, second})
+        part->setVisible(all);
+    for (QWidget *part : std::initializer_list<QWidget *>{third, fourth})
+        last = part;
+}
+"""
+        self.assertEqual(results("Panel.cpp", text, "arguments"),
+                         [["for (QWidget *part : std::initializer_list<QWidget *>{fourth, third})"]])
+
     def test_should_remove_calls_but_no_declarations(self):
         texts = [mutant.changed(SOURCE) for mutant in changes.mutants_of("Panel.cpp") if mutant.kind == "statement"] \
             if results("Panel.cpp", SOURCE, "statement") else []
