@@ -56,8 +56,8 @@ QByteArray quotedText(const QByteArray &answer)
     const int opening = answer.indexOf('"');
     if (opening < 0)
         return {};
-    const int closing = answer.indexOf('"', opening + 1);
-    return answer.mid(opening + 1, closing < 0 ? -1 : closing - opening - 1);
+    const QByteArray behind = answer.mid(opening + 1);
+    return behind.mid(0, behind.indexOf('"')); // all of it when nothing closes it
 }
 
 float cameraProgress(const QByteArray &answer)

@@ -70,6 +70,7 @@ private slots:
     void shouldHandItsAnglesToTheFinePanel();
     void shouldOfferToApplyAResetThatChangesNoAngle();
     void shouldSendAnglesThatItCannotShowToTheFinePanel();
+    void shouldForgetAtTheNextOpeningWhatWasNotWritten();
     void shouldShowTheCamerasOfTheDialog();
     void shouldFitTheColumnsToATableThatGrewOrShrankUnseen();
 };
@@ -172,6 +173,22 @@ void CoarseToControllerTest::shouldSendAnglesThatItCannotShowToTheFinePanel()
         QCOMPARE(f.child<QDoubleSpinBox>("doubleSpinBox_rz")->value(), 89.01);
         QCOMPARE(f.host.calls(), QStringList());
         f.click("btn_ok");
+    });
+}
+
+void CoarseToControllerTest::shouldForgetAtTheNextOpeningWhatWasNotWritten()
+{
+    DialogFixture f;
+    f.open([&] {
+        QVERIFY(f.child<QFrame>("frame")->isEnabled());
+        f.selectTab(1);
+        f.type("doubleSpinBox_rx", "45");
+    }); // is closed as it stands
+    f.host.setAnswer("tracking available", "no");
+
+    f.open([&] {
+        QVERIFY(!f.child<QTabWidget>("tabWidget")->isEnabled());
+        QCOMPARE(f.child<QLabel>("label_assignNotice")->text(), QString());
     });
 }
 

@@ -124,6 +124,8 @@ private slots:
         QCOMPARE(CalibrationAnswers::quotedText(R"(velmar2 get status err 17 "Angle tool not found.")"),
                  QByteArray("Angle tool not found."));
         QCOMPARE(CalibrationAnswers::quotedText(R"(a "b" c "d")"), QByteArray("b"));
+        QCOMPARE(CalibrationAnswers::quotedText("\"at once\" 5"), QByteArray("at once"));
+        QCOMPARE(CalibrationAnswers::quotedText("0 \"left open"), QByteArray("left open"));
         QCOMPARE(CalibrationAnswers::quotedText("no quotes"), QByteArray());
         QCOMPARE(CalibrationAnswers::quotedText(R"(0 "")"), QByteArray());
     }

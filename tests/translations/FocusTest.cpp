@@ -55,6 +55,18 @@ void type(QWidget &window, QWidget *field, const char *number)
         QTest::keyClick(window.windowHandle(), *digit);
 }
 
+/// The buttons that Enter would press while another control has the keyboard.
+QStringList pressedByEnter(const QWidget &window)
+{
+    QStringList names;
+    const auto buttons = window.findChildren<QPushButton *>();
+    for (const QPushButton *button : buttons) {
+        if (button->autoDefault() || button->isDefault())
+            names << button->objectName();
+    }
+    return names;
+}
+
 /// Shows the tool to the cameras, and gives the focus to "Measure".
 QWidget *goToMeasure(GalleryRoom &room, QWidget &window)
 {
@@ -89,6 +101,36 @@ private slots:
         QVERIFY(inActive([&](const Look &look) { return gallery.visit(name, look); },
                          [&](QWidget &window) { faults = TabTour::faults(window); }));
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join(QLatin1Char('\n'))));
+    }
+
+    void shouldBeginWithItsFirstControlAndPressNothingByEnter_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("first");
+        QTest::newRow("picture") << QStringLiteral("matching-picture") << QStringLiteral("comboBox_view");
+        QTest::newRow("help of the matching")
+            << QStringLiteral("matching-help") << QStringLiteral("scrollArea");
+        QTest::newRow("help of the view") << QStringLiteral("view-help") << QStringLiteral("exit_button");
+        QTest::newRow("angle tool") << QStringLiteral("angle-tool") << QStringLiteral("comboBox_md");
+        QTest::newRow("countdown") << QStringLiteral("countdown") << QStringLiteral("pushButton_start");
+        QTest::newRow("progress") << QStringLiteral("progress") << QStringLiteral("pb_cancel");
+    }
+
+    void shouldBeginWithItsFirstControlAndPressNothingByEnter()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, first);
+        QString focused;
+        QStringList pressed;
+        WindowGallery gallery;
+        QVERIFY(inActive([&](const Look &look) { return gallery.visit(name, look); },
+                         [&](QWidget &window) {
+                             const QWidget *focus = TabTour::focus(window);
+                             focused = focus == nullptr ? QString() : focus->objectName();
+                             pressed = pressedByEnter(window);
+                         }));
+        QCOMPARE(focused, first);
+        QCOMPARE(pressed, QStringList());
     }
 
     void shouldKeepTheFocusWhenApplyDisablesItself()

@@ -47,6 +47,7 @@ private slots:
     void shouldFollowACurve();
     void shouldShowTheProgressOfEachCamera();
     void shouldFailAtAFraction();
+    void shouldNotFailWhenTheErrorWasTakenBack();
     void shouldTakeOverTheTroubleOfItsKindWhileItRuns();
     void shouldBeAsFarInOneLeapAsInSmallSteps_data();
     void shouldBeAsFarInOneLeapAsInSmallSteps();
@@ -200,6 +201,18 @@ void SimCalibrationTest::shouldFailAtAFraction()
     QCOMPARE(bench.value("status step_active"), QStringLiteral("err"));
     QCOMPARE(bench.ask("velmar2 get status err"),
              QStringLiteral("velmar2 get status err 16 \"Too few markers.\""));
+}
+
+void SimCalibrationTest::shouldNotFailWhenTheErrorWasTakenBack()
+{
+    Bench bench;
+    bench.tell({"sim cal room error 0.5 \"Too few markers.\"", "sim cal room error none"});
+    bench.prepare();
+    bench.start();
+    bench.controller.advance(2.6);
+    QCOMPARE(bench.value("status active"), QStringLiteral("cal"));
+    bench.controller.advance(10.0);
+    QCOMPARE(bench.value("status active"), QStringLiteral("none"));
 }
 
 void SimCalibrationTest::shouldTakeOverTheTroubleOfItsKindWhileItRuns()

@@ -46,6 +46,15 @@ private slots:
         QCOMPARE(AngleTools::isEditable(name), name == QLatin1String("expert"));
     }
 
+    void shouldHaveNoSizeBeforeItIsKnown()
+    {
+        const AngleTool tool;
+        QCOMPARE(tool.distanceA, 0.0);
+        QCOMPARE(tool.distanceB, 0.0);
+        QCOMPARE(tool.distanceC, 0.0);
+        QCOMPARE(tool.height, 0.0);
+    }
+
     void shouldOfferTheModelsInTheirOrder()
     {
         const QStringList expected{QStringLiteral("Angle Frame A"),

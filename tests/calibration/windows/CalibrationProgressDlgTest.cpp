@@ -197,6 +197,27 @@ private slots:
         QVERIFY2(polls <= passedMs / 190 + 1, qPrintable(QString::number(polls)));
     }
 
+    void shouldBeginEveryCameraAnewWhenTheirNumberCannotBeRead()
+    {
+        // GIVEN: boxes that are left from a run
+        CalibrationBench bench(1, 11, 0);
+        endAfter(&bench, 7, "none");
+        QuickProgress dialog(&bench);
+        QCOMPARE(dialog.start(room), 1);
+        const auto boxes = dialog.findChildren<CameraStatus *>();
+        QCOMPARE(boxes.size(), 2);
+        for (CameraStatus *box : boxes)
+            box->set_progressBar(40);
+        // WHEN: a start that is refused, so that no camera is asked afterwards
+        bench.host.failText(QStringLiteral("camera number_of_cameras"));
+        bench.host.failText(QStringLiteral("velmar2 cal room start"));
+        QCOMPARE(dialog.start(room), 0);
+        // THEN
+        QCOMPARE(dialog.findChildren<CameraStatus *>(), boxes);
+        for (CameraStatus *box : boxes)
+            QCOMPARE(box->findChild<QProgressBar *>()->value(), 0);
+    }
+
     void shouldReturnZeroWhenTheStartIsRefused_data()
     {
         QTest::addColumn<QByteArray>("answer");

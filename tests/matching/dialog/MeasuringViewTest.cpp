@@ -110,6 +110,7 @@ private slots:
         QTest::newRow("begun") << 2.0 << 0.0 << 0 << "0%";
         QTest::newRow("half") << 2.0 << 1.0 << 100 << "50%";
         QTest::newRow("beyond the end") << 2.0 << 3.0 << 200 << "100%";
+        QTest::newRow("without an end") << 0.0 << 1.0 << 100 << "";
         QTest::newRow("no number") << 2.0 << std::numeric_limits<double>::quiet_NaN() << 0 << "0%";
     }
     void shouldFillTheBarInHundredthsOfASecond()

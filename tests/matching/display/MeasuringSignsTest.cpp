@@ -48,6 +48,18 @@ private slots:
         QCOMPARE(s.beeps.count(), 3);
     }
 
+    void shouldHaveSomebodyWhoMakesTheSounds()
+    {
+        QWidget window;
+        QCheckBox sounds(&window);
+        QCheckBox larger(&window);
+        LargeDisplay display(&window);
+        const MeasuringSigns signs(&sounds, &larger, &display, &window);
+        const auto *beeping = signs.findChild<MeasuringSounds *>();
+        // Tells whether anybody listened.
+        QVERIFY(QObject::disconnect(beeping, &MeasuringSounds::beep, nullptr, nullptr));
+    }
+
     void shouldShowTheLargeDisplayOnlyWhenAskedTo()
     {
         Signs s;

@@ -4,6 +4,7 @@
 #include "TestRegistry.h"
 #include "TwoLists.h"
 
+#include <QAbstractButton>
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
@@ -11,6 +12,9 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
+
+using Removal = void (ListEditing::*)();
+Q_DECLARE_METATYPE(Removal)
 
 class ListEditingTest : public QObject
 {
@@ -51,6 +55,37 @@ private slots:
         one.editing->removeSelectedReference();
         // THEN
         QCOMPARE(TwoLists::firstCells(one.references), left);
+    }
+
+    void shouldRemoveNothingWhenTheRowHasGoneMeanwhile_data()
+    {
+        QTest::addColumn<Removal>("remove");
+        QTest::newRow("reference") << Removal(&ListEditing::removeSelectedReference);
+        QTest::newRow("measured") << Removal(&ListEditing::removeSelectedMeasured);
+    }
+    void shouldRemoveNothingWhenTheRowHasGoneMeanwhile()
+    {
+        // GIVEN: the last of two rows in each list
+        QFETCH(Removal, remove);
+        TwoLists one;
+        one.refer({1.0, 2.0});
+        one.measure({1.0, 2.0});
+        one.references->selectRow(1);
+        one.measured->selectRow(1);
+        const QSignalSpy changed(one.editing, &ListEditing::changed);
+        // WHEN: while the box is open, it goes
+        ModalAnswer answer;
+        answer.then([&](QWidget *box) {
+            one.refer({1.0});
+            one.measure({1.0});
+            qobject_cast<QMessageBox *>(box)->button(QMessageBox::Yes)->click();
+        });
+        (one.editing->*remove)();
+        // THEN
+        QVERIFY(answer.isDone());
+        QCOMPARE(changed.count(), 0);
+        QCOMPARE(TwoLists::firstCells(one.references), QStringList("1.00"));
+        QCOMPARE(TwoLists::firstCells(one.measured), QStringList("1.00"));
     }
 
     void shouldReplaceTheSelectedMeasuredPointOnlyIfAsked()

@@ -351,6 +351,28 @@ private slots:
         QVERIFY(seen > 10);
     }
 
+    void shouldDrawThinLinesWhateverWidthWasSetBefore_data()
+    {
+        QTest::addColumn<bool>("isGrid");
+        QTest::newRow("grid") << true;
+        QTest::newRow("long axes") << false;
+    }
+
+    void shouldDrawThinLinesWhateverWidthWasSetBefore()
+    {
+        QFETCH(bool, isGrid);
+        CountingCanvas canvas;
+        showScene(canvas);
+        canvas.setLongAxesFactor(0.4);
+        canvas.showXYGrid(isGrid);
+        canvas.showLongAxes(!isGrid);
+        const QImage thin = Picture(canvas).image();
+        canvas.makeCurrent();
+        glLineWidth(5.0F);
+        canvas.updateGL();
+        QCOMPARE(Picture(canvas).image(), thin);
+    }
+
     void shouldNotDrawATextBehindTheEye()
     {
         CountingCanvas canvas;
