@@ -33,12 +33,9 @@ void TipMeasurement::begin(const Rules &rules, double framesPerSecond)
 {
     // One frame for the fence post, one for the rounding of the printed time stamps.
     constexpr int extraFrames = 2;
+    *this = TipMeasurement();
     m_state = State::Running;
     m_framesLeft = static_cast<int>(std::ceil(rules.durationSeconds * framesPerSecond)) + extraFrames;
-    m_count = 0;
-    m_mean = {};
-    m_squares = 0.0;
-    m_movedTooMuch = false;
 }
 
 // Running mean and sum of squares: B. P. Welford, Technometrics 4 (1962) 419.

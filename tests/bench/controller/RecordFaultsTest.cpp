@@ -51,6 +51,15 @@ private slots:
             << Change([](Damage &d) { d.withoutBracket = true; }) << "6d 2 [0 1.000[1 2 3] [1 1.000][4 5 6]";
         QTest::newRow("another count")
             << Change([](Damage &d) { d.count = 9; }) << "6d 9 [0 1.000][1 2 3] [1 1.000][4 5 6]";
+        const auto recount = [](const char *text) {
+            return Change([text](Damage &d) {
+                d.text = text;
+                d.count = 12;
+            });
+        };
+        QTest::newRow("a longer count") << recount("6dmt2 345 [0]") << "6dmt2 12 [0]";
+        QTest::newRow("a count at the end") << recount("6dcal 3") << "6dcal 12";
+        QTest::newRow("a count where none is") << recount("ts") << "ts 12";
         QTest::newRow("another text") << Change([](Damage &d) { d.text = "6d x"; }) << "6d x";
     }
     void shouldDamageTheLinesOfAKind()

@@ -80,6 +80,28 @@ private slots:
         QVERIFY(!error.reason.isEmpty());
     }
 
+    void shouldRefuseWhatNobodyAsksForInsideToo_data()
+    {
+        QTest::addColumn<Read>("read");
+        QTest::addColumn<QString>("key");
+        const auto nothing = [](ScenarioObject &) {};
+        QTest::newRow("object") << Read([nothing](auto &o) { o.object("one", nothing); }) << "one.extra";
+        QTest::newRow("list") << Read([nothing](auto &o) { o.list("all", 5, nothing); }) << "all[0].extra";
+    }
+    void shouldRefuseWhatNobodyAsksForInsideToo()
+    {
+        // GIVEN
+        QFETCH(Read, read);
+        QFETCH(QString, key);
+        ScenarioError error;
+        ScenarioObject object(parsed(R"({"one": {"extra": 1}, "all": [{"extra": 2}]})"), "", error);
+        // WHEN
+        read(object);
+        // THEN
+        QCOMPARE(error.key, key);
+        QCOMPARE(error.reason, QStringLiteral("unknown key"));
+    }
+
     void shouldKeepTheFirstError()
     {
         // GIVEN

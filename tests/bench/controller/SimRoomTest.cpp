@@ -4,7 +4,22 @@
 
 #include <QtTest>
 
+#include <array>
 #include <cmath>
+
+namespace
+{
+
+bool lies(const SimPose &pose, const SimVector &position, const std::array<double, 3> &degrees)
+{
+    const std::array<double, 3> found = pose.rotation.degrees();
+    bool isTurned = true;
+    for (std::size_t i = 0; i < found.size(); ++i)
+        isTurned = isTurned && std::fabs(found[i] - degrees[i]) < 1e-9;
+    return isTurned && length(pose.position - position) < 1e-9;
+}
+
+} // namespace
 
 class SimRoomTest : public QObject
 {
@@ -21,6 +36,39 @@ private slots:
         QCOMPARE(int(room.devices.size()), 1);
         QCOMPARE(int(room.bodies.size()), 1);
         QCOMPARE(int(room.workpiece.points.size()), 6);
+    }
+
+    void shouldPutEverythingOfTheStandardSceneInItsPlace()
+    {
+        const SimRoom room = SimRoom::standard();
+        QVERIFY(length(room.tools[0].tip - SimVector{100, 200, 300}) < 1e-9);
+        QVERIFY(lies(room.devices[0].pose, {500, 0, 1000}, {0, 0, 0}));
+        QVERIFY(lies(room.bodies[0].pose, {50, 60, 70}, {0, 0, 0}));
+        QVERIFY(lies(room.angleTool.marker1, {-300, 150, 55}, {0, 0, 30}));
+        QVERIFY(lies(room.workpiece.pose, {400, -250, 700}, {4, -7, 25}));
+        const SimVector points[] = {{0, 0, 0},      {620, 0, 0},     {0, 410, 0},
+                                    {620, 380, 60}, {150, 120, 340}, {480, 90, 130}};
+        for (std::size_t i = 0; i < room.workpiece.points.size(); ++i)
+            QVERIFY(length(room.workpiece.points[i].nominal - points[i]) < 1e-9);
+    }
+
+    void shouldBeginWithEverythingInSightAndNothingMoving()
+    {
+        const SimTool tool;
+        QVERIFY(tool.tracked && tool.tipCalibrated && tool.toleranceCheck);
+        QCOMPARE(tool.speedMm, 0.0);
+        QCOMPARE(tool.tremorMm, 0.0);
+        QCOMPARE(tool.noiseMm, 0.1);
+        QCOMPARE(tool.durationSeconds, 1.0);
+        QCOMPARE(tool.toleranceMm, 1.5);
+        QCOMPARE(tool.tipRadiusMm, 2.5);
+        QVERIFY(SimDevice().tracked && SimBody().tracked && SimAngleTool().visible);
+        QCOMPARE(SimDevice().joystick, std::vector<double>(2, 0.0));
+        QVERIFY(SimCamera().hasRoom);
+        QCOMPARE(SimCamera().progressRate, 1.0);
+        QVERIFY(!SimButton().held && !SimButton().clicked && !SimButton().isDown());
+        const SimVector point;
+        QVERIFY(point.x == 0.0 && point.y == 0.0 && point.z == 0.0);
     }
 
     void shouldHangTheCamerasAroundTheMiddle()

@@ -59,6 +59,8 @@ private slots:
         // WHEN, THEN
         QCOMPARE(markedFrames(measurement, {1.0, 1.5, true}, 4.0), 2); // 0 and 4: 2 mm from their mean
         measurement.start();
+        QCOMPARE(markedFrames(measurement, {1.0, 2.0, true}, 4.0), 3); // as much as is allowed, then more
+        measurement.start();
         QCOMPARE(markedFrames(measurement, {1.0, 1.5, false}, 4.0), 62);
     }
 
