@@ -52,6 +52,7 @@ private slots:
     void shouldSwitchTabsByKeysWhenNothingCanBeAdjusted();
     void shouldOpenTheAngleToolByKeysFromAListOfAxes();
     void shouldNotPressAButtonByEnter();
+    void shouldLeaveKeysThatMeanNothingHere();
     void shouldKeepTheApplyLetterButNotItsShortcut();
     void shouldReportAndCarryOnWhateverFails_data();
     void shouldReportAndCarryOnWhateverFails();
@@ -279,6 +280,17 @@ void RoomAdjustmentDlg2gTest::shouldNotPressAButtonByEnter()
         for (const QPushButton *button : buttons)
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
     });
+}
+
+void RoomAdjustmentDlg2gTest::shouldLeaveKeysThatMeanNothingHere()
+{
+    DialogFixture f;
+    QKeyEvent unknown(QEvent::KeyPress, Qt::Key_F7, Qt::NoModifier);
+    QApplication::sendEvent(&f.dialog, &unknown);
+    QVERIFY(!unknown.isAccepted());
+    QKeyEvent known(QEvent::KeyPress, Qt::Key_F5, Qt::NoModifier);
+    QApplication::sendEvent(&f.dialog, &known);
+    QVERIFY(known.isAccepted());
 }
 
 void RoomAdjustmentDlg2gTest::shouldKeepTheApplyLetterButNotItsShortcut()

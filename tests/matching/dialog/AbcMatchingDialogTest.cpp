@@ -48,6 +48,7 @@ private slots:
     void shouldBuildTheForm();
     void shouldNotCallTheControllerWhenBuilt();
     void shouldNotLetEnterPressAButton();
+    void shouldLeaveKeysThatMeanNothingHere();
     void shouldGiveEveryControlATip();
     void shouldLetTabLeaveTheTables();
     void shouldFitASmallScreen();
@@ -148,6 +149,17 @@ void AbcMatchingDialogTest::shouldNotLetEnterPressAButton()
     const auto buttons = opened.dialog().findChildren<QPushButton *>();
     for (const QPushButton *button : buttons)
         QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->objectName()));
+}
+
+void AbcMatchingDialogTest::shouldLeaveKeysThatMeanNothingHere()
+{
+    OpenedDialog opened;
+    QKeyEvent unknown(QEvent::KeyPress, Qt::Key_F7, Qt::NoModifier);
+    QApplication::sendEvent(&opened.dialog(), &unknown);
+    QVERIFY(!unknown.isAccepted());
+    QKeyEvent known(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&opened.dialog(), &known);
+    QVERIFY(known.isAccepted());
 }
 
 void AbcMatchingDialogTest::shouldGiveEveryControlATip()
