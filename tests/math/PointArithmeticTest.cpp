@@ -84,6 +84,7 @@ private slots:
         QCOMPARE(rangeAlong(points, 0).high, 1.0);
         QCOMPARE(rangeAlong(points, 0).middle(), -1.0);
         QCOMPARE(rangeAlong(points, 1).extent(), 4.0);
+        QCOMPARE(rangeAlong(points, 1).middle(), 7.0);
         QCOMPARE(rangeAlong(points, 2).extent(), 0.0);
     }
 

@@ -119,6 +119,14 @@ private slots:
         QVERIFY(isNear(angles, std::abs(eta), 0.0, std::abs(phi)));
     }
 
+    void shouldReadAHalfTurnAsPositive()
+    {
+        QCOMPARE(anglesFromRotation({1, 0, 0, 0, -1, 0, 0, 0, -1}).eta, 180.0);
+        QCOMPARE(anglesFromRotation({-1, 0, 0, 0, -1, 0, 0, 0, 1}).phi, 180.0);
+        QCOMPARE(displayedAngles({1, 0, 0, 0, -1, 0, 0, 0, -1}).eta, 180.0);
+        QCOMPARE(displayedAngles({-1, 0, 0, 0, -1, 0, 0, 0, 1}).phi, 180.0);
+    }
+
     void shouldReportTheWholeTurnInEtaInGimbalLock_data()
     {
         QTest::addColumn<double>("eta");
