@@ -92,6 +92,7 @@ private slots:
     void shouldEndWhereTheTreeDoesNot();
     void shouldEndWhereTheBestOrdersAreNotValid_data();
     void shouldEndWhereTheBestOrdersAreNotValid();
+    void shouldGoOnWhereTheBestOrderCannotStart();
     void shouldAskWhileItLooksForAStart();
     void shouldRefuseMorePointsThanMemoryAllows();
     void shouldStopWhenToldSo();
@@ -305,6 +306,28 @@ void AssignmentSearchTest::shouldEndWhereTheBestOrdersAreNotValid()
     int questions = 0;
     const AssignmentSearch::Result result = search.run([&questions]() { return ++questions < 2500; });
     QVERIFY2(result.outcome == Outcome::Found, qPrintable(QString::number(questions)));
+}
+
+/// Three measured points lie on a line exactly, and the references that they fit do not quite.
+void AssignmentSearchTest::shouldGoOnWhereTheBestOrderCannotStart()
+{
+    PointSets sets(84);
+    for (int trial = 0; trial < 5; ++trial) {
+        MatchingPoints measured = asPoints(sets.box(7, 500));
+        for (std::size_t i = 0; i < 3; ++i)
+            measured[i] = {128.0 * static_cast<double>(i * i), 0.0, 0.0};
+        MatchingPoints references = measured;
+        references[1][1] = 1.0;
+        const PlainLoop loop(references, measured);
+        QVERIFY(loop.found && loop.best > 10.0F);
+        AssignmentSearch search(references, measured);
+        for (const AssignmentSearch::Result &result :
+             {search.runTree({}), search.runRotations({}), search.run({})}) {
+            QVERIFY(result.outcome == Outcome::Found);
+            QCOMPARE(result.order, loop.order);
+            QCOMPARE(result.bestMm, loop.best);
+        }
+    }
 }
 
 void AssignmentSearchTest::shouldAskWhileItLooksForAStart()

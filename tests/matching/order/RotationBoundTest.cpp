@@ -22,6 +22,26 @@ Eigen::Matrix3Xd centred(const MatchingPoints &list)
     return matrix.colwise() - matrix.rowwise().mean().eval();
 }
 
+bool nearlyEqual(const MatchingPoints &list, const Eigen::Matrix3Xd &matrix)
+{
+    double most = 0.0;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const Eigen::Vector3d point(list[i][0], list[i][1], list[i][2]);
+        most = std::max(most, (point - matrix.col(static_cast<Eigen::Index>(i))).norm());
+    }
+    return static_cast<Eigen::Index>(list.size()) == matrix.cols() && most < 1e-14;
+}
+
+double largestOf(const MatchingPoints &list)
+{
+    double largest = 0.0;
+    for (const MatchingPoint &point : list) {
+        for (const double coordinate : point)
+            largest = std::max(largest, std::fabs(coordinate));
+    }
+    return largest;
+}
+
 /// The least sum of squares over all rotations for the first `pairs` pairs, by singular values.
 double leastSquares(const Eigen::Matrix3Xd &a, const Eigen::Matrix3Xd &b, int pairs)
 {
@@ -63,6 +83,7 @@ class RotationBoundTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldMeasureFromTheCentreInItsUnit();
     void shouldExcludeJustBelowTheLeastSquaresAndNeverAbove();
     void shouldExcludeAsCloselyWhereverThePointsLie_data();
     void shouldExcludeAsCloselyWhereverThePointsLie();
@@ -70,6 +91,22 @@ private slots:
     void shouldNeverExcludeWhatFitsExactly();
     void shouldBoundByLengthsWhatAllOrdersLeave();
 };
+
+void RotationBoundTest::shouldMeasureFromTheCentreInItsUnit()
+{
+    PointSets sets(65);
+    for (int trial = 0; trial < 50; ++trial) {
+        const int count = sets.integer(3, 12);
+        const MatchingPoints references = asPoints(sets.box(count, 2000));
+        const MatchingPoints measured = asPoints(sets.moved(sets.box(count, 10), 0.0));
+        const RotationBound bound(references, measured);
+        QVERIFY(nearlyEqual(bound.centredReferences(), centred(references) / bound.unitMm()));
+        QVERIFY(nearlyEqual(bound.centredMeasured(), centred(measured) / bound.unitMm()));
+        // A power of two above the largest of all coordinates.
+        const double largest = std::max(largestOf(references), largestOf(measured));
+        QCOMPARE(bound.unitMm(), std::exp2(std::floor(std::log2(largest)) + 1.0));
+    }
+}
 
 void RotationBoundTest::shouldExcludeJustBelowTheLeastSquaresAndNeverAbove()
 {

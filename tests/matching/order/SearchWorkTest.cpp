@@ -83,6 +83,7 @@ private slots:
         QTest::newRow("tree, mostly on a line") << tree << Kind::MostlyOnALine << 9 << 7;
         QTest::newRow("tree, fitting") << tree << Kind::Fitting << 50 << 0;
         QTest::newRow("rotations, fitting") << rotations << Kind::Fitting << 30 << 66;
+        QTest::newRow("rotations, many fitting") << rotations << Kind::Fitting << 105 << 5422;
         QTest::newRow("rotations, noise of the spacing") << rotations << Kind::SpacingNoise << 30 << 192;
         QTest::newRow("rotations, noise") << rotations << Kind::SomeNoise << 50 << 284;
         QTest::newRow("rotations, all wrong") << rotations << Kind::AllWrong << 30 << 208;
@@ -104,7 +105,7 @@ private slots:
         AssignmentSearch search = searchOf(kind, count);
         int asked = 0;
         // WHEN
-        const AssignmentSearch::Result result = (search.*walk)([&asked] { return ++asked < 2000; });
+        const AssignmentSearch::Result result = (search.*walk)([&asked] { return ++asked < 20000; });
         // THEN
         QVERIFY(result.outcome == Outcome::Found);
         QVERIFY2(std::abs(asked - questions) <= questions / 20, qPrintable(QString::number(asked)));
@@ -135,7 +136,7 @@ private slots:
         const AssignmentSearch::Result found = search.run({});
         int asked = 0;
         // WHEN
-        const AssignmentSearch::Rival rival = search.findRival(found, [&asked] { return ++asked < 2000; });
+        const AssignmentSearch::Rival rival = search.findRival(found, [&asked] { return ++asked < 20000; });
         // THEN
         QVERIFY(rival == (exists ? AssignmentSearch::Rival::Exists : AssignmentSearch::Rival::None));
         QVERIFY2(std::abs(asked - questions) <= questions / 20, qPrintable(QString::number(asked)));
