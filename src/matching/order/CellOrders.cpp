@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
-#include <utility>
+#include <tuple>
 
 namespace
 {
@@ -104,12 +104,12 @@ bool CellOrders::addOption(int group, int measured, double rest)
     return false;
 }
 
-/// Equal measured points stand one behind the other.
+/// Equal measured points stand one behind the other, in their order in the list.
 void CellOrders::sortPlaces()
 {
     const auto key = [this](int j) {
         const int group = m_measured.group(j);
-        return std::make_pair(at(m_options, m_measured.members(group).front()).size(), group);
+        return std::make_tuple(at(m_options, m_measured.members(group).front()).size(), group, j);
     };
     std::iota(m_places.begin(), m_places.end(), 0);
     std::sort(m_places.begin(), m_places.end(),

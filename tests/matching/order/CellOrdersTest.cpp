@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <set>
 
@@ -114,6 +115,36 @@ private slots:
             most = std::max(most, visits);
         }
         QVERIFY(most > 2);
+    }
+
+    /// More of them than a sort keeps in order by itself.
+    void shouldLeaveEqualMeasuredPointsInTheirOrder()
+    {
+        // GIVEN
+        const int count = 40, different = 4;
+        PointSets sets(522);
+        MatchingPoints points;
+        for (int j = 0; j < count; ++j)
+            points.push_back({static_cast<double>(j % different), 0, 0});
+        const TwinPoints references(line(sets, count, 0)), measured(points);
+        CellOrders orders(references, measured);
+        const std::vector<double> free(static_cast<std::size_t>(count * count), 0.0);
+        QVERIFY(orders.prepare(AllowedPairs(count), free, 1.0, free.size()));
+        // WHEN
+        PointOrder first;
+        const Outcome outcome = orders.forEach(1000000, [&first](const PointOrder &found) {
+            first = found;
+            return false;
+        });
+        // THEN
+        QVERIFY(outcome == Outcome::Ended);
+        for (int group = 0; group < different; ++group) {
+            PointOrder ofGroup;
+            std::copy_if(first.begin(), first.end(), std::back_inserter(ofGroup),
+                         [group](int j) { return j % different == group; });
+            QCOMPARE(int(ofGroup.size()), count / different);
+            QVERIFY(std::is_sorted(ofGroup.begin(), ofGroup.end()));
+        }
     }
 
     /// Of three points each may be the first, then one of two, then the last: 3 + 6 + 6 pairs are tried.
