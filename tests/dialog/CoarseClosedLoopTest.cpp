@@ -61,8 +61,8 @@ BackendVersions currentVersions()
 }
 
 /// A simulated controller whose room was calibrated with an angle tool that lies askew in the world.
-struct Bench {
-    explicit Bench(const QByteArray &type)
+struct CoarseBench {
+    explicit CoarseBench(const QByteArray &type)
     {
         control("sim clock stepped");
         control("sim tool 1 noise 0");
@@ -166,7 +166,7 @@ private slots:
     {
         // GIVEN: the directions of the picture, as the angle tool lies in the room
         QFETCH(QByteArray, type);
-        Bench bench(type);
+        CoarseBench bench(type);
         const bool isStanding = type == "powerwall_standing";
         const Eigen::Vector3d right = vectorOf(bench.angleTool().column(0));
         const Eigen::Vector3d up = vectorOf(bench.angleTool().column(isStanding ? 1 : 2));

@@ -19,8 +19,8 @@ namespace
 {
 
 /// A box at 5.00 beside a line edit that has the focus, in an active window.
-struct Bench {
-    Bench()
+struct BoxBench {
+    BoxBench()
     {
         layout.addWidget(&other);
         layout.addWidget(&box);
@@ -105,7 +105,7 @@ void NumberBoxTest::shouldTakeCommaAndPoint()
     QFETCH(QString, text);
     QFETCH(double, value);
     for (const bool isPasted : {false, true}) {
-        Bench bench;
+        BoxBench bench;
         QVERIFY(bench.isReady);
         if (isPasted)
             bench.paste(text);
@@ -133,7 +133,7 @@ void NumberBoxTest::shouldRefuseATextWithSeveralPoints()
     QFETCH(QString, text);
     {
         // typed, it stays in sight until it is confirmed, but is never the value
-        Bench bench;
+        BoxBench bench;
         QVERIFY(bench.isReady);
         bench.type(text);
         QCOMPARE(bench.box.value(), 5.0);
@@ -145,7 +145,7 @@ void NumberBoxTest::shouldRefuseATextWithSeveralPoints()
         QCOMPARE(bench.box.text(), QStringLiteral("5.00"));
     }
     // pasted, it is not taken at all
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     QSignalSpy changes(&bench.box, QOverload<double>::of(&QDoubleSpinBox::valueChanged));
     bench.paste(text);
@@ -158,7 +158,7 @@ void NumberBoxTest::shouldRefuseATextWithSeveralPoints()
 void NumberBoxTest::shouldTellAgainWhatFitsWhenARefusedTextIsLeft()
 {
     for (const Qt::Key leaving : {Qt::Key_Return, Qt::Key_Tab}) {
-        Bench bench;
+        BoxBench bench;
         QVERIFY(bench.isReady);
         bench.type(QStringLiteral("1,2.3"));
         QTRY_VERIFY(QToolTip::isVisible());
@@ -173,7 +173,7 @@ void NumberBoxTest::shouldTellAgainWhatFitsWhenARefusedTextIsLeft()
 
 void NumberBoxTest::shouldGoBackToTheValueFromBeforeTheTypingOnly()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     bench.type(QStringLiteral("7.25"));
     QTest::keyClick(&bench.box, Qt::Key_Return);
@@ -189,7 +189,7 @@ void NumberBoxTest::shouldGoBackToTheValueFromBeforeTheTypingOnly()
 
 void NumberBoxTest::shouldTakeATypedTextThatIsMended()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     bench.type(QStringLiteral("1.2,5"));
     QCOMPARE(bench.box.value(), 5.0);
@@ -201,7 +201,7 @@ void NumberBoxTest::shouldTakeATypedTextThatIsMended()
 
 void NumberBoxTest::shouldStepFromTheOldValueAfterARefusal()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     bench.type(QStringLiteral("1.2,5"));
     QTest::keyClick(&bench.box, Qt::Key_Up);
@@ -211,7 +211,7 @@ void NumberBoxTest::shouldStepFromTheOldValueAfterARefusal()
 
 void NumberBoxTest::shouldTellWhatFitsWhenAKeyIsRefused()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     bench.type(QStringLiteral("12.34"));
     QVERIFY(!QToolTip::isVisible());
@@ -227,7 +227,7 @@ void NumberBoxTest::shouldTellWhatFitsWhenAKeyIsRefused()
 
 void NumberBoxTest::shouldKeepUnitsAtItsNumber()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     bench.box.setSuffix(QStringLiteral(" mm"));
     bench.box.setFocus(Qt::TabFocusReason);
@@ -241,7 +241,7 @@ void NumberBoxTest::shouldShowPointsWhateverTheLocale()
     const QLocale before;
     QLocale::setDefault(QLocale(QLocale::German));
     {
-        Bench bench;
+        BoxBench bench;
         bench.window.setLocale(QLocale(QLocale::German));
         bench.box.setValue(1234.5);
         QLocale::setDefault(before);
@@ -253,7 +253,7 @@ void NumberBoxTest::shouldShowPointsWhateverTheLocale()
 
 void NumberBoxTest::shouldSelectTheNumberByTheFirstClickAndPlaceTheCursorByTheSecond()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     const QPoint left(2, bench.edit()->height() / 2);
     // WHEN clicked for the first time
@@ -279,7 +279,7 @@ void NumberBoxTest::shouldSelectTheNumberByTheFirstClickAndPlaceTheCursorByTheSe
 
 void NumberBoxTest::shouldKeepTheNumberSelectedWhenTheFirstClickShakes()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     const QPoint middle = bench.edit()->rect().center();
     QTest::mousePress(bench.edit(), Qt::LeftButton, Qt::NoModifier, middle);
@@ -291,7 +291,7 @@ void NumberBoxTest::shouldKeepTheNumberSelectedWhenTheFirstClickShakes()
 
 void NumberBoxTest::shouldStillStepByItsArrowsWithTheFirstClick()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     const QPoint up(bench.box.width() - 4, 4);
     QTest::mouseClick(&bench.box, Qt::LeftButton, Qt::NoModifier, up);
@@ -302,7 +302,7 @@ void NumberBoxTest::shouldStillStepByItsArrowsWithTheFirstClick()
 
 void NumberBoxTest::shouldPlaceTheCursorByAClickAfterTheTabKey()
 {
-    Bench bench;
+    BoxBench bench;
     QVERIFY(bench.isReady);
     QTest::keyClick(&bench.other, Qt::Key_Tab);
     QCOMPARE(bench.edit()->selectedText(), QStringLiteral("5.00"));
@@ -312,7 +312,7 @@ void NumberBoxTest::shouldPlaceTheCursorByAClickAfterTheTabKey()
 
 void NumberBoxTest::shouldBeFoundAsAPlainSpinBox()
 {
-    Bench bench;
+    BoxBench bench;
     QCOMPARE(bench.window.findChild<QDoubleSpinBox *>(), &bench.box);
     QCOMPARE(bench.box.metaObject()->className(), "QDoubleSpinBox");
 }

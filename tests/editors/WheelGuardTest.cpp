@@ -15,8 +15,8 @@ namespace
 {
 
 /// A list and a number box high up in a scroll area, in an active window whose focus is on a line edit.
-struct Bench {
-    Bench()
+struct WheelBench {
+    WheelBench()
     {
         auto *content = new QWidget;
         auto *layout = new QVBoxLayout(content);
@@ -50,7 +50,7 @@ class WheelGuardTest : public QObject
 private slots:
     void shouldLetTheWheelScrollWhatLiesBehind()
     {
-        Bench bench;
+        WheelBench bench;
         QVERIFY(bench.isReady);
         WheelGuard::protect(bench.list);
         WheelGuard::protect(bench.box);
@@ -68,7 +68,7 @@ private slots:
 
     void shouldLetTheWheelChangeWhatHasTheFocus()
     {
-        Bench bench;
+        WheelBench bench;
         QVERIFY(bench.isReady);
         WheelGuard::protect(bench.list);
         WheelGuard::protect(bench.box);
@@ -83,7 +83,7 @@ private slots:
 
     void shouldProtectAllOfAWindow()
     {
-        Bench bench;
+        WheelBench bench;
         QVERIFY(bench.isReady);
         WheelGuard::protectAll(&bench.area);
         turnWheelOver(bench.list, -1);
@@ -95,7 +95,7 @@ private slots:
 
     void shouldLeaveOthersToTheWheel()
     {
-        Bench bench;
+        WheelBench bench;
         QVERIFY(bench.isReady);
         WheelGuard::protect(bench.list);
         turnWheelOver(bench.box, -1);

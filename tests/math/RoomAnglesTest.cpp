@@ -14,7 +14,7 @@ namespace
 
 using Rows = std::array<double, 9>;
 
-bool isNear(const RoomAngles &angles, double eta, double theta, double phi, double tolerance = 1e-9)
+bool areNear(const RoomAngles &angles, double eta, double theta, double phi, double tolerance = 1e-9)
 {
     return std::abs(angles.eta - eta) <= tolerance && std::abs(angles.theta - theta) <= tolerance &&
            std::abs(angles.phi - phi) <= tolerance;
@@ -75,7 +75,7 @@ private slots:
         snapAxisAligned(quarter);
         const Rows expected = {0.0, -1.0, 0.0, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0};
         QVERIFY(controllerRows(quarter) == expected);
-        QVERIFY(isNear(anglesFromRotation(controllerRows(quarter)), 0.0, 0.0, 90.0));
+        QVERIFY(areNear(anglesFromRotation(controllerRows(quarter)), 0.0, 0.0, 90.0));
     }
 
     void shouldGoBetweenRowOrderAndMatrix()
@@ -95,7 +95,7 @@ private slots:
             for (double theta = -89.0; theta < 90.0; theta += 22.25) {
                 for (double phi = -179.5; phi < 180.0; phi += 44.0) {
                     const RoomAngles angles = anglesFromRotation(rows(rotation(eta, theta, phi)));
-                    QVERIFY(isNear(angles, eta, theta, phi));
+                    QVERIFY(areNear(angles, eta, theta, phi));
                 }
             }
         }
@@ -116,7 +116,7 @@ private slots:
         QFETCH(double, eta);
         QFETCH(double, phi);
         const RoomAngles angles = displayedAngles(rows(rotation(eta, 0.0, phi)));
-        QVERIFY(isNear(angles, std::abs(eta), 0.0, std::abs(phi)));
+        QVERIFY(areNear(angles, std::abs(eta), 0.0, std::abs(phi)));
     }
 
     void shouldReadAHalfTurnAsPositive()
@@ -147,7 +147,7 @@ private slots:
         QFETCH(double, theta);
         QFETCH(double, phi);
         QFETCH(double, expectedEta);
-        QVERIFY(isNear(displayedAngles(rows(rotation(eta, theta, phi))), expectedEta, theta, 0.0));
+        QVERIFY(areNear(displayedAngles(rows(rotation(eta, theta, phi))), expectedEta, theta, 0.0));
     }
 
     void shouldShowGimbalLockWhereTheControllerIsToldZeros()
@@ -155,13 +155,13 @@ private slots:
         // GIVEN a turn about x that is told with zeros in the places of a cosine of 90 degrees
         const Rows noise = {4.9e-9, -4.9e-9, 1.0, 0.6, 0.8, 4.9e-9, -0.8, 0.6, -4.9e-9};
         const double turn = std::atan2(0.6, 0.8) / radians;
-        QVERIFY(isNear(displayedAngles(noise), turn, 90.0, 0.0, 1e-6));
+        QVERIFY(areNear(displayedAngles(noise), turn, 90.0, 0.0, 1e-6));
         // WHEN one of the two pairs is told otherwise, it is still no more than one pair
         for (const std::size_t i : {0, 1, 5, 8}) {
             for (const double leastThatIsTold : {0.5e-8, -0.5e-8}) {
                 Rows told = noise;
                 told[i] = leastThatIsTold;
-                QVERIFY(isNear(displayedAngles(told), turn, 90.0, 0.0, 1e-6));
+                QVERIFY(areNear(displayedAngles(told), turn, 90.0, 0.0, 1e-6));
             }
         }
         // THEN it takes both for eta and phi to be told apart
@@ -208,7 +208,7 @@ private slots:
                 for (double phi = -170.0; phi < 180.0; phi += 17.5) {
                     const Rows given = rows(rotation(eta, theta, phi));
                     const RoomAngles formula = anglesFromRotation(given);
-                    QVERIFY(isNear(displayedAngles(given), formula.eta, formula.theta, formula.phi));
+                    QVERIFY(areNear(displayedAngles(given), formula.eta, formula.theta, formula.phi));
                 }
             }
         }
@@ -222,8 +222,8 @@ private slots:
                     displayedAngles(inEightDecimals(rows(rotation(180.0, theta, other))));
                 const RoomAngles aboutZ =
                     displayedAngles(inEightDecimals(rows(rotation(other, theta, 180.0))));
-                QVERIFY(isNear(inTwoDecimals(aboutX), 180.0, theta, other, 1e-9));
-                QVERIFY(isNear(inTwoDecimals(aboutZ), other, theta, 180.0, 1e-9));
+                QVERIFY(areNear(inTwoDecimals(aboutX), 180.0, theta, other, 1e-9));
+                QVERIFY(areNear(inTwoDecimals(aboutZ), other, theta, 180.0, 1e-9));
             }
         }
     }
@@ -231,13 +231,14 @@ private slots:
     void shouldTestForGimbalLockExactly()
     {
         const Rows almost = {0.0, 0.0, 1.0, 0.6, 0.8, 1e-300, -0.8, 0.6, 0.0};
-        QVERIFY(isNear(anglesFromRotation(almost), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
+        QVERIFY(areNear(anglesFromRotation(almost), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
         Rows open = almost;
         open[0] = 1e-300;
-        QVERIFY(isNear(anglesFromRotation(open), -90.0, 90.0, 0.0));
+        QVERIFY(areNear(anglesFromRotation(open), -90.0, 90.0, 0.0));
         Rows lockedByTheLastColumn = open;
         lockedByTheLastColumn[5] = 0.0;
-        QVERIFY(isNear(anglesFromRotation(lockedByTheLastColumn), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
+        QVERIFY(
+            areNear(anglesFromRotation(lockedByTheLastColumn), std::atan2(0.6, 0.8) / radians, 90.0, 0.0));
     }
 
     void shouldNotLoseThetaWhenItsSineExceedsOne()
@@ -254,7 +255,7 @@ private slots:
                                  notANumber, notANumber, notANumber}) == RoomAngles());
         QVERIFY(std::isnan(anglesFromRotation({1.0, 0.0, notANumber, 0.0, 1.0, 0.0, 0.0, 0.0, 1.0}).theta));
         const RoomAngles mixed = displayedAngles({0.0, -1.0, notANumber, 1.0, 0.0, 0.0, 0.0, 0.0, 1.0});
-        QVERIFY(isNear(mixed, 0.0, 0.0, 90.0));
+        QVERIFY(areNear(mixed, 0.0, 0.0, 90.0));
     }
 
     void shouldCompareExactly()

@@ -10,7 +10,7 @@
 namespace
 {
 
-struct Bench {
+struct ScriptBench {
     SimController controller;
     LocalController link{controller};
     BenchIOManager channel{link};
@@ -35,7 +35,7 @@ class ScriptRunnerTest : public QObject
 private slots:
     void shouldCompareAnswers()
     {
-        Bench bench;
+        ScriptBench bench;
         QVERIFY(
             bench.run({"# a remark", "", "velmar2 get status active", "expect velmar2 get status active none",
                        "sim get counts", "expect sim get counts 4 1 1 1 6"}));
@@ -48,14 +48,14 @@ private slots:
 
     void shouldLetTimePassOnTheSteppedClock()
     {
-        Bench bench;
+        ScriptBench bench;
         QVERIFY(bench.run({"sim clock stepped", "wait 1.5", "frames 30"}));
         QVERIFY(qAbs(bench.controller.time() - 2.0) < 1e-6);
     }
 
     void shouldLetTimePassOnTheRealClock()
     {
-        Bench bench;
+        ScriptBench bench;
         const double before = bench.controller.time();
         QVERIFY(bench.run({"wait 0.2"}));
         QVERIFY(bench.controller.time() - before > 0.1);
@@ -63,7 +63,7 @@ private slots:
 
     void shouldCompareTheMeanOfTheTip()
     {
-        Bench bench;
+        ScriptBench bench;
         QVERIFY(bench.run({"sim clock stepped", "velmar2 tracking start", "sim tool 1 noise 0.1",
                            "sim tool 1 tip 1 2 3", "expect-near tool 1 1 2 3 0.1"}));
         QVERIFY(!bench.run({"expect-near tool 1 1 2 4 0.1"}));
@@ -74,7 +74,7 @@ private slots:
 
     void shouldRunAFileUpToTheFirstFailure()
     {
-        Bench bench;
+        ScriptBench bench;
         const QTemporaryDir folder;
         const QString script = folder.filePath(QStringLiteral("run.txt"));
         const QString log = folder.filePath(QStringLiteral("log.txt"));

@@ -13,8 +13,8 @@ namespace
 {
 
 /// A controller whose time stands still, and the host's channel.
-struct Bench {
-    Bench() { channel.control("sim clock stepped"); }
+struct TipBench {
+    TipBench() { channel.control("sim clock stepped"); }
 
     SimController controller;
     LocalController link{controller};
@@ -31,7 +31,7 @@ private slots:
     void shouldAverageTheTipOfItsTool()
     {
         // GIVEN
-        Bench bench;
+        TipBench bench;
         TipRecorder recorder(bench.channel, 2);
         // WHEN
         recorder.dataReceived("6dmt", "6dmt 2 [0 1.000 0][9 9 9][1 0 0 0 1 0 0 0 1] "
@@ -56,7 +56,7 @@ private slots:
     {
         // GIVEN
         QFETCH(QByteArray, record);
-        Bench bench;
+        TipBench bench;
         TipRecorder recorder(bench.channel, 1);
         // WHEN
         recorder.dataReceived("6dmt", record.constData());
@@ -67,7 +67,7 @@ private slots:
     void shouldListenToOneFormatAsLongAsItLives()
     {
         // GIVEN
-        Bench bench;
+        TipBench bench;
         std::array<char, 1024> answer{};
         QCOMPARE(bench.channel.sendCommand(answer.data(), "velmar2 tracking start"), 0);
         auto recorder = std::make_unique<TipRecorder>(bench.channel, 1);

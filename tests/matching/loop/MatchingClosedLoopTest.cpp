@@ -54,10 +54,10 @@ struct Start {
 };
 
 /// A simulated controller with a workpiece of unknown pose, and the dialogs of the module on it.
-class Bench
+class MatchingBench
 {
 public:
-    Bench(unsigned seed, Start start)
+    MatchingBench(unsigned seed, Start start)
         : m_random(seed)
     {
         control("sim clock stepped");
@@ -264,7 +264,7 @@ void MatchingClosedLoopTest::shouldReportTheReferenceCoordinatesAfterwards()
     QFETCH(unsigned, seed);
     QFETCH(bool, extra);
     QFETCH(bool, reference);
-    Bench bench(seed, {extra, reference});
+    MatchingBench bench(seed, {extra, reference});
     QSignalSpy reports(&bench.channel, &BenchIOManager::errorReported);
     bench.open([&] {
         // WHEN

@@ -10,7 +10,6 @@
 namespace
 {
 
-using Outcome = AssignmentSearch::Outcome;
 using Search = AssignmentSearch::Result (AssignmentSearch::*)(const AssignmentSearch::GoOn &);
 
 /// What makes the order hard to find.
@@ -107,7 +106,7 @@ private slots:
         // WHEN
         const AssignmentSearch::Result result = (search.*walk)([&asked] { return ++asked < 20000; });
         // THEN
-        QVERIFY(result.outcome == Outcome::Found);
+        QVERIFY(result.outcome == AssignmentSearch::Outcome::Found);
         QVERIFY2(std::abs(asked - questions) <= questions / 20, qPrintable(QString::number(asked)));
     }
 
@@ -163,7 +162,7 @@ private slots:
         // WHEN
         const AssignmentSearch::Result byTree = search.runTree({}), byRotations = search.runRotations({});
         // THEN
-        QVERIFY(byTree.outcome == Outcome::Found);
+        QVERIFY(byTree.outcome == AssignmentSearch::Outcome::Found);
         QCOMPARE(byRotations.order, byTree.order);
         QCOMPARE(byRotations.bestMm, byTree.bestMm);
     }

@@ -5,7 +5,6 @@
 #include <QtTest>
 
 using Event = ToolSampler::Event;
-using Outcome = TipCollector::Outcome;
 
 namespace
 {
@@ -77,9 +76,9 @@ void ToolSamplerTest::shouldGoThroughAMeasurement()
     QVERIFY(sampler.decode(line(0).constData()));
     const ToolSampler::Step last = sampler.sample(0);
     QCOMPARE(last.event, Event::Ended);
-    QCOMPARE(last.judgement.outcome, Outcome::Point);
+    QCOMPARE(last.judgement.outcome, TipCollector::Outcome::Point);
     QCOMPARE(last.judgement.mean, (MatchingPoint{1, 2, 3}));
-    QCOMPARE(sampler.sample(0).judgement.outcome, Outcome::Nothing);
+    QCOMPARE(sampler.sample(0).judgement.outcome, TipCollector::Outcome::Nothing);
 }
 
 void ToolSamplerTest::shouldStartOncePerPress()
@@ -107,7 +106,7 @@ void ToolSamplerTest::shouldTakeThePointWhileAButtonIsHeld()
     sampler.watchButtons();
     const ToolSampler::Step end = sampler.sample(0);
     QCOMPARE(end.event, Event::Ended);
-    QCOMPARE(end.judgement.outcome, Outcome::Point);
+    QCOMPARE(end.judgement.outcome, TipCollector::Outcome::Point);
 }
 
 void ToolSamplerTest::shouldBeginAnewAtEachOpening()
@@ -131,7 +130,7 @@ void ToolSamplerTest::shouldForgetTheSamplesOfAnotherTool()
     QVERIFY(!sampler.isTracked());
     sampler.selectTool(1);
     QVERIFY(sampler.decode(line(0).constData()));
-    QCOMPARE(sampler.sample(0).judgement.outcome, Outcome::Nothing);
+    QCOMPARE(sampler.sample(0).judgement.outcome, TipCollector::Outcome::Nothing);
 }
 
 void ToolSamplerTest::shouldKeepTheSamplesWhenAStartIsRequested()
@@ -142,7 +141,7 @@ void ToolSamplerTest::shouldKeepTheSamplesWhenAStartIsRequested()
     QCOMPARE(eventAfter(sampler, line(1)), Event::FirstSample);
     QCOMPARE(eventAfter(sampler, line(2)), Event::StartRequested);
     QVERIFY(sampler.decode(line(0, "[9 9 9]", "-1.0").constData()));
-    QCOMPARE(sampler.sample(0).judgement.outcome, Outcome::Point);
+    QCOMPARE(sampler.sample(0).judgement.outcome, TipCollector::Outcome::Point);
 }
 
 void ToolSamplerTest::shouldAcceptRecordsOfAnyTextBelowItsBuffer()
