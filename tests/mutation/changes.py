@@ -31,8 +31,8 @@ STATEMENT = re.compile(r"^(?: {4})+(?!return\b|if\b|for\b|while\b|switch\b|else\
                        r"(?:\(|\s*(?:[-+*/|&^]|<<|>>)?=(?!=)|\s<<\s|\+\+;|--;|;))", re.MULTILINE)
 # Whose arguments may change places, or never compile when they do.
 UNCHANGED = re.compile(r"\b(?:connect|max|min|lower|lesser|minmax|hypot|swap|qMax|qMin|equal|agrees\w*|\w*Agree|distance"
-                       r"|dot|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax|squaredLength)(?:<[\w:]+>)?\(\Z"
-                       r"|\bsquaredLength\((?:difference|crossProduct)\Z")
+                       r"|dot|dotProduct)(?:<[\w:]+>)?\Z|\b(?:max|min|minmax|squaredLength|lengthOf)(?:<[\w:]+>)?\(\Z"
+                       r"|\b(?:squaredLength|lengthOf)\((?:difference|crossProduct)\Z")
 # Of two texts of which is only asked whether they begin alike, each may be the first.
 TEXTS_COMPARED = re.compile(r"\bstrn?cmp\Z")
 ONLY_EQUALITY = re.compile(r"\)\s*[!=]= 0(?![\w.])")

@@ -63,7 +63,7 @@ class ChangesTest(unittest.TestCase):
     def test_should_leave_arguments_in_place_whose_order_does_not_count(self):
         text = """bool judge()
 {
-    const double length = squaredLength({x, y, z}) + squaredLength(difference(to, from));
+    const double length = squaredLength({x, y, z}) + lengthOf(difference(to, from));
     if (std::strcmp(left, right) < 0)
         return std::strncmp(text, word, size) == 0;
     return squaredLength(centre(first, second)) > 0.0;

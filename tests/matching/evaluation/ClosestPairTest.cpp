@@ -67,6 +67,16 @@ private slots:
         }
     }
 
+    /// Between the strips that hold the points and the first one lies one that holds none.
+    void shouldFindAPairBehindAnEmptyStrip()
+    {
+        const MatchingPoints points = {{0, 0, 40}, {0, 5.9, 10}, {0, 6.1, 10.2}, {0, 9, 0}};
+        const std::optional<ClosestPair> pair = ClosestPair::of(points, 1.0);
+        QVERIFY(pair.has_value());
+        QCOMPARE(pair->first, 1);
+        QCOMPARE(pair->second, 2);
+    }
+
     void shouldFindEqualPointsAndNothingAtTheLimit()
     {
         const MatchingPoints points = {{1, 2, 3}, {4, 2, 3}, {1, 2, 3}};

@@ -212,6 +212,7 @@ void SetHintsTest::shouldLeavePointsAloneThatAreMeantToBeClose()
     const MatchingPoints references = {{0, 0, 0}, {2, 0, 0}, {500, 0, 0}, {0, 700, 0}};
     MatchingPoints measured = references;
     QCOMPARE(SetHints::of(references, measured).sameMeasured, -1);
+    QCOMPARE(SetHints::of(references, measured).sameMeasuredToo, -1);
     measured[3] = {500, 0.1, 0};
     QCOMPARE(SetHints::of(references, measured).sameMeasured, 2);
     QCOMPARE(SetHints::of(references, measured).sameMeasuredToo, 3);
