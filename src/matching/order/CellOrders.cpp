@@ -17,9 +17,7 @@ constexpr long stepsBetweenQuestions = 1000;
 CellOrders::CellOrders(const TwinPoints &references, const TwinPoints &measured)
     : m_references(references)
     , m_measured(measured)
-    , m_groups(0)
 {
-    m_count = 0;
     for (int group = 0; group < references.groupCount(); ++group) {
         m_room.push_back(static_cast<int>(references.members(group).size()));
         m_count += references.members(group).size();

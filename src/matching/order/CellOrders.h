@@ -54,7 +54,7 @@ private:
 
     const TwinPoints &m_references;
     const TwinPoints &m_measured;
-    std::size_t m_count;
+    std::size_t m_count = 0;
     std::vector<std::vector<Option>> m_options; ///< of every measured point, the cheapest first
     std::vector<int> m_places;                  ///< measured points, the one with the fewest options first
     std::vector<int> m_room;                    ///< how many more every group of reference points takes

@@ -78,6 +78,43 @@ private slots:
         }
     }
 
+    void shouldTellTheLeastOfTheResidualsThatItWasLedTo()
+    {
+        // GIVEN
+        PointSets sets(86);
+        for (int trial = 0; trial < 20; ++trial) {
+            const MatchingCase lists(sets, 6, 20.0);
+            Prepared prepared(lists);
+            VisitedOrders visited(std::numeric_limits<double>::infinity());
+            // WHEN
+            QVERIFY(prepared.search.visitLikely(visited, {}));
+            // THEN
+            OrderFit fit(lists.references, lists.measured);
+            double least = std::numeric_limits<double>::infinity();
+            for (const PointOrder &order : visited.orders) {
+                const OrderFit::Result result = fit.fit(order);
+                least = std::min(least, result.isValid() ? result.rmsMm : least);
+            }
+            QVERIFY(std::fabs(prepared.search.leastLikelyRmsMm() / least - 1.0) < 1e-3);
+        }
+    }
+
+    void shouldVisitTheSameOrdersAgain()
+    {
+        // GIVEN
+        PointSets sets(87);
+        const MatchingCase lists(sets, 6, 50.0);
+        Prepared prepared(lists);
+        VisitedOrders first(120.0), second(120.0);
+        QVERIFY(prepared.search.walk(first, {}));
+        // WHEN
+        QVERIFY(prepared.search.walk(second, {}));
+        // THEN
+        QVERIFY(!first.orders.empty());
+        QVERIFY(second.orders == first.orders);
+        QCOMPARE(second.visits, first.visits);
+    }
+
     void shouldEndWhenTheVisitorOrTheAskerSaysSo()
     {
         // GIVEN
