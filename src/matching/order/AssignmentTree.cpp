@@ -29,12 +29,11 @@ AssignmentTree::AssignmentTree(const OrderFit &fit, const TwinPoints &references
     , m_measuredTwins(measured)
     , m_bound(fit.references(), fit.measured())
     , m_count(static_cast<int>(fit.references().size()))
-    , m_levels(fit.references().size() + 1)
+    , m_levels(fit.references().size())
     , m_order(fit.references().size(), unassigned)
     , m_referenceTaken(fit.references().size(), 0)
     , m_measuredTaken(fit.references().size(), 0)
-    , m_covered(fit.references().size(), 0)
-    , m_listedAt(fit.references().size() + 1, 0)
+    , m_listedAt(fit.references().size())
 {
     for (Level &level : m_levels)
         level.partners.resize(fit.references().size());
@@ -65,7 +64,6 @@ bool AssignmentTree::walk(OrderVisitor &visitor, const OrderVisitor::GoOn &goOn)
     m_visitor = &visitor;
     m_goOn = &goOn;
     Level &root = m_levels.front();
-    root.moments = {};
     for (std::vector<int> &partners : root.partners) {
         partners.resize(m_order.size());
         for (int j = 0; j < m_count; ++j)
@@ -209,18 +207,16 @@ bool AssignmentTree::everyoneHasAPartner(const Level &level)
 int AssignmentTree::narrowest(const Level &level) const
 {
     int best = unassigned;
-    std::size_t fewest = 0, most = 0;
+    bool isSingle = true;
     for (int i = 0; i < m_count; ++i) {
         if (at(m_referenceTaken, i))
             continue;
         const std::size_t size = at(level.partners, i).size();
-        most = std::max(most, size);
-        if (best == unassigned || size < fewest) {
+        isSingle = isSingle && size == 1;
+        if (best == unassigned || size < at(level.partners, best).size())
             best = i;
-            fewest = size;
-        }
     }
-    return most == 1 ? unassigned : best;
+    return isSingle ? unassigned : best;
 }
 
 std::vector<AssignmentTree::Branch> AssignmentTree::branches(const Level &level, int reference) const
