@@ -147,6 +147,23 @@ private slots:
         }
     }
 
+    /// They differ by rounding only, of which none may take an order away.
+    void shouldTakeTheLesserOfTheRestsOfEqualPoints()
+    {
+        const TwinPoints references(MatchingPoints(2, MatchingPoint{1, 1, 1})),
+            measured({{1, 0, 0}, {2, 0, 0}});
+        for (const double rounding : {1e-9, -1e-9}) {
+            CellOrders orders(references, measured);
+            const std::vector<double> rests = {0.5 + rounding, 0.5 - rounding, 0.5 - rounding,
+                                               0.5 + rounding};
+            QVERIFY(orders.prepare(AllowedPairs(2), rests, 1.0, 2));
+            int visits = 0;
+            QVERIFY(orders.forEach(100, [&visits](const PointOrder &) { return ++visits > 0; }) ==
+                    Outcome::Complete);
+            QCOMPARE(visits, 1);
+        }
+    }
+
     /// Of three points each may be the first, then one of two, then the last: 3 + 6 + 6 pairs are tried.
     void shouldCountEveryPairThatIsTriedAsAStep()
     {
@@ -175,6 +192,8 @@ private slots:
         QCOMPARE(questions, 13);
         questions = 0;
         QVERIFY(any.orders.forEach(3500, goOn, anything) == Outcome::TooMany);
+        QCOMPARE(questions, 3);
+        QVERIFY(any.orders.forEach(3500, anything) == Outcome::TooMany);
         QCOMPARE(questions, 3);
     }
 

@@ -89,6 +89,7 @@ private slots:
     void shouldExcludeAsCloselyWhereverThePointsLie();
     void shouldNeverExcludeWhatFitsExactly_data();
     void shouldNeverExcludeWhatFitsExactly();
+    void shouldEstimateTheSquaresOfPointsWithoutExtent();
     void shouldBoundByLengthsWhatAllOrdersLeave();
 };
 
@@ -179,6 +180,17 @@ void RotationBoundTest::shouldNeverExcludeWhatFitsExactly()
             moments = bound.extended(moments, pair, pair);
             QVERIFY(!bound.exceeds(moments, count * slack * slack));
         }
+    }
+}
+
+void RotationBoundTest::shouldEstimateTheSquaresOfPointsWithoutExtent()
+{
+    PointSets sets(66);
+    const RotationBound bound(MatchingPoints(4, MatchingPoint{1, 2, 3}), asPoints(sets.box(4, 100)));
+    RotationBound::Moments moments;
+    for (int pair = 0; pair < 4; ++pair) {
+        moments = bound.extended(moments, pair, pair);
+        QCOMPARE(RotationBound::estimate(moments), moments.squares);
     }
 }
 
