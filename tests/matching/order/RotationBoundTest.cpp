@@ -70,7 +70,9 @@ QString faultOf(const MatchingPoints &references, const MatchingPoints &measured
         const auto [above, below] = closeness(moments.squares);
         if (bound.exceeds(moments, least + above) || !bound.exceeds(moments, least - below))
             return QStringLiteral("excludes wrongly at pair %1").arg(pair);
-        if (!(std::fabs(RotationBound::estimate(moments) - least) < 1e-2 * moments.squares))
+        // Of up to two pairs it is exact, of more the eighth step of an approximation.
+        const double estimateError = std::fabs(RotationBound::estimate(moments) - least);
+        if (!(estimateError < (pair < 2 ? 1e-9 : 2.5e-3) * moments.squares))
             return QStringLiteral("estimates badly at pair %1").arg(pair);
     }
     return {};
@@ -84,6 +86,7 @@ class RotationBoundTest : public QObject
 
 private slots:
     void shouldMeasureFromTheCentreInItsUnit();
+    void shouldLeaveRoomForRoundingInASumAndLittleMore();
     void shouldExcludeJustBelowTheLeastSquaresAndNeverAbove();
     void shouldExcludeAsCloselyWhereverThePointsLie_data();
     void shouldExcludeAsCloselyWhereverThePointsLie();
@@ -106,6 +109,23 @@ void RotationBoundTest::shouldMeasureFromTheCentreInItsUnit()
         // A power of two above the largest of all coordinates.
         const double largest = std::max(largestOf(references), largestOf(measured));
         QCOMPARE(bound.unitMm(), std::exp2(std::floor(std::log2(largest)) + 1.0));
+    }
+}
+
+/// A residual that was rounded down to single precision may have been greater by the sixteen-millionth part.
+void RotationBoundTest::shouldLeaveRoomForRoundingInASumAndLittleMore()
+{
+    PointSets sets(67);
+    for (int trial = 0; trial < 50; ++trial) {
+        const int count = sets.integer(3, 30);
+        const RotationBound bound(asPoints(sets.box(count, 2000)), asPoints(sets.box(count, 2000)));
+        const double rmsMm = sets.uniform(0.1, 100);
+        const double exact = count * std::pow(rmsMm / bound.unitMm(), 2);
+        QVERIFY(bound.sumWithin(rmsMm) > exact * (1.0 + 2.0 / 16777216));
+        QVERIFY(bound.sumWithin(rmsMm) < exact * (1.0 + 1e-6));
+        // What fits exactly is off by the rounding of its coordinates.
+        QVERIFY(bound.sumWithin(0.0) > count * 4e-12 * 4e-12);
+        QVERIFY(bound.sumWithin(0.0) < count * 5e-12 * 5e-12);
     }
 }
 
