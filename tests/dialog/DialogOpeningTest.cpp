@@ -1,3 +1,4 @@
+#include "ComesForward.h"
 #include "DialogFixture.h"
 #include "TestRegistry.h"
 
@@ -262,6 +263,8 @@ void DialogOpeningTest::shouldOnlyRaiseItselfOnASecondTrigger()
         QCOMPARE(f.dialog.update_and_exec(), 0);
         QCOMPARE(f.host.calls(), QStringList());
         QVERIFY(f.dialog.isVisible());
+        QVERIFY(comesForward(f.dialog, [&] { f.dialog.update_and_exec(); }));
+        QCOMPARE(f.host.calls(), QStringList());
     });
 }
 

@@ -44,6 +44,12 @@ class AngleToolCallsTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldBeginWithoutSizes()
+    {
+        QCOMPARE(AngleToolSetup().height, 0.0);
+        QCOMPARE(AngleToolSetup().distances, (std::array<double, 3>()));
+    }
+
     void shouldOfferTheTypesThatSuitTheAngleTool()
     {
         // GIVEN

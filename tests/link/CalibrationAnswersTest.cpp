@@ -11,6 +11,12 @@ class CalibrationAnswersTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldBeInNoStepAtFirst()
+    {
+        QCOMPARE(StepProgress().step, 0);
+        QVERIFY(!StepProgress().fraction);
+    }
+
     void shouldReadTheAnnouncedPause_data()
     {
         QTest::addColumn<QByteArray>("value");

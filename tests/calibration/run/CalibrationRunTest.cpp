@@ -28,6 +28,13 @@ class CalibrationRunTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldHaveSeenNothingAtFirst()
+    {
+        const CalibrationPoll poll;
+        QVERIFY(poll.state == CalibrationPoll::State::Unchanged);
+        QVERIFY(!poll.firstStepIsComplete);
+    }
+
     void init()
     {
         m_versions = BackendVersions();

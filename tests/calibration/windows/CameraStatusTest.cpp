@@ -80,6 +80,7 @@ private slots:
         QTest::addColumn<QString>("style");
         QTest::newRow("nothing yet") << QByteArray("0") << 0 << blueStyle;
         QTest::newRow("below one percent") << QByteArray("0.0099") << 0 << blueStyle;
+        QTest::newRow("one percent") << QByteArray("0.0105") << 1 << blueStyle;
         QTest::newRow("29 percent") << QByteArray("0.29") << 29 << blueStyle;
         QTest::newRow("just not all") << QByteArray("0.995") << 99 << blueStyle;
         QTest::newRow("all") << QByteArray("1.000") << 100 << greenStyle;

@@ -294,6 +294,13 @@ private slots:
         QVERIFY(!panel.findChild<QComboBox *>(QStringLiteral("comboBox_right"))->isEnabled());
     }
 
+    void shouldOfferNoAxesBeforeItKnowsTheType()
+    {
+        const CoarseAdjustment panel(nullptr, nullptr, nullptr, nullptr);
+        for (const char *name : {"comboBox_right", "comboBox_top", "pushButton_reset"})
+            QVERIFY2(!panel.findChild<QWidget *>(QLatin1String(name))->isEnabled(), name);
+    }
+
     void shouldOfferSixAxesByTheirCodes()
     {
         const Bench bench;

@@ -15,6 +15,7 @@ class RecordListTest : public QObject
 
 private slots:
     void shouldFillUpWithBlankEntries();
+    void shouldCountNothingInABlankEntry();
     void shouldKeepTheEntriesThatStay();
     void shouldHoldItsSizeBetweenNothingAndTheCap();
     void shouldBlankEveryEntry();
@@ -32,6 +33,25 @@ void RecordListTest::shouldFillUpWithBlankEntries()
         QCOMPARE(list.at(index)->quality, -1.0);
         QCOMPARE(list.at(index)->location, RecordLocation());
     }
+}
+
+void RecordListTest::shouldCountNothingInABlankEntry()
+{
+    RecordList<HandheldRecord> handhelds;
+    handhelds.resize(1);
+    QCOMPARE(handhelds.at(0)->buttonCount, 0);
+    QCOMPARE(handhelds.at(0)->joystickCount, 0);
+    QCOMPARE(handhelds.at(0)->buttons, RecordButtons());
+    RecordList<MeasurementToolRecord> tools;
+    tools.resize(1);
+    QCOMPARE(tools.at(0)->flagCount, 0);
+    QCOMPARE(tools.at(0)->tipRadius, 0.0);
+    QCOMPARE(tools.at(0)->flags, RecordButtons());
+    RecordList<GloveRecord> gloves;
+    gloves.resize(1);
+    QCOMPARE(gloves.at(0)->side, 0);
+    QCOMPARE(gloves.at(0)->fingerCount, 0);
+    QCOMPARE(MarkerRecord().id, 0);
 }
 
 void RecordListTest::shouldKeepTheEntriesThatStay()

@@ -1,3 +1,4 @@
+#include "ComesForward.h"
 #include "InterfaceVersion.h"
 #include "OpenedDialog.h"
 #include "TestClock.h"
@@ -46,6 +47,7 @@ private slots:
     void shouldLeaveWithTheWindowBehindIt_data();
     void shouldLeaveWithTheWindowBehindIt();
     void shouldNotOpenInFrontOfAHiddenWindow();
+    void shouldComeForwardInsteadOfOpeningTwice();
     void shouldRefuseASecondOpeningWhileItIsLeaving();
     void shouldTellThatNoDataArrives();
     void shouldShowTheHelp();
@@ -437,6 +439,16 @@ void MatchingOpeningTest::shouldNotOpenInFrontOfAHiddenWindow()
     QVERIFY(!dialog.isVisible());
     QVERIFY(!host.calls().isEmpty());
     QCOMPARE(answers.unexpected(), QStringList());
+}
+
+void MatchingOpeningTest::shouldComeForwardInsteadOfOpeningTwice()
+{
+    OpenedDialog opened;
+    opened.run([&] {
+        opened.host().clear();
+        QVERIFY(comesForward(opened.dialog(), [&] { opened.dialog().update_and_exec(); }));
+        QCOMPARE(opened.host().calls(), QStringList());
+    });
 }
 
 void MatchingOpeningTest::shouldRefuseASecondOpeningWhileItIsLeaving()

@@ -2,8 +2,12 @@
 
 #include "TestRegistry.h"
 
+#include <QFontMetrics>
 #include <QImage>
+#include <QPainter>
 #include <QtTest>
+
+#include <algorithm>
 
 namespace
 {
@@ -47,6 +51,48 @@ int drawnAbout(const QImage &image, const FitSketch::Place &place, int halfSide,
     return drawn;
 }
 
+/// The plate in its measures: crosses of 12 pixels, discs of 8, the ring about the third point of 26, numbers
+/// 10 to the right and above, the texts 8 pixels from the border.
+QImage drawnByHand(const FitSketch &sketch, bool isSure, const QFont &font)
+{
+    const QColor blue(60, 140, 230);
+    QImage image(520, 400, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setFont(font);
+    int number = 0;
+    for (const FitSketch::Pair &pair : sketch.pairs) {
+        const double x = pair.reference.x;
+        const double y = pair.reference.y;
+        const QPointF measured(pair.mapped.x, pair.mapped.y);
+        painter.setPen(QPen(blue, 2, isSure ? Qt::SolidLine : Qt::DashLine));
+        painter.setBrush(isSure ? QBrush(blue) : QBrush());
+        painter.drawLine(QPointF(x, y), measured);
+        painter.drawEllipse(measured, 4, 4);
+        painter.setPen(QPen(Qt::black, 2));
+        painter.drawLine(QPointF(x - 6, y), QPointF(x + 6, y));
+        painter.drawLine(QPointF(x, y - 6), QPointF(x, y + 6));
+        painter.drawText(QPointF(x + 10, y - 10), QString::number(++number));
+    }
+    const FitSketch::Place worst = sketch.pairs[2].reference;
+    const QFontMetrics metrics(font);
+    const QString error = QStringLiteral("3.00 mm");
+    const int width = metrics.horizontalAdvance(error);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(QPointF(worst.x, worst.y), 13, 13);
+    painter.drawText(QPointF(std::min(worst.x - width / 2.0, 520.0 - width), worst.y + 13 + metrics.height()),
+                     error);
+    painter.setPen(Qt::black);
+    QString legend = QStringLiteral("Errors are drawn %1 times as large.").arg(sketch.enlargement);
+    if (!isSure)
+        legend += QStringLiteral("\nBroken lines: another order of the points fits as well.");
+    painter.drawText(QRect(8, 8, 504, 384), Qt::AlignLeft | Qt::AlignTop, legend);
+    painter.drawText(QRect(8, 8, 504, 384), Qt::AlignLeft | Qt::AlignBottom,
+                     QString::fromUtf8("x\u2192 y\u2191"));
+    return image;
+}
+
 } // namespace
 
 class FitPictureTest : public QObject
@@ -60,6 +106,8 @@ private slots:
     void shouldDrawInBrokenLinesWhatIsNotSure();
     void shouldStartWithTheWidestView();
     void shouldShowAnotherSide();
+    void shouldDrawEverythingInItsMeasures_data();
+    void shouldDrawEverythingInItsMeasures();
     void shouldKeepTheLegendAndTheAxesFromTheBorder_data();
     void shouldKeepTheLegendAndTheAxesFromTheBorder();
 };
@@ -142,6 +190,29 @@ void FitPictureTest::shouldShowAnotherSide()
     picture.setView(FitSketch::Along::Y);
 
     QVERIFY(grabbed(picture) != fromAbove);
+}
+
+void FitPictureTest::shouldDrawEverythingInItsMeasures_data()
+{
+    QTest::addColumn<bool>("isSure");
+    QTest::newRow("sure") << true;
+    QTest::newRow("not sure") << false;
+}
+
+void FitPictureTest::shouldDrawEverythingInItsMeasures()
+{
+    // GIVEN
+    QFETCH(bool, isSure);
+    FitPicture picture;
+    picture.setPalette(paletteOf(Qt::white, Qt::black));
+    MatchingEvaluation evaluation = matched();
+    evaluation.otherOrderFits = !isSure;
+    const FitSketch sketch = FitSketch::of(plate, evaluation.mapped, FitSketch::Along::Z, 520, 400);
+    // WHEN
+    picture.show(plate, evaluation, 2);
+    const QImage drawn = grabbed(picture).convertToFormat(QImage::Format_RGB32);
+    // THEN
+    QCOMPARE(drawn, drawnByHand(sketch, isSure, picture.font()));
 }
 
 void FitPictureTest::shouldKeepTheLegendAndTheAxesFromTheBorder_data()

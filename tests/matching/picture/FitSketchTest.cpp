@@ -31,6 +31,7 @@ class FitSketchTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldEnlargeNothingAtFirst();
     void shouldLookAlongTheAxisOfTheLeastExtent_data();
     void shouldLookAlongTheAxisOfTheLeastExtent();
     void shouldKeepTheProportionsOfThePlane();
@@ -42,6 +43,15 @@ private slots:
     void shouldPutPointsOfOnePlaceInTheMiddle();
     void shouldShowPointsWithoutErrorsAsTheyAre();
 };
+
+void FitSketchTest::shouldEnlargeNothingAtFirst()
+{
+    const FitSketch sketch;
+    QCOMPARE(sketch.enlargement, 1.0);
+    const FitSketch::Pair pair;
+    QCOMPARE(pair.reference.x, 0.0);
+    QCOMPARE(pair.mapped.y, 0.0);
+}
 
 void FitSketchTest::shouldLookAlongTheAxisOfTheLeastExtent_data()
 {

@@ -41,6 +41,8 @@ class JobReportTest : public QObject
     Q_OBJECT
 
 private slots:
+    void shouldBeginWithTheScalingOfNoChange() { QCOMPARE(JobRecord().scaling, 1.0); }
+
     void shouldTellEverythingOfAJob()
     {
         QCOMPARE(

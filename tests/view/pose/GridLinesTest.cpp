@@ -168,8 +168,14 @@ private slots:
         for (const GridWindow &grid :
              {visibleGrid(bad, 100.0, {}), visibleGrid(100.0, bad, {}), visibleGrid(100.0, 0.0, {}),
               visibleGrid(100.0, -5.0, {}), visibleGrid(100.0, 10.0, broken),
-              visibleGrid(std::numeric_limits<double>::infinity(), 100.0, {})})
-            QCOMPARE(grid.alongX.count + grid.alongY.count, 0);
+              visibleGrid(std::numeric_limits<double>::infinity(), 100.0, {})}) {
+            QCOMPARE(grid.halfSize, 0.0);
+            for (const GridLines &lines : {grid.alongX, grid.alongY}) {
+                QCOMPARE(lines.count, 0);
+                QCOMPARE(lines.at(0), 0.0);
+                QCOMPARE(lines.at(1), 0.0);
+            }
+        }
     }
 };
 

@@ -41,6 +41,17 @@ class ViewDistanceTest : public QObject
 {
     Q_OBJECT
 private slots:
+    void shouldProjectAsAgreedUntilItsSizeIsKnown()
+    {
+        const ViewProjection projection;
+        QCOMPARE(projection.fieldOfViewDegrees, 45.0);
+        QCOMPARE(projection.nearPlane, 1.0);
+        QCOMPARE(projection.farPlane, 100000.0);
+        QCOMPARE(projection.width, 1);
+        QCOMPARE(projection.height, 1);
+        QCOMPARE(ViewExtraPoint().enabled, (std::array<bool, 3>()));
+    }
+
     void shouldBe900WithoutARoom()
     {
         const abcRoom room(nullptr);

@@ -42,6 +42,14 @@ private slots:
         QVERIFY(pose.position() == bsVector(11.0, 21.0, -269.0));
     }
 
+    void shouldSaveAPositionThatIsSet()
+    {
+        ViewPose pose;
+        pose.setPosition({5.0, 6.0, 7.0});
+        pose.translate(1.0, 1.0, 1.0);
+        QVERIFY(pose.position() == bsVector(6.0, 7.0, 8.0));
+    }
+
     void shouldSaveWhatIsSetAbsolutely()
     {
         ViewPose pose;
