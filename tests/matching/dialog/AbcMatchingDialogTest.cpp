@@ -51,6 +51,7 @@ private slots:
     void shouldLeaveKeysThatMeanNothingHere();
     void shouldGiveEveryControlATip();
     void shouldLetTabLeaveTheTables();
+    void shouldLetNobodyTypeIntoTheReport();
     void shouldFitASmallScreen();
     void shouldNotGreyItsNotices();
     void shouldFollowTheLanguage();
@@ -179,6 +180,16 @@ void AbcMatchingDialogTest::shouldLetTabLeaveTheTables()
     QVERIFY(!opened.find<QTableWidget>("tableWidget_referencePoints")->tabKeyNavigation());
     QVERIFY(!opened.find<QTableWidget>("tableWidget_measuredPoints")->tabKeyNavigation());
     QVERIFY(opened.find<QTextEdit>("w_trafoText")->tabChangesFocus());
+}
+
+void AbcMatchingDialogTest::shouldLetNobodyTypeIntoTheReport()
+{
+    OpenedDialog opened;
+    auto *report = opened.find<QTextEdit>("w_trafoText");
+    QTest::keyClicks(report, "abc");
+    QCOMPARE(report->toPlainText(), QString());
+    QVERIFY(report->isReadOnly());
+    QVERIFY(!report->testAttribute(Qt::WA_InputMethodEnabled));
 }
 
 void AbcMatchingDialogTest::shouldFitASmallScreen()
