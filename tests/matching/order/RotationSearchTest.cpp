@@ -129,6 +129,28 @@ private slots:
         QVERIFY(!prepared.search.walk(none, [] { return false; }));
     }
 
+    /// Also when the asker would go on the next time.
+    void shouldEndAtWhicheverQuestionTheAskerSaysNo()
+    {
+        // GIVEN
+        PointSets sets(88);
+        const MatchingCase lists(sets, 30, 20.0);
+        int ended = 0;
+        for (int last = 0; last < 16; ++last) {
+            Prepared prepared(lists);
+            VisitedOrders visited(std::numeric_limits<double>::infinity());
+            int questions = 0;
+            const OrderVisitor::GoOn goOn = [&] { return questions++ != last; };
+            // WHEN
+            const bool complete = prepared.search.visitLikely(visited, goOn);
+            // THEN
+            QCOMPARE(complete, questions <= last);
+            ended += complete ? 0 : 1;
+        }
+        // Eleven while 256 cells of 900 pairs are weighed, and more where that leads.
+        QVERIFY2(ended > 11 && ended < 16, qPrintable(QString::number(ended)));
+    }
+
     void shouldBeginAnewAfterItWasEnded()
     {
         // GIVEN
