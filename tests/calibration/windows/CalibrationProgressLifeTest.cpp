@@ -7,6 +7,13 @@
 #include <QMessageBox>
 #include <QtTest>
 
+namespace
+{
+
+const QString lastOfPreparing = QStringLiteral("read cal step_pause room s01");
+
+} // namespace
+
 class CalibrationProgressLifeTest : public QObject
 {
     Q_OBJECT
@@ -247,7 +254,7 @@ private slots:
     {
         QTest::addColumn<QString>("call");
         QTest::addColumn<bool>("isStarted");
-        QTest::newRow("before a pause") << QStringLiteral("read cal step_pause room s01") << false;
+        QTest::newRow("before a pause") << lastOfPreparing << false;
         QTest::newRow("before the start") << QStringLiteral("read camera number_of_cameras") << false;
         QTest::newRow("in the start") << QStringLiteral("command velmar2 cal room start") << true;
         QTest::newRow("in a poll") << QStringLiteral("read status progress") << true;
@@ -276,6 +283,8 @@ private slots:
         const QStringList calls = bench.host.calls();
         QCOMPARE(calls.contains(QStringLiteral("command velmar2 cal room start")), isStarted);
         QCOMPARE(calls.count(QStringLiteral("command velmar2 cal room stop")), isStarted ? 1 : 0);
+        // Who has not got to the cameras yet does not ask for them any more.
+        QCOMPARE(calls.contains(QStringLiteral("read camera number_of_cameras")), call != lastOfPreparing);
     }
 
     void shouldLeaveAReflexScanToItselfWhenTheApplicationEnds()

@@ -198,6 +198,17 @@ private slots:
         }
     }
 
+    void shouldShareTheWidthOfTheTableAnewAtEachOpening()
+    {
+        Bench bench;
+        QStandardItemModel model(5, 4);
+        bench.panel.setCameraModel(&model);
+        auto *table = bench.part<QTableView>("tableView");
+        table->setColumnWidth(1, 20);
+        bench.panel.updatePanel();
+        QCOMPARE(table->columnWidth(1), table->width() / 4 - 1);
+    }
+
     void shouldAskTheControllerByItsVersion_data()
     {
         const QString last = QStringLiteral("read roomcal last_coordinate_type");
@@ -508,7 +519,12 @@ private slots:
             const QColor color = bench.part<QLabel>(name)->palette().color(QPalette::WindowText);
             colors.insert(color.rgb());
             QVERIFY2(contrast(color, window) > 4.5, qPrintable(color.name()));
+            const int axis = axisTexts.indexOf(bench.text(name));
+            QCOMPARE(color, bench.right()->itemData(axis, Qt::ForegroundRole).value<QColor>());
         }
+        for (const QComboBox *list : {bench.right(), bench.top()})
+            QCOMPARE(list->palette().color(QPalette::Text),
+                     list->itemData(list->currentIndex(), Qt::ForegroundRole).value<QColor>());
         QCOMPARE(colors.size(), 3); // left x, bottom z, both diagonals y
     }
 

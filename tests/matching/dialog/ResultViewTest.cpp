@@ -87,6 +87,20 @@ private slots:
         QVERIFY(form.view->evaluation().has_value());
     }
 
+    void shouldSetOffNothingOfTheResultBefore()
+    {
+        // GIVEN
+        const Form form;
+        form.view->show(worstSecond(), FitTrust());
+        MatchingEvaluation exact = worstSecond();
+        exact.worstPair = -1;
+        // WHEN
+        form.view->show(exact, FitTrust());
+        // THEN
+        QCOMPARE(Form::marked(form.ui.tableWidget_referencePoints), QString());
+        QCOMPARE(Form::marked(form.ui.tableWidget_measuredPoints), QString());
+    }
+
     void shouldForgetTheResultWhileItIsSearchedForAnother()
     {
         // GIVEN

@@ -382,6 +382,30 @@ private slots:
         QCOMPARE(picture.count([](const QColor &c) { return c != Qt::black; }), 0);
     }
 
+    void shouldTellWhatIsBehindTheEyeWhereverItLooks_data()
+    {
+        QTest::addColumn<double>("turnDegrees");
+        QTest::addColumn<bool>("isSeen");
+        QTest::newRow("the text is before the eye") << -90.0 << true;
+        QTest::newRow("the text is behind the eye") << 90.0 << false;
+    }
+
+    void shouldTellWhatIsBehindTheEyeWhereverItLooks()
+    {
+        // GIVEN: the origin 50 behind or before an eye that looks along the x axis, the text 150 from it
+        QFETCH(double, turnDegrees);
+        QFETCH(bool, isSeen);
+        CountingCanvas canvas;
+        showScene(canvas);
+        canvas.setScaleUnit(30.0);
+        canvas.setViewOrientation(matrix(motion(turn(0.0, turnDegrees, 0.0), {0.0, 0.0, 0.0})));
+        canvas.setViewPosition({0.0, 0.0, isSeen ? 50.0 : -50.0});
+        // WHEN
+        const Picture picture(canvas);
+        // THEN
+        QCOMPARE(picture.count(isWhite) >= 10, isSeen);
+    }
+
     void shouldDrawOnlyTheTransformedRoomWhenTheLoadedOneIsNoNumber()
     {
         CountingCanvas canvas;
