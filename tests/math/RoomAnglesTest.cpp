@@ -127,6 +127,16 @@ private slots:
         QCOMPARE(displayedAngles({-1, 0, 0, 0, -1, 0, 0, 0, 1}).phi, 180.0);
     }
 
+    void shouldShowTheAnglesOfBlurredAxesExactly()
+    {
+        const double noise = 5e-7;
+        const RoomAngles angles =
+            displayedAngles({noise, -1.0 + noise, -noise, 1.0 - noise, -noise, noise, noise, -noise, 1.0});
+        QCOMPARE(angles.phi, 90.0);
+        QCOMPARE(angles.eta, 0.0);
+        QCOMPARE(angles.theta, 0.0);
+    }
+
     void shouldReportTheWholeTurnInEtaInGimbalLock_data()
     {
         QTest::addColumn<double>("eta");

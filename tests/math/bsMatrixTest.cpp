@@ -361,6 +361,18 @@ private slots:
         QCOMPARE(count, 64);
     }
 
+    void shouldMakeTheOrientationOfBlurredAxesExact()
+    {
+        const double noise = 5e-7;
+        Eigen::Matrix3d blurred;
+        blurred << noise, -1.0 + noise, -noise, 1.0 - noise, -noise, noise, noise, -noise, 1.0 + noise;
+        const bsQuaternion q = matrix(blurred).toOrientation();
+        QCOMPARE(q.z, std::sqrt(0.5));
+        QCOMPARE(q.w, std::sqrt(0.5));
+        QCOMPARE(q.x, 0.0);
+        QCOMPARE(q.y, 0.0);
+    }
+
     void shouldKeepThePlainQuaternionWhereItLeadsBack()
     {
         for (double degrees = 5.0; degrees < 178.0; degrees += 11.5) {
