@@ -7,7 +7,7 @@
 /// Two points of a list that are closer to each other than a distance.
 struct ClosestPair {
     int first = 0;
-    int second = 0; ///< above `first`
+    int second = 0; ///< above the first
     double distanceMm = 0.0;
 
     /// The closest two, nothing when all are at least `belowMm` apart. All coordinates finite.
