@@ -1,5 +1,6 @@
 #include "AssignmentSearch.h"
 #include "PointSets.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 
 #include <QtTest>
@@ -76,6 +77,11 @@ private slots:
         const Search tree = &AssignmentSearch::runTree, rotations = &AssignmentSearch::runRotations,
                      both = &AssignmentSearch::run;
         QTest::newRow("tree, noise of the spacing") << tree << Kind::SpacingNoise << 12 << 63;
+        QTest::newRow("rotations, half moved") << rotations << Kind::HalfMoved << 30 << 98;
+        QTest::newRow("both, noise of the spacing") << both << Kind::SpacingNoise << 30 << 200;
+        // What is counted depends on no locale, nor on who watches.
+        if (!TestLoad::isFull())
+            return;
         QTest::newRow("tree, all wrong") << tree << Kind::AllWrong << 12 << 31;
         QTest::newRow("tree, a point twice") << tree << Kind::OneTwice << 20 << 6;
         QTest::newRow("tree, half filled") << tree << Kind::HalfFilled << 8 << 4;
@@ -88,8 +94,6 @@ private slots:
         QTest::newRow("rotations, all wrong") << rotations << Kind::AllWrong << 30 << 208;
         QTest::newRow("rotations, a point twice") << rotations << Kind::OneTwice << 50 << 271;
         QTest::newRow("rotations, half filled") << rotations << Kind::HalfFilled << 30 << 192;
-        QTest::newRow("rotations, half moved") << rotations << Kind::HalfMoved << 30 << 98;
-        QTest::newRow("both, noise of the spacing") << both << Kind::SpacingNoise << 30 << 200;
         QTest::newRow("both, noise") << both << Kind::SomeNoise << 50 << 295;
         QTest::newRow("both, a point twice") << both << Kind::OneTwice << 50 << 281;
         QTest::newRow("both, half moved") << both << Kind::HalfMoved << 50 << 389;
@@ -118,6 +122,8 @@ private slots:
         QTest::addColumn<bool>("exists");
         QTest::newRow("fitting") << Kind::Fitting << 50 << 0 << false;
         QTest::newRow("noise of the spacing") << Kind::SpacingNoise << 50 << 12 << true;
+        if (!TestLoad::isFull())
+            return;
         QTest::newRow("noise") << Kind::SomeNoise << 30 << 20 << true;
         QTest::newRow("more noise") << Kind::SomeNoise << 50 << 16 << true;
         QTest::newRow("half moved") << Kind::HalfMoved << 20 << 53 << false;
