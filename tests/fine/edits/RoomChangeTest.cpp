@@ -55,6 +55,16 @@ private slots:
         QVERIFY(!change.isMove() && !change.isTurn() && !change.isScaling());
     }
 
+    void shouldFindWhatIsJustLargeEnoughToBeTold()
+    {
+        RoomTrafoData data = record(turn(0.0006, {0, 0, 1}), {0, 0.0005, 0});
+        data.scaling = 1.000006;
+        const RoomChange change = RoomChange::between(RoomTrafoData(), data);
+        QCOMPARE(change.movedMm, 0.0005);
+        QVERIFY(std::abs(change.turnedDegrees - 0.0006) < 1e-9);
+        QCOMPARE(change.scalingAfter, 1.000006);
+    }
+
     void shouldTellHowFarTheZeroPointMovesInTheRoom()
     {
         const RoomTrafoData before = record(turn(70.0, {0, 1, 1}), {10, 20, 30});
