@@ -116,13 +116,11 @@ void RoomAdjustmentDlg2g::showLock()
     setWindowIcon(m_locked ? m_lockIcon : usual);
 }
 
+/// Of what an opening begins with.
 void RoomAdjustmentDlg2g::disableAdjusting()
 {
     m_ui->tabWidget->setEnabled(false);
     m_ui->btn_ok->setEnabled(false);
-    m_ui->btn_apply->setEnabled(false);
-    m_ui->label_error->hide();
-    m_ui->label_error->clear();
 }
 
 void RoomAdjustmentDlg2g::showNotice(Obstacle obstacle)
@@ -240,7 +238,6 @@ void RoomAdjustmentDlg2g::prepareAdjusting()
         showNotice(Obstacle::TooOld);
         return;
     }
-    m_ui->btn_apply->setEnabled(false);
     m_fine->resetAll();
     loadTransformation();
 }

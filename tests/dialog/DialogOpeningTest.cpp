@@ -17,6 +17,8 @@ class DialogOpeningTest : public QObject
 private slots:
     void shouldAskTheControllerInOrderWhenItOpens_data();
     void shouldAskTheControllerInOrderWhenItOpens();
+    void shouldBeginWithoutErrorAndChangeWhateverStoodThere_data();
+    void shouldBeginWithoutErrorAndChangeWhateverStoodThere();
     void shouldOpenWithEverythingDisabledButCancel_data();
     void shouldOpenWithEverythingDisabledButCancel();
     void shouldTakeOneRoomOfTwoForNone();
@@ -86,6 +88,31 @@ void DialogOpeningTest::shouldAskTheControllerInOrderWhenItOpens()
         QVERIFY(f.child<QLabel>("label_error")->isHidden());
         QCOMPARE(f.dialog.minimumSize(), QSize(1000, 700));
         QCOMPARE(f.child<QTabWidget>("tabWidget")->currentIndex(), 0);
+    });
+}
+
+void DialogOpeningTest::shouldBeginWithoutErrorAndChangeWhateverStoodThere_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("adjustable") << "nothing";
+    QTest::newRow("not available") << "tracking available";
+    QTest::newRow("locked") << "config is_changeable";
+}
+
+void DialogOpeningTest::shouldBeginWithoutErrorAndChangeWhateverStoodThere()
+{
+    QFETCH(QString, text);
+    DialogFixture f;
+    f.host.setAnswer(text, "no");
+    auto *error = f.child<QLabel>("label_error");
+    error->setText("of the opening before");
+    error->show();
+    f.child<QPushButton>("btn_apply")->setEnabled(true);
+
+    f.open([&] {
+        QVERIFY(error->isHidden());
+        QCOMPARE(error->text(), QString());
+        QVERIFY(!f.child<QPushButton>("btn_apply")->isEnabled());
     });
 }
 
