@@ -19,6 +19,7 @@ private slots:
     void shouldAskTheControllerInOrderWhenItOpens();
     void shouldBeginWithoutErrorAndChangeWhateverStoodThere_data();
     void shouldBeginWithoutErrorAndChangeWhateverStoodThere();
+    void shouldOpenInTheMiddleOfTheHostsWindow();
     void shouldOpenWithEverythingDisabledButCancel_data();
     void shouldOpenWithEverythingDisabledButCancel();
     void shouldTakeOneRoomOfTwoForNone();
@@ -113,6 +114,17 @@ void DialogOpeningTest::shouldBeginWithoutErrorAndChangeWhateverStoodThere()
         QVERIFY(error->isHidden());
         QCOMPARE(error->text(), QString());
         QVERIFY(!f.child<QPushButton>("btn_apply")->isEnabled());
+    });
+}
+
+void DialogOpeningTest::shouldOpenInTheMiddleOfTheHostsWindow()
+{
+    DialogFixture f;
+    f.window.setGeometry(170, 110, 1000, 700);
+
+    f.open([&] {
+        const QPoint off = f.dialog.geometry().center() - f.window.geometry().center();
+        QVERIFY2(off.manhattanLength() < 60, qPrintable(QString("%1 %2").arg(off.x()).arg(off.y())));
     });
 }
 

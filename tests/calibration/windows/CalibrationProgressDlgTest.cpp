@@ -71,6 +71,7 @@ private slots:
         QVERIFY(!timers.first()->isSingleShot());
         QCOMPARE(timers.last()->interval(), 5000);
         QVERIFY(timers.last()->isSingleShot());
+        QCOMPARE(timers.last()->timerType(), Qt::PreciseTimer);
         QVERIFY(!timers.first()->isActive());
         QVERIFY(!timers.last()->isActive());
     }
