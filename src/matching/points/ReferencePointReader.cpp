@@ -91,13 +91,10 @@ ReferencePointReader::Result ReferencePointReader::result() const
     return m_recognised && !m_lines.isGivenUp() ? Result::Read : Result::UnknownFormat;
 }
 
-/// Does with the current line what the block wants, and goes to the next. False at the end of the text.
+/// Does with the current line what the block wants, and goes to the next; before the first it is empty. False
+/// at the end of the text.
 bool ReferencePointReader::readLine()
 {
-    if (!m_begun) {
-        m_lines.next();
-        m_begun = true;
-    }
     switch (m_block) {
     case Block::None:
         if (*m_lines.line() == '\0' && m_lines.atEnd())

@@ -61,7 +61,6 @@ private:
     PointLineReader m_lines;
     MatchingPoints m_points;
     Block m_block = Block::None;
-    bool m_begun = false;
     bool m_recognised = false;
     std::size_t m_axis = 0;  ///< of a documentation block
     std::size_t m_index = 0; ///< how many values of the axis were taken
