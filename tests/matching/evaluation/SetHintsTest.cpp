@@ -201,6 +201,10 @@ void SetHintsTest::shouldFindAPointThatWasMeasuredTwice()
         QCOMPARE(hints.sameMeasured, 4);
         QCOMPARE(hints.sameMeasuredToo, 9);
         QVERIFY(hints.any() && !hints.mirrored);
+        // It may be the first of the list.
+        std::swap(measured[0], measured[4]);
+        QCOMPARE(SetHints::of(asPoints(references), measured).sameMeasured, 0);
+        QVERIFY(SetHints::of(asPoints(references), measured).any());
         // Already while points are still missing.
         measured.pop_back();
         QCOMPARE(SetHints::of(asPoints(references), measured).sameMeasuredToo, 9);
