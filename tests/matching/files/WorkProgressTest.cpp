@@ -23,8 +23,9 @@ public:
         ++pieces;
         return !ended;
     }
-    int percent() const override { return 42; }
+    int percent() const override { return done; }
 
+    int done = 42;
     int pieces = 0;
     bool ended = false;
 };
@@ -60,7 +61,10 @@ private slots:
             const auto *progress = qobject_cast<QProgressDialog *>(window);
             QVERIFY(progress);
             QCOMPARE(progress->labelText(), QString("Reading"));
-            QTRY_COMPARE(progress->findChild<QProgressBar *>()->value(), 42);
+            const auto *bar = progress->findChild<QProgressBar *>();
+            QTRY_COMPARE(bar->value(), 42);
+            work.done = 43;
+            QTRY_COMPARE(bar->value(), 43);
             const int pieces = work.pieces;
             QTRY_VERIFY(work.pieces > pieces);
             work.ended = true;
