@@ -137,8 +137,8 @@ endfunction()
 # run is of these classes and functions alone: for the others a locale changes nothing. With GERMAN a third run is of
 # these classes and functions as a German has them before a fine screen: comma, translation and a scale of 2 at once.
 # With OPENGL_WITH_COMMA_ONLY the first run is on a platform without OpenGL: for what opens windows again and again, whose
-# pictures are not what it looks at. Where the second run is of all classes, the sanitizers leave out the first, which is
-# labelled for it.
+# pictures are not what it looks at; with the sanitizers the second run, too. Where the second run is of all classes, the
+# sanitizers leave out the first, which is labelled for it.
 # SECONDS says of a long run how long it is: the longest begin first, so that none of them is left over at the end.
 function(room_test name)
   cmake_parse_arguments(ARG "WITHOUT_DISPLAY;OPENGL_WITH_COMMA_ONLY" "TIMEOUT;SECONDS" "SOURCES;LINKS;COMMA;GERMAN" ${ARGN})
@@ -165,10 +165,13 @@ function(room_test name)
   if(NOT ARG_COMMA)
     set_tests_properties(${name} PROPERTIES LABELS all_of_it_with_comma)
   endif()
+  if(NOT ROOM_SANITIZERS)
+    set(platform)
+  endif()
   list(JOIN ARG_COMMA " " comma)
   add_test(NAME ${name}.comma COMMAND ${launcher} $<TARGET_FILE:${target}>)
   room_test_environment(${name}.comma ${ARG_TIMEOUT}
-    LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1 "ROOM_TEST_CLASS=${comma}")
+    LOCPATH=${ROOM_LOCALE_PATH} LC_ALL=de_DE.UTF-8 ROOM_EXPECT_DECIMAL_COMMA=1 "ROOM_TEST_CLASS=${comma}" ${platform})
   if(ARG_SECONDS)
     set_tests_properties(${name} ${name}.comma PROPERTIES COST ${ARG_SECONDS})
   endif()
