@@ -5,6 +5,8 @@
 #include <atomic>
 #include <chrono>
 #include <ctime>
+#include <functional>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -29,6 +31,20 @@ bool isLong(const MatchingPoints &references, const MatchingPoints &measured, Ma
            references.size() > mostImmediatePoints;
 }
 
+class Worker : public QThread
+{
+public:
+    explicit Worker(std::function<void()> work)
+        : m_work(std::move(work))
+    {
+    }
+
+private:
+    void run() override { m_work(); }
+
+    std::function<void()> m_work;
+};
+
 } // namespace
 
 struct EvaluationThread::Job {
@@ -36,8 +52,18 @@ struct EvaluationThread::Job {
     MatchingPoints measured;
     MatchingEvaluation::Order order = MatchingEvaluation::Order::Preserved;
     std::atomic<bool> cancelled{false};
+    /// Ready once `done` is; the end of the thread says the same, but by locks that no checker sees.
     MatchingEvaluation evaluation;
+    std::atomic<bool> done{false};
     std::unique_ptr<QThread> thread;
+
+    const MatchingEvaluation &awaited() const
+    {
+        thread->wait();
+        while (!done.load(std::memory_order_acquire))
+            QThread::yieldCurrentThread();
+        return evaluation;
+    }
 };
 
 EvaluationThread::EvaluationThread(QObject *parent)
@@ -73,11 +99,12 @@ void EvaluationThread::startThread(const MatchingPoints &references, const Match
     job->references = references;
     job->measured = measured;
     job->order = order;
-    job->thread.reset(QThread::create([work = job.get()] {
+    job->thread = std::make_unique<Worker>([work = job.get()] {
         work->evaluation = MatchingEvaluation::of(work->references, work->measured, work->order, [work] {
             return !work->cancelled.load(std::memory_order_relaxed);
         });
-    }));
+        work->done.store(true, std::memory_order_release);
+    });
     m_job = job;
     connect(job->thread.get(), &QThread::finished, this, [this, job] { finish(job); });
     job->thread->start();
@@ -93,8 +120,7 @@ MatchingEvaluation EvaluationThread::cancel()
     m_job = nullptr;
     job->cancelled = true;
     job->thread->disconnect(this);
-    job->thread->wait();
-    return job->evaluation;
+    return job->awaited();
 }
 
 void EvaluationThread::finish(const std::shared_ptr<Job> &job)
@@ -103,7 +129,6 @@ void EvaluationThread::finish(const std::shared_ptr<Job> &job)
         return;
     // The connection holds the job, and the job the thread that the connection belongs to.
     job->thread->disconnect(this);
-    job->thread->wait();
     m_job = nullptr;
-    emit finished(MatchingEvaluation(job->evaluation));
+    emit finished(MatchingEvaluation(job->awaited()));
 }
