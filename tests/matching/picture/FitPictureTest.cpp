@@ -108,8 +108,6 @@ private slots:
     void shouldShowAnotherSide();
     void shouldDrawEverythingInItsMeasures_data();
     void shouldDrawEverythingInItsMeasures();
-    void shouldKeepTheLegendAndTheAxesFromTheBorder_data();
-    void shouldKeepTheLegendAndTheAxesFromTheBorder();
 };
 
 void FitPictureTest::shouldDrawEveryPointOnAnyPalette_data()
@@ -213,38 +211,6 @@ void FitPictureTest::shouldDrawEverythingInItsMeasures()
     const QImage drawn = grabbed(picture).convertToFormat(QImage::Format_RGB32);
     // THEN
     QCOMPARE(drawn, drawnByHand(sketch, isSure, picture.font()));
-}
-
-void FitPictureTest::shouldKeepTheLegendAndTheAxesFromTheBorder_data()
-{
-    QTest::addColumn<bool>("isSure");
-    QTest::newRow("sure") << true;
-    QTest::newRow("not sure") << false;
-}
-
-void FitPictureTest::shouldKeepTheLegendAndTheAxesFromTheBorder()
-{
-    // GIVEN: points far from the corners
-    QFETCH(bool, isSure);
-    FitPicture picture;
-    picture.setPalette(paletteOf(Qt::white, Qt::black));
-    MatchingEvaluation evaluation = matched();
-    evaluation.otherOrderFits = !isSure;
-    // WHEN
-    picture.show(plate, evaluation, -1);
-    const QImage image = grabbed(picture);
-    // THEN: eight pixels free at each side, and the texts begin right behind them
-    QRect drawn;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) != QColor(Qt::white))
-                drawn |= QRect(x, y, 1, 1);
-        }
-    }
-    QVERIFY2(drawn.left() >= 8 && drawn.left() <= 11, qPrintable(QString::number(drawn.left())));
-    QVERIFY2(drawn.top() >= 8 && drawn.top() <= 14, qPrintable(QString::number(drawn.top())));
-    const int below = image.height() - 1 - drawn.bottom();
-    QVERIFY2(below >= 8 && below <= 14, qPrintable(QString::number(below)));
 }
 
 ROOM_TEST_CLASS(FitPictureTest)
