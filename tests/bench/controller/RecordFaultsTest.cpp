@@ -97,6 +97,29 @@ private slots:
         QCOMPARE(lines(faults.apply({{"fr", "a"}, {"ts", "b"}})), (QStringList{"a", "b"}));
     }
 
+    void shouldEndExchangesTooWhenCleared()
+    {
+        // GIVEN
+        RecordFaults faults;
+        faults.swap("fr", "ts", 3);
+        faults.swap("fr", "6d", 3);
+        // WHEN
+        faults.clear();
+        // THEN
+        QCOMPARE(lines(faults.apply(frame())), lines(frame()));
+    }
+
+    void shouldKeepTheFormatsWhenCleared()
+    {
+        // GIVEN
+        RecordFaults faults;
+        faults.formats = RecordFaults::Formats::Second;
+        // WHEN
+        faults.clear();
+        // THEN
+        QVERIFY(!faults.exists("6dmt"));
+    }
+
     void shouldKnowWhichFormatsExist()
     {
         // GIVEN
