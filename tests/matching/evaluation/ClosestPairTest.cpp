@@ -85,6 +85,18 @@ private slots:
         QCOMPARE(ClosestPair::of(MatchingPoints(5000), 1.0)->distanceMm, 0.0);
         QVERIFY(!ClosestPair::of({points[0], points[1]}, 3.0));
         QVERIFY(ClosestPair::of({points[0], points[1]}, 3.1));
+        const MatchingPoints acrossAxes = {{0, 0, 0}, {3, 4, 0}};
+        QVERIFY(!ClosestPair::of(acrossAxes, 5.0));
+        QVERIFY(ClosestPair::of(acrossAxes, 5.1));
+    }
+
+    void shouldKeepTheFirstOfTwoPairsThatAreAsClose()
+    {
+        const MatchingPoints points = {{0, 0, 0}, {3, 4, 0}, {100, 0, 0}, {103, 4, 0}};
+        const std::optional<ClosestPair> pair = ClosestPair::of(points, 6.0);
+        QVERIFY(pair.has_value());
+        QCOMPARE(pair->first, 0);
+        QCOMPARE(pair->second, 1);
     }
 };
 

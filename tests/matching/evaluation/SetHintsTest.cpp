@@ -29,6 +29,23 @@ Values mirrored(Values values)
     return values;
 }
 
+/// A rectangle of three rows of four points, row by row: the first three lie on a line.
+MatchingPoints rowByRow()
+{
+    MatchingPoints points;
+    for (int i = 0; i < 12; ++i)
+        points.push_back({i % 4 * 150.0, i / 4 * 200.0, 0.0});
+    return points;
+}
+
+/// The same points in an order whose first three do not.
+MatchingPoints withACornerFirst()
+{
+    MatchingPoints points = rowByRow();
+    std::swap(points[1], points[11]);
+    return points;
+}
+
 Values flattened(Values values)
 {
     for (std::size_t i = 2; i < values.size(); i += 3)
@@ -56,6 +73,10 @@ private slots:
     void shouldWeighTheMisfitOfAMirrorImageByTheReferences();
     void shouldNotTakeForMirroredWhatFitsBothWays_data();
     void shouldNotTakeForMirroredWhatFitsBothWays();
+    void shouldNotTakeForMirroredWhatCannotBegin_data();
+    void shouldNotTakeForMirroredWhatCannotBegin();
+    void shouldRecogniseTheMirrorImageOfPointsThatBeginOnALine();
+    void shouldRecogniseTheMirrorImageWhereItGaveUpOnAllOthers();
     void shouldFindAPointThatWasMeasuredTwice();
     void shouldLeavePointsAloneThatAreMeantToBeClose();
     void shouldNotTakeARepeatedReferencePointForACloseOne();
@@ -187,6 +208,45 @@ void SetHintsTest::shouldNotTakeForMirroredWhatFitsBothWays()
     for (MatchingPoint &point : measured)
         point[2] = 50.0 - point[2];
     QVERIFY(!SetHints::of(references, measured).mirrored);
+}
+
+void SetHintsTest::shouldNotTakeForMirroredWhatCannotBegin_data()
+{
+    QTest::addColumn<MatchingPoints>("references");
+    QTest::addColumn<MatchingPoints>("measured");
+    QTest::newRow("references that begin on a line") << rowByRow() << withACornerFirst();
+    QTest::newRow("measured points that do") << withACornerFirst() << rowByRow();
+    QTest::newRow("both") << rowByRow() << rowByRow();
+}
+
+void SetHintsTest::shouldNotTakeForMirroredWhatCannotBegin()
+{
+    QFETCH(MatchingPoints, references);
+    QFETCH(MatchingPoints, measured);
+    QVERIFY(!SetHints::of(references, measured).any());
+}
+
+void SetHintsTest::shouldRecogniseTheMirrorImageOfPointsThatBeginOnALine()
+{
+    const MatchingPoints references = {{0, 0, 0}, {500, 0, 0}, {0, 400, 0}, {250, 0, 0}, {0, 0, 300}};
+    const MatchingPoints measured = {{0, 0, 0}, {-250, 0, 0}, {-500, 0, 0}, {0, 0, 300}, {0, 400, 0}};
+    QVERIFY(SetHints::of(references, measured).mirrored);
+}
+
+/// Four heaps of eight points: the heaps fit in their places only when mirrored. In each the points have so
+/// many orders that the search for one which fits without a mirror gives up.
+void SetHintsTest::shouldRecogniseTheMirrorImageWhereItGaveUpOnAllOthers()
+{
+    const MatchingPoints places = {{0, 0, 0}, {1000, 0, 0}, {0, 1400, 0}, {0, 0, 1900}};
+    MatchingPoints references, measured;
+    for (int corner = 0; corner < 8; ++corner) {
+        for (const MatchingPoint &place : places) {
+            references.push_back({place[0] + 30.0 * (corner & 1), place[1] + 30.0 * (corner >> 1 & 1),
+                                  place[2] + 30.0 * (corner >> 2)});
+            measured.push_back({-references.back()[0], references.back()[1], references.back()[2]});
+        }
+    }
+    QVERIFY(SetHints::of(references, measured).mirrored);
 }
 
 void SetHintsTest::shouldFindAPointThatWasMeasuredTwice()
