@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <cmath>
+
 namespace
 {
 
@@ -153,6 +155,33 @@ private slots:
         QVERIFY(!planted.tree.walk(none, [] { return false; }));
         QVERIFY(none.visits < 5040);
         QVERIFY(!planted.tree.isFull());
+    }
+
+    /// Every first pair leaves all the others to the next level, which is room for 250 times 250 partners,
+    /// and is then found to fit nowhere. Taken anew each time, that room would be more than there is.
+    void shouldUseTheRoomOfALevelAgain()
+    {
+        // GIVEN: opposite points of a sphere, so that all are as far from the centre
+        PointSets sets(78);
+        const auto onSphere = [&sets] {
+            MatchingPoints points;
+            while (points.size() < 250) {
+                const MatchingPoint p = {sets.noise(1.0), sets.noise(1.0), sets.noise(1.0)};
+                const double part = 1000.0 / std::hypot(p[0], p[1], p[2]);
+                points.push_back({part * p[0], part * p[1], part * p[2]});
+                points.push_back({-part * p[0], -part * p[1], -part * p[2]});
+            }
+            return points;
+        };
+        MatchingCase lists(sets, 3, 0.0);
+        lists.references = onSphere();
+        lists.measured = onSphere();
+        Planted planted(lists);
+        VisitedOrders visited(1e-3);
+        // WHEN, THEN
+        QVERIFY(planted.tree.walk(visited, {}));
+        QVERIFY(!planted.tree.isFull());
+        QCOMPARE(visited.visits, std::size_t(0));
     }
 
     void shouldBoundTheResidualsFromBothSides()
