@@ -77,6 +77,26 @@ private slots:
         QVERIFY(m_window->children().isEmpty());
     }
 
+    void shouldNameItsBarInsteadOfWritingIntoIt()
+    {
+        // GIVEN
+        EndlessWork work;
+        bool isTextVisible = true;
+        QString name;
+        ModalAnswer answer;
+        answer.then([&](QWidget *window) {
+            const auto *bar = window->findChild<QProgressBar *>();
+            isTextVisible = bar->isTextVisible();
+            name = bar->accessibleName();
+            work.ended = true;
+        });
+        // WHEN
+        QVERIFY(WorkProgress::doAll(work, m_window.get(), "Reading"));
+        // THEN
+        QVERIFY(!isTextVisible);
+        QCOMPARE(name, QString("Reading"));
+    }
+
     void shouldEndByCancel_data()
     {
         QTest::addColumn<bool>("byKey");
