@@ -59,9 +59,12 @@ private slots:
         const int barWidth = shown.area.verticalScrollBar()->sizeHint().width();
         const int barHeight = shown.area.horizontalScrollBar()->sizeHint().height();
         QVERIFY(barWidth > 0 && barHeight > 0);
-        // WHEN: the screen is exactly high enough, then one pixel too low
+        // WHEN: the screen is exactly high and wide enough, then one pixel too low or too narrow
         const int enough = int(std::ceil(wanted.height() / 0.7));
         QCOMPARE(shown.fitted(QSize(huge.width(), enough)), wanted);
+        const int wideEnough = int(std::ceil(wanted.width() / 0.95));
+        QCOMPARE(int(wideEnough * 0.95), wanted.width());
+        QCOMPARE(shown.fitted(QSize(wideEnough, huge.height())), wanted);
         const QSize low = shown.fitted(QSize(huge.width(), enough - 2));
         const QSize narrow = shown.fitted(QSize(int(wanted.width() / 0.95) - 2, huge.height()));
         // THEN

@@ -188,6 +188,50 @@ private slots:
         QCOMPARE(dialog.start(room), 1);
     }
 
+    void shouldCountNoFasterThanInTheTicksItIsGiven()
+    {
+        CalibrationBench bench(1, 10);
+        bench.setTwoSteps("yes 8", "yes 3");
+        answerSteps(&bench, {"none"});
+        Progress dialog(&bench);
+        ModalAnswer modal;
+        modal.leaveAlone(progressTitle);
+        int seconds = -1;
+        modal.then([&](QWidget *window) {
+            TestClock::advance(1100ms); // of an hour
+            seconds = window->findChild<QLCDNumber *>()->intValue();
+            acceptWaiting(window);
+        });
+
+        QCOMPARE(dialog.start(room), 1);
+
+        QCOMPARE(seconds, 8);
+    }
+
+    /// Before the first step the countdown stands over the window behind, and outlives what it counts for.
+    void shouldLeaveNoCountdownOpenWhenItIsDestroyedDuringTheFirstPause()
+    {
+        // GIVEN
+        CalibrationBench bench(1, 10);
+        bench.setTwoSteps("yes 8", "yes 3");
+        QWidget window;
+        window.show();
+        auto *dialog = new QuickProgress(&bench, true, &window);
+        dialog->setCountdownTick(1h);
+        ModalAnswer modal;
+        bool isLeftOpen = true;
+        modal.then([&](QWidget *waiting) {
+            delete dialog;
+            isLeftOpen = waiting->isVisible();
+            waiting->close();
+        });
+        // WHEN
+        QCOMPARE(dialog->start(room), 0);
+        // THEN
+        QVERIFY(modal.isDone());
+        QVERIFY(!isLeftOpen);
+    }
+
     void shouldBearItsDestructionDuringThePause()
     {
         CalibrationBench bench(1, 10);
