@@ -7,8 +7,10 @@
 #include "abcRoom.h"
 
 #include <QImage>
+#include <QVector3D>
 #include <QtTest>
 
+#include <array>
 #include <cmath>
 
 using namespace EigenView;
@@ -117,6 +119,29 @@ void showScene(CountingCanvas &canvas, const RoomTrafoData &room = {}, double di
     canvas.setViewPosition({0.0, 0.0, -distance});
     showCanvas(canvas, {800, 600});
 }
+
+/// A canvas whose context somebody has used before.
+class MeddledCanvas : public CountingCanvas
+{
+public:
+    /// Of front and back, before anything was painted.
+    [[nodiscard]] std::array<GLint, 2> polygonModes() const { return m_polygonModes; }
+
+protected:
+    void initializeGL() override
+    {
+        glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+        glShadeModel(GL_FLAT);
+        glDepthFunc(GL_ALWAYS);
+        glClearDepth(0.5);
+        glClearColor(1.0F, 0.5F, 0.0F, 0.5F);
+        CountingCanvas::initializeGL();
+        glGetIntegerv(GL_POLYGON_MODE, m_polygonModes.data());
+    }
+
+private:
+    std::array<GLint, 2> m_polygonModes{};
+};
 
 RoomTrafoData translated(double x, double y, double z)
 {
@@ -373,6 +398,21 @@ private slots:
         QCOMPARE(Picture(canvas).image(), thin);
     }
 
+    void shouldPaintTheSameWhateverWasSetBeforeItsFirstPicture()
+    {
+        // GIVEN
+        CountingCanvas plain;
+        showScene(plain, translated(20.0, -50.0, 0.0));
+        plain.showXYGrid(true);
+        MeddledCanvas meddled;
+        // WHEN
+        showScene(meddled, translated(20.0, -50.0, 0.0));
+        meddled.showXYGrid(true);
+        // THEN
+        QCOMPARE(Picture(meddled).image(), Picture(plain).image());
+        QCOMPARE(meddled.polygonModes(), (std::array<GLint, 2>{GL_FILL, GL_FILL}));
+    }
+
     void shouldNotDrawATextBehindTheEye()
     {
         CountingCanvas canvas;
@@ -384,22 +424,29 @@ private slots:
 
     void shouldTellWhatIsBehindTheEyeWhereverItLooks_data()
     {
-        QTest::addColumn<double>("turnDegrees");
+        QTest::addColumn<double>("xDegrees");
+        QTest::addColumn<double>("yDegrees");
+        QTest::addColumn<QVector3D>("position");
         QTest::addColumn<bool>("isSeen");
-        QTest::newRow("the text is before the eye") << -90.0 << true;
-        QTest::newRow("the text is behind the eye") << 90.0 << false;
+        QTest::newRow("along x, the text before the eye") << 0.0 << -90.0 << QVector3D(0, 0, 50) << true;
+        QTest::newRow("along x, the text behind the eye") << 0.0 << 90.0 << QVector3D(0, 0, -50) << false;
+        QTest::newRow("along y, the text before the eye") << -90.0 << 0.0 << QVector3D(150, 0, 10) << true;
+        QTest::newRow("along y, the text behind the eye") << 90.0 << 0.0 << QVector3D(150, 0, -10) << false;
     }
 
     void shouldTellWhatIsBehindTheEyeWhereverItLooks()
     {
-        // GIVEN: the origin 50 behind or before an eye that looks along the x axis, the text 150 from it
-        QFETCH(double, turnDegrees);
+        // GIVEN: the origin behind or before an eye that looks along an axis, and the text on its other side,
+        // from the origin 150 along x and 30 along y
+        QFETCH(double, xDegrees);
+        QFETCH(double, yDegrees);
+        QFETCH(QVector3D, position);
         QFETCH(bool, isSeen);
         CountingCanvas canvas;
         showScene(canvas);
         canvas.setScaleUnit(30.0);
-        canvas.setViewOrientation(matrix(motion(turn(0.0, turnDegrees, 0.0), {0.0, 0.0, 0.0})));
-        canvas.setViewPosition({0.0, 0.0, isSeen ? 50.0 : -50.0});
+        canvas.setViewOrientation(matrix(motion(turn(xDegrees, yDegrees, 0.0), {0.0, 0.0, 0.0})));
+        canvas.setViewPosition({position.x(), position.y(), position.z()});
         // WHEN
         const Picture picture(canvas);
         // THEN
