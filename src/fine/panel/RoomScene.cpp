@@ -121,21 +121,13 @@ void RoomScene::showPosition(const RoomPreview &preview)
     m_view->translateRoom(preview.position.x, preview.position.y, preview.position.z);
 }
 
-void RoomScene::rotate(const bsMatrix &rotation)
-{
-    bsMatrix snapped = rotation;
-    snapped.setColumn(3, bsVector(), 1.0);
-    snapAxisAligned(snapped);
-    m_view->rotateRoom(snapped);
-}
-
 double RoomScene::apply(const bsMatrix &referenceFromMeasured, RoomTrafoData &record)
 {
     m_view->room()->resetRoom();
     m_view->room()->loadRoom(RoomTrafoData());
     const double unit = adjustView();
     resetView();
-    rotate(referenceFromMeasured);
+    m_view->rotateRoom(referenceFromMeasured);
     const bsVector position = referenceFromMeasured.column(3);
     m_view->translateRoom(position.x, position.y, position.z);
     m_view->saveCurrentRoom();

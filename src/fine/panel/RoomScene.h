@@ -58,7 +58,6 @@ public:
 
 private:
     void colorPlanes();
-    void rotate(const bsMatrix &rotation);
 
     Ui::CooTransClass &m_ui;
     AbcGLCanvas *m_view;
