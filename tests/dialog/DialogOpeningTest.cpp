@@ -1,5 +1,6 @@
 #include "ComesForward.h"
 #include "DialogFixture.h"
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 
 #include <QDoubleSpinBox>
@@ -27,6 +28,7 @@ private slots:
     void shouldShowTheLockAndLetNobodyAdjust();
     void shouldForgetTheLockUntilItIsReadAgain_data();
     void shouldForgetTheLockUntilItIsReadAgain();
+    void shouldTellTheObstacleAnewInAnotherLanguage();
     void shouldShowTheCameras();
     void shouldEnableEverythingAnewAtTheNextOpening();
     void shouldForgetThatTrackingWasNotAvailableOnAnOldController();
@@ -239,6 +241,27 @@ void DialogOpeningTest::shouldForgetTheLockUntilItIsReadAgain()
     QCOMPARE(withoutLock, f.window.windowIcon().pixmap(16).toImage());
     QVERIFY(lockNotice.contains("locked"));
     QVERIFY(!told.isEmpty() && told != lockNotice);
+}
+
+void DialogOpeningTest::shouldTellTheObstacleAnewInAnotherLanguage()
+{
+    // GIVEN
+    DialogFixture f;
+    f.host.setAnswer("tracking available", "no");
+    QString german;
+    bool isShown = false;
+    f.open([&] {
+        // WHEN
+        const TestLanguage language(QStringLiteral("de"));
+        QVERIFY(language.isSpoken());
+        QCoreApplication::sendPostedEvents();
+        const auto *notice = f.child<QLabel>("label_notice");
+        german = notice->text();
+        isShown = notice->isVisible();
+    });
+    // THEN
+    QVERIFY(isShown);
+    QVERIFY2(german.startsWith("Beim Controller ist zurzeit kein Tracking"), qPrintable(german));
 }
 
 void DialogOpeningTest::shouldShowTheCameras()
