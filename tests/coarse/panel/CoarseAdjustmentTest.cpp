@@ -146,6 +146,22 @@ private slots:
         QCOMPARE(bench.room.changes.size(), 0);
     }
 
+    void shouldKnowOfNoCoordinateTypeBeforeTheControllerWasAsked()
+    {
+        // GIVEN
+        RecordingHost host;
+        BackendVersions versions = interfaceVersion(1, 24, 0);
+        CoarseAdjustment panel(&host, &versions, nullptr);
+        // WHEN
+        panel.recompute();
+        // THEN
+        QCOMPARE(host.count(), 0);
+        const auto *notice = panel.findChild<QLabel *>(QStringLiteral("label_assignNotice"));
+        QVERIFY2(notice->text().startsWith("The controller has no coordinate type"),
+                 qPrintable(notice->text()));
+        QVERIFY(!panel.findChild<QPushButton *>(QStringLiteral("pushButton_reset"))->isEnabled());
+    }
+
     void shouldOfferItsSignalAndSlotsInOrder()
     {
         const QMetaObject &meta = CoarseAdjustment::staticMetaObject;
