@@ -7,7 +7,6 @@
 namespace
 {
 
-constexpr int decimals = 2;
 constexpr double hundredthsPerMm = 100.0;
 constexpr qint64 ten = 10;
 
@@ -31,7 +30,7 @@ std::optional<double> hundredthsOf(double coordinateMm)
 
 QString exactText(double coordinateMm)
 {
-    return QString::number(coordinateMm, 'f', decimals);
+    return QString::number(coordinateMm, 'f', CoordinateText::decimals);
 }
 
 } // namespace

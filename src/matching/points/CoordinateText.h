@@ -9,6 +9,8 @@
 namespace CoordinateText
 {
 
+constexpr int decimals = 2;
+
 [[nodiscard]] QString of(double coordinateMm);
 
 /// What that text is as a number.

@@ -1,13 +1,13 @@
 #include "NumberText.h"
 
+#include "CoordinateText.h"
+
 #include <QString>
 
 #include <algorithm>
 
 namespace
 {
-
-constexpr int decimals = 2;
 
 bool isDigit(QChar letter)
 {
@@ -38,7 +38,8 @@ bool normalizeNumberText(QString &text)
     QString number = text.trimmed();
     number.replace(QLatin1Char(','), QLatin1Char('.'));
     QString whole = number.section(QLatin1Char('.'), 0, 0);
-    QString fraction = number.section(QLatin1Char('.'), 1, 1).leftJustified(decimals, QLatin1Char('0'), true);
+    QString fraction = number.section(QLatin1Char('.'), 1, 1);
+    fraction = fraction.leftJustified(CoordinateText::decimals, QLatin1Char('0'), true);
     const bool wholeValid = replaceUnlessWhole(whole, true);
     const bool fractionValid = replaceUnlessWhole(fraction, false);
     text = whole + QLatin1Char('.') + fraction;
