@@ -2,6 +2,7 @@
 
 #include "MatchingEvaluation.h"
 #include "PointArithmetic.h"
+#include "bsMatrix.h"
 #include "trafo3d.h"
 
 #include <algorithm>
@@ -83,11 +84,10 @@ std::optional<double> rmsWithout(std::size_t pair, MatchingPoints fixed, Matchin
 {
     fixed.erase(fixed.begin() + static_cast<std::ptrdiff_t>(pair));
     moving.erase(moving.begin() + static_cast<std::ptrdiff_t>(pair));
-    double transform[16] = {};
-    for (std::size_t i = 0; i < 4; ++i)
-        transform[5 * i] = 1.0;
+    std::array<double, 16> transform{};
+    std::copy_n(bsMatrix::identityMatrix().data(), transform.size(), transform.begin());
     double rmsMm = 0.0;
-    if (trafo3d_opttrafo(transform, nullptr, fixed.front().data(), moving.front().data(),
+    if (trafo3d_opttrafo(transform.data(), nullptr, fixed.front().data(), moving.front().data(),
                          static_cast<int>(fixed.size()), &rmsMm) != 0)
         return std::nullopt;
     return rmsMm;
