@@ -1,5 +1,6 @@
 #include "RoomAngles.h"
 
+#include "Decompositions.h"
 #include "MathSamples.h"
 #include "TestRegistry.h"
 
@@ -28,7 +29,7 @@ Eigen::Matrix3d fitted(const Eigen::Matrix3d &turn, double noise)
     points << 0, 500, 0, 0, 300, -200, 0, 0, 400, 0, 250, 100, 0, 0, 0, 300, -150, 350;
     Eigen::Matrix<double, 3, 6> errors;
     errors << 1, -2, 0.5, -1, 2, -0.5, 0.3, 1.7, -1, 0.2, -1.2, 0, -0.6, 0.9, 1.1, -1.4, 0.1, -0.1;
-    return Eigen::umeyama(points, (turn * points + noise * errors).eval(), false).topLeftCorner<3, 3>();
+    return Decompositions::bestFit(points, turn * points + noise * errors).topLeftCorner<3, 3>();
 }
 
 /// As the controller is told a rotation, and tells it.

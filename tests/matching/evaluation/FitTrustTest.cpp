@@ -1,10 +1,10 @@
 #include "FitTrust.h"
 
+#include "Decompositions.h"
 #include "MatchingEvaluation.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
 
-#include <Eigen/Eigenvalues>
 #include <Eigen/Geometry>
 #include <QtTest>
 
@@ -54,12 +54,12 @@ double leverageOf(const Eigen::Matrix3Xd &points, const Eigen::Vector3d &place)
 {
     const Eigen::Vector3d centre = points.rowwise().mean();
     const Eigen::Matrix3Xd centred = points.colwise() - centre;
-    const Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d> solver(
-        Eigen::Matrix3d(centred * centred.transpose()) / static_cast<double>(points.cols()));
+    const Decompositions::PrincipalAxes principal =
+        Decompositions::principalAxes(centred * centred.transpose() / static_cast<double>(points.cols()));
     double sum = 0.0;
     for (Eigen::Index axis = 0; axis < 3; ++axis) {
-        const Eigen::Vector3d away = solver.eigenvectors().col(axis).cross(place - centre);
-        sum += away.squaredNorm() / (solver.eigenvalues().sum() - solver.eigenvalues()(axis));
+        const Eigen::Vector3d away = principal.axes.col(axis).cross(place - centre);
+        sum += away.squaredNorm() / (principal.values.sum() - principal.values(axis));
     }
     return sum;
 }
@@ -69,7 +69,7 @@ double umeyamaResidual(const MatchingPoints &references, const MatchingPoints &m
 {
     const Eigen::Matrix3Xd fixed = columns(references);
     const Eigen::Matrix3Xd moving = columns(measured);
-    const Eigen::Matrix4d fit = Eigen::umeyama(moving, fixed, false);
+    const Eigen::Matrix4d fit = Decompositions::bestFit(moving, fixed);
     const Eigen::Matrix3Xd mapped =
         (fit.topLeftCorner<3, 3>() * moving).colwise() + Eigen::Vector3d(fit.topRightCorner<3, 1>());
     return std::sqrt((mapped - fixed).colwise().squaredNorm().mean());
@@ -270,7 +270,7 @@ void FitTrustTest::shouldExpectTheErrorsThatTrialsShow()
             point = {point[0] + sets.noise(0.5), point[1] + sets.noise(0.5), point[2] + sets.noise(0.5)};
         const FitTrust trust = FitTrust::of(plate, inTableOrder(plate, measured));
         QVERIFY(trust.expected);
-        const Eigen::Matrix4d fit = Eigen::umeyama(columns(measured), columns(plate), false);
+        const Eigen::Matrix4d fit = Decompositions::bestFit(columns(measured), columns(plate));
         const Eigen::Vector3d corner = column(trust.expected->corner);
         centreSquares += ((fit * centre.homogeneous()).head<3>() - centre).squaredNorm();
         cornerSquares += ((fit * corner.homogeneous()).head<3>() - corner).squaredNorm();

@@ -1,9 +1,10 @@
 #include "trafo3d.h"
 
+#include "Decompositions.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
 
-#include <Eigen/Dense>
+#include <Eigen/Core>
 #include <QtTest>
 
 #include <cmath>
@@ -56,7 +57,7 @@ private slots:
             const int n = sets.integer(1, 10), m = n + sets.integer(0, 25);
             RowMatrix M = RowMatrix::NullaryExpr(m, n, [&sets]() { return sets.uniform(-3, 3); });
             Eigen::VectorXd b = Eigen::VectorXd::NullaryExpr(m, [&sets]() { return sets.uniform(-9, 9); });
-            const Eigen::VectorXd expected = M.colPivHouseholderQr().solve(b);
+            const Eigen::VectorXd expected = Decompositions::leastSquares(M, b);
             const double expectedRest = (M * expected - b).norm();
             Eigen::VectorXd x(n);
             double rest = -1;

@@ -1,6 +1,8 @@
 #include "LiteralFit.h"
 
-#include <Eigen/Dense>
+#include "Decompositions.h"
+
+#include <Eigen/Geometry>
 
 #include <cmath>
 #include <vector>
@@ -72,7 +74,7 @@ Eigen::VectorXd solvedStep(const Transform &T, const std::vector<int> &free, con
             J.block<3, 1>(3 * i, static_cast<int>(j)) = mapped(turned, B, i) - mapped(T, B, i);
         }
     }
-    const Eigen::VectorXd q = J.householderQr().solve(e);
+    const Eigen::VectorXd q = Decompositions::leastSquares(J, e);
     Eigen::VectorXd step = Eigen::VectorXd::Zero(7);
     for (std::size_t j = 0; j < free.size(); ++j)
         step(free[j]) = q(static_cast<int>(j));

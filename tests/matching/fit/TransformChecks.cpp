@@ -1,6 +1,8 @@
 #include "TransformChecks.h"
 
-#include <Eigen/Dense>
+#include "Decompositions.h"
+
+#include <Eigen/LU>
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +19,7 @@ double rmsOf(const Eigen::Matrix4d &T, const Points &A, const Points &B)
 
 Eigen::Matrix4d umeyamaFit(const Points &A, const Points &B, bool withScale)
 {
-    return Eigen::umeyama(asMatrix(B).eval(), asMatrix(A).eval(), withScale);
+    return Decompositions::bestFit(asMatrix(B), asMatrix(A), withScale);
 }
 
 double umeyamaRms(const Points &A, const Points &B)
@@ -31,8 +33,7 @@ double widthOf(const Points &A)
     Eigen::Matrix3d moments = Eigen::Matrix3d::Zero();
     for (Eigen::Index i = 0; i < centred.cols(); ++i)
         moments += centred.col(i) * centred.col(i).transpose();
-    const Eigen::Vector3d squares =
-        Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(moments, Eigen::EigenvaluesOnly).eigenvalues();
+    const Eigen::Vector3d squares = Decompositions::principalAxes(moments).values;
     return std::sqrt(squares(1) / squares(2));
 }
 

@@ -1,4 +1,5 @@
 #include "BenchIOManager.h"
+#include "Decompositions.h"
 #include "InterfaceVersion.h"
 #include "LocalController.h"
 #include "ModalAnswer.h"
@@ -17,7 +18,7 @@
 #include <QTextEdit>
 #include <QtTest>
 
-#include <Eigen/Eigenvalues>
+#include <Eigen/Core>
 
 #include <algorithm>
 #include <cmath>
@@ -151,12 +152,10 @@ public:
         Eigen::Vector3d centre = Eigen::Vector3d::Zero();
         for (int i = 0; i < count(); ++i)
             centre += nominal(i) / count();
-        // Of fixed size: for others Eigen keeps the compiler busy for half a minute.
         Eigen::Matrix3d moments = Eigen::Matrix3d::Zero();
         for (int i = 0; i < count(); ++i)
             moments += (nominal(i) - centre) * (nominal(i) - centre).transpose();
-        const Eigen::Vector3d extents =
-            Eigen::SelfAdjointEigenSolver<Eigen::Matrix3d>(moments, Eigen::EigenvaluesOnly).eigenvalues();
+        const Eigen::Vector3d extents = Decompositions::principalAxes(moments).values;
         const double spread = std::sqrt(extents[1]);
         const double lever = (nominal(index) - centre).norm() / spread;
         const double scatter = std::hypot(tremorMm, noiseMm) / std::sqrt(framesRead);

@@ -1,9 +1,10 @@
 #include "RotationBound.h"
 
+#include "Decompositions.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
 
-#include <Eigen/Dense>
+#include <Eigen/LU>
 #include <QtTest>
 
 #include <algorithm>
@@ -46,7 +47,7 @@ double largestOf(const MatchingPoints &list)
 double leastSquares(const Eigen::Matrix3Xd &a, const Eigen::Matrix3Xd &b, int pairs)
 {
     const Eigen::Matrix3d M = a.leftCols(pairs) * b.leftCols(pairs).transpose();
-    const Eigen::Vector3d s = Eigen::JacobiSVD<Eigen::Matrix3d>(M).singularValues();
+    const Eigen::Vector3d s = Decompositions::singularValues(M);
     const double lambda = s(0) + s(1) + (M.determinant() < 0 ? -s(2) : s(2));
     return a.leftCols(pairs).squaredNorm() + b.leftCols(pairs).squaredNorm() - 2.0 * lambda;
 }

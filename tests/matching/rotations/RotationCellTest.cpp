@@ -3,7 +3,7 @@
 #include "PointSets.h"
 #include "TestRegistry.h"
 
-#include <Eigen/Dense>
+#include <Eigen/Geometry>
 #include <QtTest>
 
 #include <cmath>

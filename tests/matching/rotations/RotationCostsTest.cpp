@@ -1,9 +1,10 @@
 #include "RotationCosts.h"
 
+#include "Decompositions.h"
 #include "PointSets.h"
 #include "TestRegistry.h"
 
-#include <Eigen/Dense>
+#include <Eigen/Geometry>
 #include <QtTest>
 
 #include <algorithm>
@@ -64,10 +65,7 @@ Eigen::Matrix3Xd ordered(const Eigen::Matrix3Xd &points, const std::vector<int> 
 /// The rotation that leaves the least, by singular values.
 Eigen::Matrix3d bestRotation(const Eigen::Matrix3Xd &a, const Eigen::Matrix3Xd &b)
 {
-    const Eigen::JacobiSVD<Eigen::Matrix3d> svd(a * b.transpose(), Eigen::ComputeFullU | Eigen::ComputeFullV);
-    Eigen::Matrix3d flip = Eigen::Matrix3d::Identity();
-    flip(2, 2) = (svd.matrixU() * svd.matrixV().transpose()).determinant() < 0 ? -1 : 1;
-    return svd.matrixU() * flip * svd.matrixV().transpose();
+    return Decompositions::nearestRotation(a * b.transpose());
 }
 
 } // namespace
