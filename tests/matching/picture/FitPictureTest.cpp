@@ -51,9 +51,10 @@ int drawnAbout(const QImage &image, const FitSketch::Place &place, int halfSide,
     return drawn;
 }
 
-/// The plate in its measures: crosses of 12 pixels, discs of 8, the ring about the third point of 26, numbers
-/// 10 to the right and above, the texts 8 pixels from the border.
-QImage drawnByHand(const FitSketch &sketch, bool isSure, const QFont &font)
+/// The plate in its measures: crosses of 12 pixels, discs of 8, the ring about the worst point of 26,
+/// numbers 10 to the right and above, the texts 8 pixels from the border.
+QImage drawnByHand(const FitSketch &sketch, bool isSure, const QFont &font, int worstPair,
+                   const QString &error)
 {
     const QColor blue(60, 140, 230);
     QImage image(520, 400, QImage::Format_RGB32);
@@ -75,14 +76,13 @@ QImage drawnByHand(const FitSketch &sketch, bool isSure, const QFont &font)
         painter.drawLine(QPointF(x, y - 6), QPointF(x, y + 6));
         painter.drawText(QPointF(x + 10, y - 10), QString::number(++number));
     }
-    const FitSketch::Place worst = sketch.pairs[2].reference;
+    const FitSketch::Place worst = sketch.pairs[std::size_t(worstPair)].reference;
     const QFontMetrics metrics(font);
-    const QString error = QStringLiteral("3.00 mm");
     const int width = metrics.horizontalAdvance(error);
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(QPointF(worst.x, worst.y), 13, 13);
-    painter.drawText(QPointF(std::min(worst.x - width / 2.0, 520.0 - width), worst.y + 13 + metrics.height()),
-                     error);
+    const double left = std::max(std::min(worst.x - width / 2.0, 520.0 - width), 0.0);
+    painter.drawText(QPointF(left, worst.y + 13 + metrics.height()), error);
     painter.setPen(Qt::black);
     QString legend = QStringLiteral("Errors are drawn %1 times as large.").arg(sketch.enlargement);
     if (!isSure)
@@ -193,24 +193,33 @@ void FitPictureTest::shouldShowAnotherSide()
 void FitPictureTest::shouldDrawEverythingInItsMeasures_data()
 {
     QTest::addColumn<bool>("isSure");
-    QTest::newRow("sure") << true;
-    QTest::newRow("not sure") << false;
+    QTest::addColumn<int>("worstPair");
+    QTest::addColumn<double>("distanceMm");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("sure") << true << 2 << 3.0 << "3.00 mm";
+    QTest::newRow("not sure") << false << 2 << 3.0 << "3.00 mm";
+    QTest::newRow("a long text at the left") << true << 3 << 1e12 << "1000000000000.00 mm";
+    QTest::newRow("a long text at the right") << true << 1 << 1e12 << "1000000000000.00 mm";
 }
 
 void FitPictureTest::shouldDrawEverythingInItsMeasures()
 {
     // GIVEN
     QFETCH(bool, isSure);
+    QFETCH(int, worstPair);
+    QFETCH(double, distanceMm);
+    QFETCH(QString, error);
     FitPicture picture;
     picture.setPalette(paletteOf(Qt::white, Qt::black));
     MatchingEvaluation evaluation = matched();
     evaluation.otherOrderFits = !isSure;
+    evaluation.distancesMm[std::size_t(worstPair)] = distanceMm;
     const FitSketch sketch = FitSketch::of(plate, evaluation.mapped, FitSketch::Along::Z, 520, 400);
     // WHEN
-    picture.show(plate, evaluation, 2);
+    picture.show(plate, evaluation, worstPair);
     const QImage drawn = grabbed(picture).convertToFormat(QImage::Format_RGB32);
     // THEN
-    QCOMPARE(drawn, drawnByHand(sketch, isSure, picture.font()));
+    QCOMPARE(drawn, drawnByHand(sketch, isSure, picture.font(), worstPair, error));
 }
 
 ROOM_TEST_CLASS(FitPictureTest)
