@@ -538,6 +538,13 @@ private slots:
             const int axis = axisTexts.indexOf(bench.text(name));
             QCOMPARE(color, bench.right()->itemData(axis, Qt::ForegroundRole).value<QColor>());
         }
+        // Red, green, and a blue that has nothing of violet.
+        const QColor x = bench.right()->itemData(0, Qt::ForegroundRole).value<QColor>();
+        const QColor y = bench.right()->itemData(2, Qt::ForegroundRole).value<QColor>();
+        const QColor z = bench.right()->itemData(4, Qt::ForegroundRole).value<QColor>();
+        QVERIFY(x.red() > x.green() && x.green() >= x.blue());
+        QVERIFY(y.green() > y.blue() && y.blue() > y.red());
+        QVERIFY(z.blue() > z.green() && z.green() > z.red());
         for (const QComboBox *list : {bench.right(), bench.top()})
             QCOMPARE(list->palette().color(QPalette::Text),
                      list->itemData(list->currentIndex(), Qt::ForegroundRole).value<QColor>());
