@@ -1,5 +1,6 @@
 #include "CameraGrid.h"
 #include "CalibrationBench.h"
+#include "CameraStatus.h"
 
 #include "TestRegistry.h"
 
@@ -72,6 +73,22 @@ private slots:
         QVERIFY(low.height() < wanted.height());
         QCOMPARE(narrow.height(), wanted.height() + barHeight);
         QVERIFY(narrow.width() < wanted.width());
+    }
+
+    void shouldCountTheCamerasAnewWhenItIsBuiltAgain()
+    {
+        // GIVEN
+        Shown shown;
+        shown.bench.set("camera number_of_cameras", "3");
+        // WHEN
+        shown.grid->build();
+        shown.grid->markMostActive(QStringLiteral("0,2"));
+        // THEN
+        QList<bool> marked;
+        const auto boxes = shown.area.findChildren<CameraStatus *>();
+        for (const CameraStatus *box : boxes)
+            marked.append(box->isHighlighted());
+        QCOMPARE(marked, QList<bool>({true, false, true}));
     }
 
     void shouldKeepEveryBarWhereItIsWhenFramesGetThicker()

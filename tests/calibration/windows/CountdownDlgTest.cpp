@@ -1,11 +1,13 @@
 #include "CountdownDlg.h"
 
 #include "TestClock.h"
+#include "TestLanguage.h"
 #include "TestRegistry.h"
 
 #include <QElapsedTimer>
 #include <QLCDNumber>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QtTest>
 
@@ -180,6 +182,31 @@ private slots:
         QCOMPARE(dialog.exec(), int(QDialog::Rejected));
         QTimer::singleShot(0, &dialog, [&dialog] { QTest::keyClick(&dialog, Qt::Key_Escape); });
         QCOMPARE(dialog.exec(), int(QDialog::Rejected));
+    }
+
+    void shouldHaveRoomForTheTextsOfItsButtons_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::newRow("English") << QString();
+        QTest::newRow("German") << QStringLiteral("de");
+    }
+
+    void shouldHaveRoomForTheTextsOfItsButtons()
+    {
+        // GIVEN
+        QFETCH(QString, language);
+        CountdownDlg dialog(nullptr);
+        dialog.show();
+        // WHEN
+        const TestLanguage spokenLanguage(language);
+        QVERIFY(spokenLanguage.isSpoken());
+        QCoreApplication::sendPostedEvents();
+        // THEN
+        dialog.layout()->activate();
+        const auto buttons = dialog.findChildren<QPushButton *>();
+        QCOMPARE(buttons.size(), 2);
+        for (const QPushButton *button : buttons)
+            QVERIFY2(button->width() >= button->minimumSizeHint().width(), qPrintable(button->text()));
     }
 
     void shouldNotStartByEnter()
