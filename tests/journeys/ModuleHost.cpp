@@ -1,5 +1,6 @@
 #include "ModuleHost.h"
 
+#include "BuiltFiles.h"
 #include "ModuleInterface.h"
 
 #include <QAction>
@@ -13,7 +14,7 @@ ModuleHost::ModuleHost()
 }
 
 ModuleHost::ModuleHost(const Setup &setup)
-    : m_loader(QStringLiteral(MODULE_LIBRARY))
+    : m_loader(BuiltFiles::module())
 {
     control(QStringLiteral("sim clock query 3"));
     control(QStringLiteral("sim version %1 %2 %3").arg(setup.major).arg(setup.minor).arg(setup.patch));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BuiltFiles.h"
 #include "InterfaceVersion.h"
 #include "ModuleInterface.h"
 #include "RecordingHost.h"
@@ -12,7 +13,7 @@
 /// The module in its library, loaded as a host that really unloads it does.
 struct LoadedModule {
     LoadedModule()
-        : loader(QStringLiteral(MODULE_LIBRARY))
+        : loader(BuiltFiles::module())
     {
         loader.setLoadHints(loader.loadHints() & ~QLibrary::PreventUnloadHint);
         versions = interfaceVersion(1, 24);

@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "LoadedModule.h"
 #include "TestRegistry.h"
 
@@ -18,7 +19,7 @@ const QString className = QStringLiteral("RoomAdjustmentModule2g");
 
 QByteArray fileContent()
 {
-    QFile file(QStringLiteral(MODULE_LIBRARY));
+    QFile file(BuiltFiles::module());
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
@@ -38,7 +39,7 @@ QByteArray storedMetaData()
 /// As many bytes as that from where qt_plugin_query_metadata() points, asked without Qt.
 QByteArray queriedMetaData(int size)
 {
-    void *library = dlopen(MODULE_LIBRARY, RTLD_NOW);
+    void *library = dlopen(qPrintable(BuiltFiles::module()), RTLD_NOW);
     if (library == nullptr)
         return {};
     using Query = const char *(*)();
@@ -52,7 +53,7 @@ QStringList exportedNames()
 {
     QProcess nm;
     nm.start(QStringLiteral(NM_PROGRAM),
-             {QStringLiteral("--dynamic"), QStringLiteral("--defined-only"), QStringLiteral(MODULE_LIBRARY)});
+             {QStringLiteral("--dynamic"), QStringLiteral("--defined-only"), BuiltFiles::module()});
     nm.waitForFinished();
     QStringList names;
     const auto lines = nm.readAllStandardOutput().split('\n');
@@ -85,7 +86,7 @@ private slots:
 
     void shouldBeUnderstoodByTheLoader()
     {
-        const QPluginLoader loader(QStringLiteral(MODULE_LIBRARY));
+        const QPluginLoader loader(BuiltFiles::module());
         QCOMPARE(loader.metaData().value(QStringLiteral("IID")).toString(), interfaceIdentifier);
         QCOMPARE(loader.metaData().value(QStringLiteral("className")).toString(), className);
         QCOMPARE(loader.metaData().value(QStringLiteral("debug")).toBool(), false);
@@ -111,7 +112,7 @@ private slots:
     void shouldBeOneObjectUntilItIsDestroyed()
     {
         LoadedModule loaded;
-        void *library = dlopen(MODULE_LIBRARY, RTLD_NOW);
+        void *library = dlopen(qPrintable(BuiltFiles::module()), RTLD_NOW);
         QVERIFY(library != nullptr);
         using Instance = QObject *(*)();
         const auto instance = reinterpret_cast<Instance>(dlsym(library, "qt_plugin_instance"));

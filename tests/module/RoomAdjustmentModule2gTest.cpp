@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "LoadedModule.h"
 #include "TestRegistry.h"
 
@@ -123,7 +124,7 @@ private slots:
         loaded.setAll();
         const QAction *action = loaded.module->actions().constFirst();
         QTranslator german;
-        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), QStringLiteral(TRANSLATIONS)));
+        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), BuiltFiles::translations()));
         QVERIFY(QCoreApplication::installTranslator(&german));
         QTRY_COMPARE(action->text(), QStringLiteral("Raum&justierung"));
         QCOMPARE(action->whatsThis(), QStringLiteral("Das Raumkoordinatensystem justieren"));

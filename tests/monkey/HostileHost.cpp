@@ -1,5 +1,6 @@
 #include "HostileHost.h"
 
+#include "BuiltFiles.h"
 #include "FormattedText.h"
 #include "ModuleInterface.h"
 #include "Requester.h"
@@ -63,7 +64,7 @@ HostileHost::HostileHost(unsigned seed, int steps)
     : m_chance(seed)
     , m_left(steps)
     , m_watchdog(hangLimit, [seed](const QStringList &last) { endHanging(seed, last); })
-    , m_loader(QStringLiteral(MODULE_LIBRARY))
+    , m_loader(BuiltFiles::module())
 {
     m_versions.interfaceMajor = 1;
     m_versions.interfaceMinor = 24;

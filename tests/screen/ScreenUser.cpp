@@ -1,5 +1,7 @@
 #include "ScreenUser.h"
 
+#include "BuiltFiles.h"
+
 #include <QElapsedTimer>
 #include <QtTest>
 
@@ -21,8 +23,8 @@ ScreenUser::ScreenUser()
     if (m_link)
         m_link->open();
     m_bench.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_bench.start(QStringLiteral(BENCH_PROGRAM), {QStringLiteral("--plugin"), QStringLiteral(MODULE_LIBRARY),
-                                                  QStringLiteral("--controller"), m_controller.address()});
+    m_bench.start(BuiltFiles::bench(), {QStringLiteral("--plugin"), BuiltFiles::module(),
+                                        QStringLiteral("--controller"), m_controller.address()});
     m_bench.waitForStarted();
 }
 

@@ -1,5 +1,7 @@
 #include "TestLanguage.h"
 
+#include "BuiltFiles.h"
+
 #include <QCoreApplication>
 #include <QLibraryInfo>
 
@@ -8,8 +10,8 @@ TestLanguage::TestLanguage(const QString &code)
     if (code.isEmpty())
         return;
     install("qtbase_" + code, QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    install("room_adjustment_" + code, ROOM_TRANSLATIONS);
-    install("room_bench_" + code, ROOM_BENCH_TRANSLATIONS);
+    install("room_adjustment_" + code, BuiltFiles::translations());
+    install("room_bench_" + code, BuiltFiles::benchTranslations());
 }
 
 TestLanguage::~TestLanguage()

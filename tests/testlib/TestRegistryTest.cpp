@@ -1,5 +1,7 @@
 #include "TestRegistry.h"
 
+#include "BuiltFiles.h"
+
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -19,7 +21,7 @@ int exitCode(const Settings &settings, const QStringList &arguments = QStringLis
         environment.insert(setting.key(), setting.value());
     QProcess program;
     program.setProcessEnvironment(environment);
-    program.start(QStringLiteral(NOTHING_ASSERTED), arguments);
+    program.start(BuiltFiles::nothingAsserted(), arguments);
     return program.waitForFinished(-1) && program.exitStatus() == QProcess::NormalExit ? program.exitCode()
                                                                                        : -1;
 }

@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "TestRegistry.h"
 
 #include <QFile>
@@ -88,8 +89,8 @@ struct Catalogue {
 const QList<Catalogue> &catalogues()
 {
     static const QList<Catalogue> list{
-        {"module", QStringLiteral(CATALOGUE), {"src"}, 200},
-        {"bench", QStringLiteral(BENCH_CATALOGUE), {"bench"}, 100},
+        {"module", BuiltFiles::sources() + "/src/translations/room_adjustment_de.ts", {"src"}, 200},
+        {"bench", BuiltFiles::sources() + "/bench/translations/room_bench_de.ts", {"bench"}, 100},
     };
     return list;
 }
@@ -100,7 +101,7 @@ QList<Message> textsIn(const Catalogue &catalogue)
     const QTemporaryDir folder;
     const QString fresh = folder.filePath(QStringLiteral("fresh.ts"));
     QProcess update;
-    update.setWorkingDirectory(QStringLiteral(SOURCES));
+    update.setWorkingDirectory(BuiltFiles::sources());
     update.start(QStringLiteral(LUPDATE), QStringList({"-silent", "-no-obsolete", "-locations", "none",
                                                        "-source-language", "en", "-target-language", "de"}) +
                                               catalogue.folders + QStringList({"-ts", fresh}));

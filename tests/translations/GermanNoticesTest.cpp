@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "FitTrust.h"
 #include "MatchingEvaluation.h"
 #include "MatchingReport.h"
@@ -106,7 +107,7 @@ private slots:
         const QString english = sentence();
         QVERIFY(!english.isEmpty());
         QTranslator german;
-        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), QStringLiteral(TRANSLATIONS)));
+        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), BuiltFiles::translations()));
         QVERIFY(QCoreApplication::installTranslator(&german));
         QVERIFY(sentence() != english);
         QVERIFY2(sentence().contains(part), qPrintable(sentence()));

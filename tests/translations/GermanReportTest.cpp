@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "JobRecord.h"
 #include "JobReport.h"
 #include "TestRegistry.h"
@@ -14,7 +15,7 @@ private slots:
     void shouldKeepItsNumbersInAnotherLanguage()
     {
         QTranslator german;
-        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), QStringLiteral(TRANSLATIONS)));
+        QVERIFY(german.load(QStringLiteral("room_adjustment_de"), BuiltFiles::translations()));
         QVERIFY(QCoreApplication::installTranslator(&german));
         JobRecord record;
         record.conditions = {1, 0.5, 1.5};

@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "ContrastAudit.h"
 #include "DarkPalette.h"
 #include "TestRegistry.h"
@@ -25,7 +26,7 @@ public:
             return;
         if (m_ofQt.load(QStringLiteral("qtbase_de"), QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
             QCoreApplication::installTranslator(&m_ofQt);
-        if (m_ofModule.load(QStringLiteral("room_adjustment_de"), QStringLiteral(TRANSLATIONS)))
+        if (m_ofModule.load(QStringLiteral("room_adjustment_de"), BuiltFiles::translations()))
             QCoreApplication::installTranslator(&m_ofModule);
     }
     ~German()

@@ -1,4 +1,5 @@
 #include "Scenario.h"
+#include "BuiltFiles.h"
 #include "SimController.h"
 #include "TestRegistry.h"
 
@@ -39,7 +40,7 @@ private slots:
 void ScenarioTest::shouldReadEveryScenarioOfTheBench_data()
 {
     QTest::addColumn<QString>("file");
-    const QDir folder(QStringLiteral(BENCH_SCENARIOS));
+    const QDir folder(BuiltFiles::scenarios());
     const QStringList files = folder.entryList({QStringLiteral("*.json")});
     QVERIFY(files.size() >= 8);
     for (const QString &file : files)
@@ -177,7 +178,7 @@ void ScenarioTest::shouldTakeTheSeedBeforeTheControlLines()
 void ScenarioTest::shouldTakeABodyAsTheReference()
 {
     const auto scenario =
-        Scenario::load(std::string(BENCH_SCENARIOS) + "/turned-room.json", nullptr); // says so of itself
+        Scenario::load(BuiltFiles::scenario("turned-room.json").toStdString(), nullptr); // says so of itself
     QVERIFY(scenario.has_value());
     SimController controller(scenario->machine);
     QCOMPARE(controller.answer("velmar2 get tracking reference"),

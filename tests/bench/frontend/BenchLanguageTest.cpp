@@ -1,6 +1,7 @@
 #include "BenchLanguage.h"
 
 #include "BenchWindow.h"
+#include "BuiltFiles.h"
 #include "FakeController.h"
 #include "RoomPanel.h"
 #include "TestRegistry.h"
@@ -18,7 +19,7 @@
 namespace
 {
 
-const QStringList translations = {QStringLiteral(TRANSLATIONS)};
+const QStringList translations = {BuiltFiles::translations()};
 
 QString okOfQt()
 {
@@ -105,7 +106,7 @@ private slots:
     {
         FakeController fake;
         BenchLanguage language(translations);
-        BenchWindow window(fake.channel, QStringLiteral(MODULE_LIBRARY), false);
+        BenchWindow window(fake.channel, BuiltFiles::module(), false);
         window.offerLanguage(language);
         QVERIFY(window.loadModule());
         const QMenu *tracking = menuOf(window.menuBar(), QStringLiteral("&Tracking"));
@@ -121,7 +122,7 @@ private slots:
     {
         FakeController fake;
         BenchLanguage language(translations);
-        BenchWindow window(fake.channel, QStringLiteral(MODULE_LIBRARY), false);
+        BenchWindow window(fake.channel, BuiltFiles::module(), false);
         window.offerLanguage(language);
         QVERIFY(window.loadModule());
         QStringList titles;

@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "ControllerProcess.h"
 #include "TestRegistry.h"
 
@@ -22,7 +23,7 @@ struct ProgramRun {
         QProcessEnvironment withoutLeaks = environment;
         withoutLeaks.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("detect_leaks=0"));
         process.setProcessEnvironment(withoutLeaks);
-        process.start(QStringLiteral(BENCH_PROGRAM), arguments);
+        process.start(BuiltFiles::bench(), arguments);
         if (!process.waitForFinished(patienceMs))
             process.kill();
         else if (process.exitStatus() == QProcess::NormalExit)
@@ -38,7 +39,7 @@ struct ProgramRun {
 
 QStringList demo(const QTemporaryDir &folder, const QStringList &more = {})
 {
-    return QStringList{QStringLiteral("--plugin"), QStringLiteral(FAKE_MODULE), QStringLiteral("--demo"),
+    return QStringList{QStringLiteral("--plugin"), BuiltFiles::fakeModule(), QStringLiteral("--demo"),
                        folder.filePath(QStringLiteral("pictures"))} +
            more;
 }
@@ -158,7 +159,7 @@ private slots:
         QTest::addColumn<QStringList>("start");
         QTest::addColumn<QString>("translation");
         QTest::newRow("turned about z")
-            << QStringList{QStringLiteral("--scenario"), QStringLiteral(SCENARIOS "/turned-room.json")}
+            << QStringList{QStringLiteral("--scenario"), BuiltFiles::scenario("turned-room.json")}
             << QStringLiteral("translation -129.500 -40.250 15.000");
         // -17.2837, 41.1246 and 174.3172 degrees: more decimals than the boxes have, and past the half turn.
         QTest::newRow("turned about all axes")
@@ -218,7 +219,7 @@ private slots:
         const QTemporaryDir folder;
         const QString script =
             scriptFile(folder, "sim locked yes\nsim get locked\nexpect sim get locked no\n");
-        const ProgramRun run({QStringLiteral("--plugin"), QStringLiteral(FAKE_MODULE),
+        const ProgramRun run({QStringLiteral("--plugin"), BuiltFiles::fakeModule(),
                               QStringLiteral("--controller"), controller.address(),
                               QStringLiteral("--script"), script});
         QCOMPARE(run.exitCode, 2);

@@ -1,6 +1,7 @@
 #include "BenchSession.h"
 
 #include "BenchOptions.h"
+#include "BuiltFiles.h"
 #include "ControllerLink.h"
 #include "ControllerProcess.h"
 #include "TestRegistry.h"
@@ -16,7 +17,7 @@ namespace
 
 QString scenario(const char *name)
 {
-    return QStringLiteral(SCENARIOS "/") + QLatin1String(name);
+    return BuiltFiles::scenario(name);
 }
 
 int cameraCount(BenchSession &session)

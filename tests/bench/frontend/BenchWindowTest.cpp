@@ -1,5 +1,6 @@
 #include "BenchWindow.h"
 
+#include "BuiltFiles.h"
 #include "FakeController.h"
 #include "GuideWindow.h"
 #include "RoomPanel.h"
@@ -42,7 +43,7 @@ bool becomesActive(QWidget *window)
     });
 }
 
-const QString fakeModule = QString::fromLatin1(FAKE_MODULE);
+const QString fakeModule = BuiltFiles::fakeModule();
 
 /// The bench's window with the keyboard.
 struct ActiveBench {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "BuiltFiles.h"
+
 #include <QProcess>
 #include <QString>
 
@@ -9,7 +11,7 @@ class ControllerProcess
 public:
     explicit ControllerProcess(const QStringList &arguments = {})
     {
-        m_process.start(QString::fromLatin1(CONTROLLER_PROGRAM),
+        m_process.start(BuiltFiles::controller(),
                         QStringList{QStringLiteral("--port"), QStringLiteral("0")} + arguments);
         constexpr int patienceMs = 60000;
         while (!m_process.canReadLine() && m_process.waitForReadyRead(patienceMs)) {

@@ -1,6 +1,7 @@
 #include "LanguageMenu.h"
 
 #include "BenchLanguage.h"
+#include "BuiltFiles.h"
 #include "TestRegistry.h"
 
 #include <QtTest>
@@ -29,7 +30,7 @@ private slots:
     void shouldOfferEachLanguageByItsOwnName()
     {
         // GIVEN
-        BenchLanguage language({QStringLiteral(TRANSLATIONS)});
+        BenchLanguage language({BuiltFiles::translations()});
         // WHEN
         const LanguageMenu menu(language);
         // THEN
@@ -42,7 +43,7 @@ private slots:
     void shouldChooseAndMarkTheLanguage()
     {
         // GIVEN
-        BenchLanguage language({QStringLiteral(TRANSLATIONS)});
+        BenchLanguage language({BuiltFiles::translations()});
         const LanguageMenu menu(language);
         // WHEN
         menu.actions().at(1)->trigger();
@@ -54,7 +55,7 @@ private slots:
     void shouldMarkAtItsOpeningWhatAnotherMenuHasChosen()
     {
         // GIVEN
-        BenchLanguage language({QStringLiteral(TRANSLATIONS)});
+        BenchLanguage language({BuiltFiles::translations()});
         LanguageMenu menu(language);
         const LanguageMenu other(language);
         other.actions().at(1)->trigger();

@@ -1,6 +1,7 @@
 #include "MainJob.h"
 
 #include "BenchWindow.h"
+#include "BuiltFiles.h"
 #include "FakeController.h"
 #include "TestRegistry.h"
 
@@ -37,7 +38,7 @@ public:
 /// Runs the main job on a module of the tests' own.
 struct JobRun {
     explicit JobRun(FakeController &fake)
-        : window(fake.channel, QString::fromLatin1(FAKE_MODULE), false)
+        : window(fake.channel, BuiltFiles::fakeModule(), false)
         , stream(&text)
         , job(window, fake.channel, folder.filePath(QStringLiteral("pictures")), stream)
     {

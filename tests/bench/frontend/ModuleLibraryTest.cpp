@@ -1,6 +1,7 @@
 #include "ModuleLibrary.h"
 
 #include "BackendVersions.h"
+#include "BuiltFiles.h"
 #include "FakeController.h"
 #include "TestRegistry.h"
 
@@ -14,7 +15,7 @@
 namespace
 {
 
-const char *const fakeModule = FAKE_MODULE;
+const QString fakeModule = BuiltFiles::fakeModule();
 
 bool isMapped()
 {
@@ -25,7 +26,7 @@ bool isMapped()
 QVariantMap given()
 {
     // The instance is the same one that the library object works with.
-    QPluginLoader loader(QString::fromLatin1(fakeModule));
+    QPluginLoader loader(fakeModule);
     return loader.instance()->property("given").toMap();
 }
 
@@ -41,7 +42,7 @@ private slots:
         FakeController fake;
         QWidget parent;
         BackendVersions versions;
-        ModuleLibrary library(QString::fromLatin1(fakeModule));
+        ModuleLibrary library(fakeModule);
         QVERIFY(library.load({&fake.channel, &parent, &versions, true}));
         const QVariantMap got = given();
         QCOMPARE(got.value(QStringLiteral("CommandManager")).value<IOManager *>(),
@@ -53,7 +54,7 @@ private slots:
 
     void shouldOfferActionsWithTheirPlace()
     {
-        ModuleLibrary library(QString::fromLatin1(fakeModule));
+        ModuleLibrary library(fakeModule);
         QVERIFY(library.load({}));
         QCOMPARE(library.actions().size(), 1);
         QCOMPARE(library.place().menuTitle, QStringLiteral("&Tracking"));
@@ -65,14 +66,14 @@ private slots:
 
     void shouldOfferNothingInObserverMode()
     {
-        ModuleLibrary library(QString::fromLatin1(fakeModule));
+        ModuleLibrary library(fakeModule);
         QVERIFY(library.load({nullptr, nullptr, nullptr, true}));
         QVERIFY(library.actions().isEmpty());
     }
 
     void shouldLetGoOfTheLibrary()
     {
-        ModuleLibrary library(QString::fromLatin1(fakeModule));
+        ModuleLibrary library(fakeModule);
         QVERIFY(library.load({}));
         QVERIFY(isMapped());
         library.unload();
@@ -88,7 +89,7 @@ private slots:
         QTest::addColumn<QString>("file");
         QTest::newRow("nothing found") << QString();
         QTest::newRow("no such file") << QStringLiteral("nowhere/libnothing.so");
-        QTest::newRow("no plug-in") << QString::fromLatin1(NO_MODULE);
+        QTest::newRow("no plug-in") << QCoreApplication::applicationFilePath();
     }
 
     void shouldSayWhyItCannotLoad()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "BuiltFiles.h"
+
 #include <QProcess>
 
 /// The program velmar-controller on the loopback, ended with this object.
@@ -11,7 +13,7 @@ public:
     /// Starts it on the port, 0 for any; false when it does not say that it listens.
     bool start(quint16 port = 0, const QStringList &arguments = {})
     {
-        m_process.start(QStringLiteral(VELMAR_CONTROLLER),
+        m_process.start(BuiltFiles::controller(),
                         QStringList{QStringLiteral("--port"), QString::number(port)} + arguments);
         if (!m_process.waitForReadyRead(patienceMs))
             return false;

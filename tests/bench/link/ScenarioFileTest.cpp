@@ -1,5 +1,6 @@
 #include "ScenarioFile.h"
 
+#include "BuiltFiles.h"
 #include "Scenario.h"
 #include "TestRegistry.h"
 
@@ -71,8 +72,8 @@ private slots:
 
     void shouldFindTheScenariosOfThisBuild()
     {
-        const QString folder = QFileInfo(VELMAR_CONTROLLER).path();
-        const QStringList supplied = QDir(SCENARIOS).entryList({"*.json"}, QDir::Files);
+        const QString folder = QFileInfo(BuiltFiles::controller()).path();
+        const QStringList supplied = QDir(BuiltFiles::scenarios()).entryList({"*.json"}, QDir::Files);
         QVERIFY(!supplied.isEmpty());
         for (const QString &file : supplied) {
             const QString found = ScenarioFile::find(QFileInfo(file).baseName(), folder);
@@ -84,7 +85,7 @@ private slots:
     void shouldServeASuppliedScenarioByItsName()
     {
         QProcess controller;
-        controller.start(QStringLiteral(VELMAR_CONTROLLER), {"--port", "0", "--scenario", "two-tools"});
+        controller.start(BuiltFiles::controller(), {"--port", "0", "--scenario", "two-tools"});
         const QByteArray said =
             controller.waitForReadyRead(patienceMs) ? controller.readLine() : QByteArray();
         controller.kill();

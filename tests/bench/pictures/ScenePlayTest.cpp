@@ -1,4 +1,5 @@
 #include "ScenePlay.h"
+#include "BuiltFiles.h"
 #include "DarkPalette.h"
 #include "TestClock.h"
 #include "TestRegistry.h"
@@ -44,7 +45,7 @@ private:
     QPalette m_palette = QApplication::palette();
 };
 
-const QString begin = "bench --control \"clock stepped\" --plugin " MODULE_LIBRARY "\n";
+const QString begin = "bench --control \"clock stepped\" --plugin " + BuiltFiles::module() + "\n";
 
 } // namespace
 
@@ -191,7 +192,7 @@ private slots:
 private:
     static int compare(const QString &mode, const QTemporaryDir &made, const QTemporaryDir &kept)
     {
-        return QProcess::execute(PICTURES_PROGRAM, {mode, made.path(), kept.path()});
+        return QProcess::execute(BuiltFiles::pictures(), {mode, made.path(), kept.path()});
     }
 };
 

@@ -1,3 +1,4 @@
+#include "BuiltFiles.h"
 #include "ControllerProcess.h"
 #include "TestLoad.h"
 #include "TestRegistry.h"
@@ -239,8 +240,7 @@ void LineServerTest::shouldRefuseControlLinesOnRequest()
 void LineServerTest::shouldStrikeWithTheFaultsOfAScenario()
 {
     ControllerProcess server;
-    QVERIFY(server.start(
-        0, {QStringLiteral("--scenario"), QStringLiteral(SCENARIOS "/failing-controller.json")}));
+    QVERIFY(server.start(0, {QStringLiteral("--scenario"), BuiltFiles::scenario("failing-controller.json")}));
     Client client(server.port());
     QCOMPARE(client.ask("velmar2 tracking start"), QByteArray("velmar2 ok"));
     QCOMPARE(client.ask("velmar2 tracking start"), QByteArray("velmar2 err 7 \"fault on request\""));
@@ -270,7 +270,7 @@ void LineServerTest::shouldRefuseToStartWithAPipeAsTheScenario()
     const QString pipe = folder.filePath(QStringLiteral("pipe.json"));
     QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
     QProcess process;
-    process.start(QStringLiteral(VELMAR_CONTROLLER), {QStringLiteral("--scenario"), pipe});
+    process.start(BuiltFiles::controller(), {QStringLiteral("--scenario"), pipe});
     QVERIFY(process.waitForFinished(patienceMs));
     QCOMPARE(process.exitCode(), 2);
     QVERIFY(process.readAllStandardError().contains("cannot be opened: it is not a regular file"));
@@ -301,7 +301,7 @@ void LineServerTest::shouldRefuseToStartWithBadArguments()
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, complaint);
     QProcess process;
-    process.start(QStringLiteral(VELMAR_CONTROLLER), arguments);
+    process.start(BuiltFiles::controller(), arguments);
     QVERIFY(process.waitForFinished(patienceMs));
     QCOMPARE(process.exitCode(), 2);
     QVERIFY2(process.readAllStandardError().contains(complaint), complaint.constData());

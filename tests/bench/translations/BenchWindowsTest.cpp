@@ -1,6 +1,7 @@
 #include "BenchIOManager.h"
 #include "BenchLanguage.h"
 #include "BenchWindow.h"
+#include "BuiltFiles.h"
 #include "ContrastAudit.h"
 #include "ConversationView.h"
 #include "GuideWindow.h"
@@ -34,7 +35,7 @@ class Bench
 public:
     explicit Bench(const QString &code)
         : m_isChosen(language.choose(code))
-        , window(m_channel, QStringLiteral(MODULE_LIBRARY), false)
+        , window(m_channel, BuiltFiles::module(), false)
     {
         m_channel.control("sim clock stepped");
         window.offerLanguage(language);
@@ -89,7 +90,7 @@ private:
     BenchIOManager m_channel{m_link};
 
 public:
-    BenchLanguage language{{QStringLiteral(TRANSLATIONS), QStringLiteral(BENCH_TRANSLATIONS)}};
+    BenchLanguage language{{BuiltFiles::translations(), BuiltFiles::benchTranslations()}};
 
 private:
     bool m_isChosen;
@@ -232,8 +233,7 @@ private slots:
 
     void shouldFindItsTranslationFromTheProgram()
     {
-        const QStringList folders =
-            BenchLanguage::folders(QFileInfo(QStringLiteral(BENCH_PROGRAM)).absolutePath());
+        const QStringList folders = BenchLanguage::folders(QFileInfo(BuiltFiles::bench()).absolutePath());
         BenchLanguage language(folders);
         QVERIFY(language.choose(german));
         QCOMPARE(QCoreApplication::translate("RoomPanel", "Simulated Room"),
@@ -243,7 +243,7 @@ private slots:
 
     void shouldSpeakWithoutATranslationOfItsOwn()
     {
-        BenchLanguage language({QStringLiteral(TRANSLATIONS)});
+        BenchLanguage language({BuiltFiles::translations()});
         QVERIFY(language.choose(german));
         QCOMPARE(QCoreApplication::translate("RoomPanel", "Simulated Room"),
                  QStringLiteral("Simulated Room"));
