@@ -198,6 +198,20 @@ private slots:
         QCOMPARE(picture.color(length * 1.15, length / 10.0 * 0.8, 0.0), QColor(Qt::black));
     }
 
+    void shouldEndTheArrowsInAPoint()
+    {
+        // GIVEN: an eye at the end of the x axis, whose head is a fifth as long as the shaft
+        CountingCanvas canvas;
+        showScene(canvas, translated(0.0, 0.0, -1e6));
+        const double end = 30.0 * scale * 1.2;
+        canvas.setViewPosition({-end, 0.0, -30.0});
+        // WHEN
+        const Picture picture(canvas);
+        // THEN: half a millimetre before the end the head is a quarter of a millimetre thick
+        QVERIFY(picture.color(end - 0.5, 0.1, 0.0) != QColor(Qt::black));
+        QCOMPARE(picture.color(end - 0.5, 0.5, 0.0), QColor(Qt::black));
+    }
+
     void shouldMarkTheTransformedRoomWithAWhiteT()
     {
         CountingCanvas canvas;
