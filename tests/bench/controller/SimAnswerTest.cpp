@@ -21,6 +21,13 @@ private slots:
                  std::string("sim err \"a quote is not closed\""));
     }
 
+    void shouldHaveACodeOnlyWhereItRefuses()
+    {
+        QCOMPARE(SimReply::ok().code, 0);
+        QCOMPARE(SimReply::value("0.5").code, 0);
+        QCOMPARE(SimReply::locked().code, 13);
+    }
+
     void shouldTellRefusalsFromAnswers_data()
     {
         QTest::addColumn<QByteArray>("answer");
