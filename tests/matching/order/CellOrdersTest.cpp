@@ -67,6 +67,23 @@ class CellOrdersTest : public QObject
     Q_OBJECT
 
 private slots:
+    /// Rounding lets the rests of equal reference points differ: the smallest one decides.
+    void shouldTakeTheSmallestRestOfEqualReferences()
+    {
+        // GIVEN
+        const TwinPoints references(MatchingPoints(2, {5, 0, 0}));
+        const TwinPoints measured(MatchingPoints{{1, 0, 0}, {2, 0, 0}});
+        CellOrders orders(references, measured);
+        const double rounded = 0.75 + 1e-12;
+        int visits = 0;
+        // WHEN
+        QVERIFY(orders.prepare(AllowedPairs(2), {rounded, 0.25, 0.75, 0.25}, 1.0, 4));
+        const Outcome outcome = orders.forEach(100, [&visits](const PointOrder &) { return ++visits > 0; });
+        // THEN
+        QVERIFY(outcome == Outcome::Complete);
+        QCOMPARE(visits, 1);
+    }
+
     void shouldVisitWhatIsWithinTheGapOncePerExchange_data()
     {
         QTest::addColumn<int>("references");
