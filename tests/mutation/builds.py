@@ -18,6 +18,7 @@ QUICK_LINKER = ["-fuse-ld=lld"] if shutil.which("ld.lld") else []
 # What leaves an array ends the program, as it does in the run with the sanitizers.
 CHECKS = ["-D_GLIBCXX_ASSERTIONS", "-fsanitize=bounds,signed-integer-overflow", "-fsanitize-undefined-trap-on-error"]
 MODULE = "module/libroomadjustment2g.so"
+ASKS_FOR_THE_MODULE = b"_ZN10BuiltFiles6moduleEv"
 
 INCLUDED = re.compile(r'^#include "([^"]+)"', re.MULTILINE)
 SETS_UP = re.compile(r"\b(?:setupUi|retranslateUi)\(")
@@ -83,6 +84,15 @@ class Build:
                 inside = f"{library.parent}/CMakeFiles/{library.stem.removeprefix('lib')}.dir/"
                 parts.update(path for path in self.objects if path.startswith(inside))
         return parts
+
+    @functools.lru_cache(maxsize=None)
+    def module_named_in(self, output):
+        """The object that names the module's library, in a program that asks it for that."""
+        parts = {name for name in self.parts_of(output) if name.startswith("tests/")}
+        named = {name for name in parts
+                 if any(word.startswith("-DMODULE_LIBRARY=") for word in self.objects[name].command)}
+        asked = any(ASKS_FOR_THE_MODULE in (self.folder / name).read_bytes() for name in parts - named)
+        return named if asked else set()
 
     def classes_of(self, test):
         """The test classes of a program: each has a source with its name."""
@@ -150,7 +160,7 @@ class Workshop:
     def program(self, test, mutant):
         """Links the test with the mutant, and the module first when the test loads it. None: neither has it inside."""
         output = self.build.program_of(test)
-        loads = self.loads_module(output)
+        loads = self.build.module_named_in(output)
         changed = self.build.compiled_from(mutant.path)
         if loads and changed & self.build.parts_of(MODULE):
             self.link(MODULE, changed & self.build.parts_of(MODULE), self.module)
@@ -159,11 +169,6 @@ class Workshop:
         program = self.folder / pathlib.PurePath(output).name
         self.link(output, changed & self.build.parts_of(output) | loads, program)
         return program
-
-    def loads_module(self, output):
-        """The objects of a program that name the module's library."""
-        return {name for name in self.build.parts_of(output)
-                if any(word.startswith("-DMODULE_LIBRARY=") for word in self.build.objects[name].command)}
 
     def link(self, output, objects, target):
         mine = {name: self.compile(name) for name in sorted(objects)}
