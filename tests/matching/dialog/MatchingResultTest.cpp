@@ -1,5 +1,6 @@
 #include "ListEditing.h"
 #include "OpenedDialog.h"
+#include "TestLoad.h"
 #include "TestRegistry.h"
 
 #include <QAbstractButton>
@@ -643,8 +644,9 @@ void MatchingResultTest::shouldCancelALongSearch()
 
 void MatchingResultTest::shouldFinishALongSearch()
 {
-    const MatchingPoints references = unrelated(120, 5);
-    const MatchingPoints measured = unrelated(120, 6);
+    const std::size_t points = TestLoad::isSanitized() ? 60 : 120; // as long with as without
+    const MatchingPoints references = unrelated(points, 5);
+    const MatchingPoints measured = unrelated(points, 6);
     OpenedDialog opened;
     const auto isSearching = [&opened] { return opened.report().startsWith(QStringLiteral("Searching")); };
     opened.run([&] {
