@@ -33,8 +33,10 @@ Values mirrored(Values values)
 MatchingPoints rowByRow()
 {
     MatchingPoints points;
-    for (int i = 0; i < 12; ++i)
-        points.push_back({i % 4 * 150.0, i / 4 * 200.0, 0.0});
+    for (const double y : {0.0, 200.0, 400.0}) {
+        for (const double x : {0.0, 150.0, 300.0, 450.0})
+            points.push_back({x, y, 0.0});
+    }
     return points;
 }
 
