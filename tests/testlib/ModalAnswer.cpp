@@ -35,14 +35,14 @@ ModalAnswer &ModalAnswer::thenPress(int standardButton)
     return then([this, standardButton](QWidget *window) {
         auto *box = qobject_cast<QMessageBox *>(window);
         if (box == nullptr) {
-            m_unexpected.append(QStringLiteral("no message box: ") + window->windowTitle());
+            noteUnexpected(QStringLiteral("no message box: ") + window->windowTitle());
             window->close();
             return;
         }
         m_boxes.append(box->windowTitle() + QLatin1Char('|') + box->text());
         QAbstractButton *button = box->button(QMessageBox::StandardButton(standardButton));
         if (button == nullptr) {
-            m_unexpected.append(QStringLiteral("no such button: ") + box->text());
+            noteUnexpected(QStringLiteral("no such button: ") + box->text());
             box->close();
             return;
         }
@@ -101,10 +101,17 @@ bool ModalAnswer::eventFilter(QObject *watched, QEvent *event)
 void ModalAnswer::closeStale(QWidget *window)
 {
     const auto *box = qobject_cast<QMessageBox *>(window);
-    m_unexpected.append(window->windowTitle() + QLatin1Char('|') +
-                        (box != nullptr ? box->text() : QString()));
+    if (m_staleTicks > staleTickLimit)
+        qWarning("A window stays open after its step.");
+    noteUnexpected(window->windowTitle() + QLatin1Char('|') + (box != nullptr ? box->text() : QString()));
     if (auto *dialog = qobject_cast<QDialog *>(window))
         dialog->done(QDialog::Rejected);
     else
         window->close();
+}
+
+void ModalAnswer::noteUnexpected(const QString &window)
+{
+    qWarning("Unexpected window: %s", qPrintable(window));
+    m_unexpected.append(window);
 }

@@ -42,6 +42,7 @@ private:
     void look();
     void lookAgain();
     void closeStale(QWidget *window);
+    void noteUnexpected(const QString &window);
 
     std::vector<std::function<void(QWidget *)>> m_steps;
     std::size_t m_next = 0;
